@@ -10,23 +10,23 @@
  * The record of one control unit, and the key under which DeviceManagerModel keeps what is known of
  * it.
  *
- * | Field          | Default        | Meaning |
- * |----------------|----------------|---------------------------------------------------------------|
- * | `ModelID`      | 0x7209         | model code of the unit, 16 bits | | `SN`           | 0 |
- * serial number, 64 bits; has no property, see setSN()          | | `version`      | empty |
- * firmware version, four decimals joined by dots                | | `DHCP`         | false | the
- * unit takes its address by DHCP                            | | `ip`           | "192.168.1.10" |
- * IPv4 address, dotted                                          | | `submask`      | empty | subnet
- * mask, dotted                                           | | `gateway`      | empty          |
- * gateway, dotted                                               | | `ethlinkstate` | false | the
- * Ethernet link is up                                       | | `comnum`       | 0              |
- * number of serial ports                                        | | `ionum`        | 0 | number of
- * IO lines                                            | | `relaynum`     | 0              | number
- * of relays                                              | | `irnum`        | 0              |
- * number of infra-red ports                                     | | `name`         | empty | device
- * name, for the user interface                           | | `pattern`      | empty          |
- * device pattern, for the user interface                        | | `type`         | empty | device
- * type, for the user interface                           |
+ * | Field          | Default        | Meaning                                              |
+ * |----------------|----------------|------------------------------------------------------|
+ * | `ModelID`      | 0x7209         | model code of the unit, 16 bits                      |
+ * | `SN`           | 0              | serial number, 64 bits; has no property, see setSN() |
+ * | `version`      | empty          | firmware version, four decimals joined by dots       |
+ * | `DHCP`         | false          | the unit takes its address by DHCP                   |
+ * | `ip`           | "192.168.1.10" | IPv4 address, dotted                                 |
+ * | `submask`      | empty          | subnet mask, dotted                                  |
+ * | `gateway`      | empty          | gateway, dotted                                      |
+ * | `ethlinkstate` | false          | the Ethernet link is up                              |
+ * | `comnum`       | 0              | number of serial ports                               |
+ * | `ionum`        | 0              | number of IO lines                                   |
+ * | `relaynum`     | 0              | number of relays                                     |
+ * | `irnum`        | 0              | number of infra-red ports                            |
+ * | `name`         | empty          | device name, for the user interface                  |
+ * | `pattern`      | empty          | device pattern, for the user interface               |
+ * | `type`         | empty          | device type, for the user interface                  |
  *
  * The unit does not report the last three: only the application fills them.
  *

@@ -9,17 +9,17 @@
 /**
  * One thing that a unit does when a trigger fires: it sends a command, or it waits.
  *
- * | Field          | Default        | Meaning |
- * |----------------|----------------|-------------------------------------------------------------------|
- * | `id`           | 1              | number of the event; a unit keeps its low 8 bits | | `name`
- * | "事件名称01"   | shown name; the default is the same whatever the id               | |
- * `eventtype`    | EVENT_TYPE_0   | kind of event | | `protocoltype` | true           | `protocol`
- * is hexadecimal text; false: plain (ASCII) text         | | `protocol`     | empty          |
- * command bytes as hexadecimal text, or the text of a delay         | | `instruction`  | empty |
- * free description                                                  |
+ * | Field          | Default      | Meaning                                                   |
+ * |----------------|--------------|-----------------------------------------------------------|
+ * | `id`           | 1            | number of the event; a unit keeps its low 8 bits          |
+ * | `name`         | "事件名称01" | shown name                                                |
+ * | `eventtype`    | EVENT_TYPE_0 | kind of event                                             |
+ * | `protocoltype` | true         | `protocol` is hexadecimal text; false: plain (ASCII) text |
+ * | `protocol`     | empty        | command bytes as hexadecimal text, or the text of a delay |
+ * | `instruction`  | empty        | free description                                          |
  *
  * The text of a delay is its length in units of 10 milliseconds followed by "*10ms": 25*10ms waits
- * a quarter of a second.
+ * a quarter of a second. The default name is the same whatever the id: a caller renames the event.
  *
  * No value is validated. The record is a value: a copy has no parent. The properties are bound to
  * the fields, with no notification. The record has no lock; copies may go to other threads.

@@ -30,7 +30,7 @@ public:
 
     /** The number of events. */
     int size();
-    /** A copy of the event at `index`, which is not tested: it must be within 0 and size() - 1. */
+    /** A copy of the event at `index`, not tested: it must lie within 0 to size() - 1. */
     EventInfo at(int index);
     /** Removes all events. */
     void clear();
@@ -44,7 +44,7 @@ public:
     void insert(int index, EventInfo event);
     /** Removes the event at `index`; an index outside the list is ignored. */
     void removeAt(int index);
-    /** Assigns to the event at `index`, which is not tested: it must be within 0 and size() - 1. */
+    /** Assigns to the event at `index`, not tested: it must lie within 0 to size() - 1. */
     void replace(int index, EventInfo event);
 
 private:

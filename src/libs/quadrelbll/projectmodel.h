@@ -29,8 +29,7 @@ public:
 
     /** The number of projects. */
     int size();
-    /** A copy of the project at `index`, which is not tested: it must be within 0 and size() - 1.
-     */
+    /** A copy of the project at `index`, not tested: it must lie within 0 to size() - 1. */
     ProjectInfo at(int index);
     /** Removes all projects. */
     void clear();
@@ -44,8 +43,7 @@ public:
     void insert(int index, ProjectInfo project);
     /** Removes the project at `index`; an index outside the list is ignored. */
     void removeAt(int index);
-    /** Assigns to the project at `index`, which is not tested: it must be within 0 and size() - 1.
-     */
+    /** Assigns to the project at `index`, not tested: it must lie within 0 to size() - 1. */
     void replace(int index, ProjectInfo project);
 
 private:

@@ -52,17 +52,21 @@ Q_DECLARE_METATYPE(IOSelect)
  * Tells a unit to run a list of events when given bytes arrive on a serial line, or when an IO
  * input goes to a given level.
  *
- * | Field          | Default | Meaning |
- * |----------------|---------|--------------------------------------------------------------------------|
- * | `triggerId`    | -1      | position in the list; a unit does not store it, readers number from
- * 0    | | `triggertype`  | COM     | what fires the trigger | | `comSelect`    | COM_A_1 | serial
- * line, for the kinds COM and COM_MODBUS                            | | `ioSelect`     | IO_A_1  |
- * IO line, for the kind IO                                                 | | `protocoltype` |
- * true    | `parameter` is hexadecimal text; false: plain (ASCII) text               | |
- * `parameter`    | empty   | bytes to wait for, or for the kind IO the text "输入-高电平" (input, |
- * |                |         | high level) or "输入-低电平" (input, low level) | | `events`       |
- * empty   | items joined by ";", each with an event's id behind "ID:" and before ")" | |
- * `instruction`  | empty   | free description; a unit has room for 32 UTF-16 code units |
+ * | Field          | Default | Meaning                                                    |
+ * |----------------|---------|------------------------------------------------------------|
+ * | `triggerId`    | -1      | position in the list; not stored, readers number from 0    |
+ * | `triggertype`  | COM     | what fires the trigger                                     |
+ * | `comSelect`    | COM_A_1 | serial line, for the kinds COM and COM_MODBUS              |
+ * | `ioSelect`     | IO_A_1  | IO line, for the kind IO                                   |
+ * | `protocoltype` | true    | `parameter` is hexadecimal text; false: plain (ASCII) text |
+ * | `parameter`    | empty   | bytes to wait for, or the level of the IO line             |
+ * | `events`       | empty   | events to run                                              |
+ * | `instruction`  | empty   | free description; a unit keeps 32 UTF-16 code units        |
+ *
+ * The parameter of a serial trigger is the bytes to wait for. That of an IO trigger is one of the
+ * texts "输入-高电平" (input, high level) and "输入-低电平" (input, low level).
+ *
+ * The events are items joined by ";", each with an event's id behind "ID:" and before ")".
  *
  * No value is validated. The record is a value: a copy has no parent. The properties are bound to
  * the fields, with no notification. The record has no lock; copies may go to other threads.

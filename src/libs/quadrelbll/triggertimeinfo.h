@@ -10,25 +10,28 @@
  * Tells a unit to run a list of events at a time of day: every day, on days of the week, or once,
  * within a span of dates.
  *
- * | Field          | Default  | Meaning |
- * |----------------|----------|--------------------------------------------------------------------------|
- * | `triggerId`    | -1       | position in the list; a unit does not store it, readers number from
- * 0    | | `triggerType`  | EVERYDAY | how the trigger repeats | | `startDate`    | empty    |
- * year, month and day joined by "/", as 2024/03/07                         | | `endDate`      |
- * empty    | the same, or "永久有效" (valid for ever)                                 | |
- * `selectWeekly` | empty    | digits 0 and 1, the first for bit 0 of the unit's week byte and so on
- * | | `triggerTime`  | empty    | hour and minute joined by ":", as 08:05 | | `events`       |
- * empty    | items joined by ";", each with an event's id behind "ID:" and before ")" | |
- * `instruction`  | empty    | free description; a unit has room for 32 UTF-16 code units |
+ * | Field          | Default  | Meaning                                                 |
+ * |----------------|----------|---------------------------------------------------------|
+ * | `triggerId`    | -1       | position in the list; not stored, readers number from 0 |
+ * | `triggerType`  | EVERYDAY | how the trigger repeats                                 |
+ * | `startDate`    | empty    | year, month and day joined by "/", as 2024/03/07        |
+ * | `endDate`      | empty    | the same form, or "永久有效" (valid for ever)           |
+ * | `selectWeekly` | empty    | days of the week, one digit each, as 0110001            |
+ * | `triggerTime`  | empty    | hour and minute joined by ":", as 08:05                 |
+ * | `events`       | empty    | events to run                                           |
+ * | `instruction`  | empty    | free description; a unit keeps 32 UTF-16 code units     |
+ *
+ * The week selection is a digit 0 or 1 for each day, the first for bit 0 of the unit's week byte
+ * and so on. Which bit is which day is settled between the unit and the application. The events are
+ * items joined by ";", each with an event's id behind "ID:" and before ")".
  *
  * A record read from a unit has months, days, hours and minutes padded to two digits. Its year is
  * "20" and the number that follows, so that a year before 2010 lacks a digit. Its week selection
- * stops at the highest set bit and is "0" for no day at all. Which bit is which day is settled
- * between the unit and the application.
+ * stops at the highest set bit and is "0" for no day at all.
  *
- * No text is validated here, and a record to be sent to a unit must have the forms of the table.
- * The record is a value: a copy has no parent. The properties are bound to the fields, with no
- * notification. The record has no lock; copies may go to other threads.
+ * No text is validated here; what is sent to a unit must have the forms of the table. The record is
+ * a value: a copy has no parent. The properties are bound to the fields, with no notification. The
+ * record has no lock; copies may go to other threads.
  */
 class QUADRELBLL_EXPORT TriggerTimeInfo : public QObject {
     Q_OBJECT

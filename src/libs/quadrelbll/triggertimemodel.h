@@ -28,8 +28,7 @@ public:
 
     /** The number of time triggers. */
     int size();
-    /** A copy of the time trigger at `index`, which is not tested: it must be within 0 and size()
-     * - 1. */
+    /** A copy of the time trigger at `index`, not tested: it must lie within 0 to size() - 1. */
     TriggerTimeInfo at(int index);
     /** Removes all time triggers. */
     void clear();
@@ -43,8 +42,7 @@ public:
     void insert(int index, TriggerTimeInfo trigger);
     /** Removes the time trigger at `index`; an index outside the list is ignored. */
     void removeAt(int index);
-    /** Assigns to the time trigger at `index`, which is not tested: it must be within 0 and size()
-     * - 1. */
+    /** Assigns to the one at `index`, not tested: it must lie within 0 to size() - 1. */
     void replace(int index, TriggerTimeInfo trigger);
 
 private:
