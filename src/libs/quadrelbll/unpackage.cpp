@@ -78,7 +78,7 @@ QString clockText(const QByteArray& cell)
 {
     int field[6];
     std::transform(cell.begin(), cell.end(), field,
-        [](char byte) { return fromBcd(static_cast<quint8>(byte)); });
+        [](char byte) { return Bcd::toNumber(static_cast<quint8>(byte)); });
     return QStringLiteral("20%1/%2/%3 %4:%5:%6")
         .arg(QString::number(field[0]), twoDigits(field[1]), twoDigits(field[2]),
             twoDigits(field[3]), twoDigits(field[4]), twoDigits(field[5]));
@@ -94,7 +94,7 @@ QByteArray clockCell(const QString& text)
         time.value(1), time.value(2)};
     QByteArray cell;
     for (const QString& field : fields)
-        cell.append(static_cast<char>(toBcd(field.toInt())));
+        cell.append(static_cast<char>(Bcd::fromNumber(field.toInt())));
     return cell;
 }
 
