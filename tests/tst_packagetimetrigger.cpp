@@ -314,8 +314,8 @@ void TestPackageTimeTrigger::sumsWeekDigits()
     QCOMPARE(sum, bits);
 
     // However long the text, the sum only wraps.
-    const QString longText
-        = text.leftJustified(8, QLatin1Char('0')) + QString(100, QLatin1Char('9'));
+    const QString longText =
+        text.leftJustified(8, QLatin1Char('0')) + QString(100, QLatin1Char('9'));
     QCOMPARE(PackageTimeTrigger::weeklyTextToBits(longText) & 0xFF, bits & 0xFF);
 }
 
