@@ -9,6 +9,8 @@
 #include <QtTest/QtTest>
 #include <QtXml/QDomDocument>
 
+#include <array>
+
 #if defined(Q_OS_LINUX)
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -21,7 +23,7 @@ namespace {
 
 enum class Kind { Events, Triggers, Configs, Descriptor };
 
-const QList<Kind> sections{Kind::Events, Kind::Triggers, Kind::Configs};
+constexpr std::array<Kind, 3> sections{Kind::Events, Kind::Triggers, Kind::Configs};
 
 const char* nameOf(Kind kind)
 {
@@ -169,13 +171,16 @@ struct Reading {
     int count = -1;
 };
 
-const QString errorBefore = QStringLiteral("before");
+QString errorBefore()
+{
+    return QStringLiteral("before");
+}
 
 // A model that no file of these tests holds, to see whether a reader touched it.
 Reading read(Kind kind, const QString& path)
 {
     Reading reading;
-    reading.error = errorBefore;
+    reading.error = errorBefore();
     switch (kind) {
     case Kind::Events: {
         const EventModel before = eventsOf({eventWith(-77)});
@@ -322,6 +327,7 @@ private slots:
     void appendLeavesAReadOnlyFileAlone();
     void appendKeepsTheEncoding_data();
     void appendKeepsTheEncoding();
+    void appendKeepsUtf16();
     void sectionsShareAFileInAnyOrder_data();
     void sectionsShareAFileInAnyOrder();
     void secondSectionIsNeverRead();
@@ -865,6 +871,24 @@ void TestXmlFile::appendKeepsTheEncoding()
     QVERIFY(loaded == model);
 }
 
+void TestXmlFile::appendKeepsUtf16()
+{
+    const QString text = QStringLiteral("<?xml version='1.0' encoding='UTF-16'?>")
+        + QString::fromUtf8(project("<Device>\xE4\xBA\x8B</Device>"));
+    const auto utf16 = [](const QString& string) {
+        return QByteArray(reinterpret_cast<const char*>(string.utf16()), string.size() * 2);
+    };
+    const QString path = fileWith(utf16(QChar(QChar::ByteOrderMark) + text));
+    const EventModel model = eventsOf({eventWith(1, QStringLiteral("件"))});
+    QVERIFY(XmlFile::writeEventXmlFile(path, model, true));
+
+    QVERIFY(bytesOf(path).contains(utf16(QStringLiteral("<Device>事</Device>"))));
+    EventModel loaded;
+    QString error;
+    QVERIFY2(XmlFile::readEventXmlFile(path, loaded, error), qPrintable(error));
+    QVERIFY(loaded == model);
+}
+
 void TestXmlFile::sectionsShareAFileInAnyOrder_data()
 {
     QTest::addColumn<QList<Kind>>("order");
@@ -888,7 +912,7 @@ void TestXmlFile::sectionsShareAFileInAnyOrder()
     for (const Kind kind : sections) {
         const Reading reading = read(kind, path);
         QVERIFY2(reading.read, qPrintable(reading.error));
-        QCOMPARE(reading.error, errorBefore);
+        QCOMPARE(reading.error, errorBefore());
         QCOMPARE(reading.count, writtenRecords(kind));
     }
 
@@ -1057,7 +1081,7 @@ void TestXmlFile::readerSucceeds()
     const Reading reading = read(kind, fileWith(bytes));
 
     QVERIFY2(reading.read, qPrintable(reading.error));
-    QCOMPARE(reading.error, errorBefore);
+    QCOMPARE(reading.error, errorBefore());
     QCOMPARE(reading.count, count);
 }
 
@@ -1098,7 +1122,7 @@ void TestXmlFile::depthIsLimited_data()
     QTest::addColumn<Kind>("kind");
 
     for (const Kind kind : {Kind::Events, Kind::Triggers, Kind::Configs, Kind::Descriptor})
-        QTest::addRow("%s", nameOf(kind)) << kind;
+        QTest::newRow(nameOf(kind)) << kind;
 }
 
 void TestXmlFile::depthIsLimited()
@@ -1255,8 +1279,8 @@ void TestXmlFile::readersLogNothingElse()
         }
         read(Kind::Descriptor, bad);
     }
-    for (const LogRecorder::Line& line : LogRecorder::lines())
-        QFAIL(qPrintable(line.text));
+    const QList<LogRecorder::Line> lines = LogRecorder::lines();
+    QVERIFY2(lines.isEmpty(), qPrintable(lines.value(0).text));
 }
 
 // Events
@@ -2277,12 +2301,12 @@ void TestXmlFile::descriptorIsRead()
 
     QString readModuleId = QStringLiteral("before");
     QString readVersion = QStringLiteral("before");
-    QString error = errorBefore;
+    QString error = errorBefore();
     QVERIFY2(XmlFile::readUpdateConfigFile(fileWith(bytes), readModuleId, readVersion, error),
         qPrintable(error));
     QCOMPARE(readModuleId, moduleId);
     QCOMPARE(readVersion, version);
-    QCOMPARE(error, errorBefore);
+    QCOMPARE(error, errorBefore());
 }
 
 QTEST_GUILESS_MAIN(TestXmlFile)
