@@ -1,0 +1,123 @@
+#pragma once
+
+#include <QtCore/QMetaType>
+#include <QtCore/QObject>
+#include <QtCore/QString>
+
+#include "quadrelbll_global.h"
+
+/**
+ * Tells a unit to run a list of events at a time of day: every day, on days of the week, or once,
+ * within a span of dates.
+ *
+ * | Field          | Default  | Meaning                                                 |
+ * |----------------|----------|---------------------------------------------------------|
+ * | `triggerId`    | -1       | position in the list; not stored, readers number from 0 |
+ * | `triggerType`  | EVERYDAY | how the trigger repeats                                 |
+ * | `startDate`    | empty    | year, month and day joined by "/", as 2024/03/07        |
+ * | `endDate`      | empty    | the same form, or "永久有效" (valid for ever)           |
+ * | `selectWeekly` | empty    | days of the week, one digit each, as 0110001            |
+ * | `triggerTime`  | empty    | hour and minute joined by ":", as 08:05                 |
+ * | `events`       | empty    | events to run                                           |
+ * | `instruction`  | empty    | free description; a unit keeps 32 UTF-16 code units     |
+ *
+ * The week selection is a digit 0 or 1 for each day, the first for bit 0 of the unit's week byte
+ * and so on. Which bit is which day is settled between the unit and the application. The events are
+ * items joined by ";", each with an event's id behind "ID:" and before ")".
+ *
+ * A record read from a unit has months, days, hours and minutes padded to two digits. Its year is
+ * "20" and the number that follows, so that a year before 2010 lacks a digit. Its week selection
+ * stops at the highest set bit and is "0" for no day at all.
+ *
+ * No text is validated here; what is sent to a unit must have the forms of the table. The record is
+ * a value: a copy has no parent. The properties are bound to the fields, with no notification. The
+ * record has no lock; copies may go to other threads.
+ */
+class QUADRELBLL_EXPORT TriggerTimeInfo : public QObject {
+    Q_OBJECT
+
+public:
+    /** How a time trigger repeats. */
+    enum RepetMode : int {
+        EVERYDAY = 0, /**< every day in the span of dates */
+        WEEKLY = 1,   /**< on the selected days of the week in the span of dates */
+        ONCE = 2      /**< once, on the start date */
+    };
+    Q_ENUM(RepetMode)
+
+private:
+    Q_PROPERTY(int triggerId MEMBER triggerId)
+    Q_PROPERTY(RepetMode triggerType MEMBER triggerType)
+    Q_PROPERTY(QString startDate MEMBER startDate)
+    Q_PROPERTY(QString endDate MEMBER endDate)
+    Q_PROPERTY(QString selectWeekly MEMBER selectWeekly)
+    Q_PROPERTY(QString triggerTime MEMBER triggerTime)
+    Q_PROPERTY(QString events MEMBER events)
+    Q_PROPERTY(QString instruction MEMBER instruction)
+
+public:
+    /**
+     * A record with the defaults of the table and no parent. The first one registers the meta-type
+     * "RepetMode", so that a QVariant carries it.
+     */
+    TriggerTimeInfo();
+    /** Copies the eight fields of `other`; the copy has no parent. */
+    TriggerTimeInfo(const TriggerTimeInfo& other);
+    /** Copies the eight fields of `other`; parent, object name and connections stay. */
+    TriggerTimeInfo& operator=(const TriggerTimeInfo& other);
+    /** True when all eight fields are equal; texts compare exactly, so 2024/3/7 is not 2024/03/07.
+     */
+    bool operator==(const TriggerTimeInfo& other) const;
+
+    /** Sets the position in the list. */
+    void setTriggerId(int id);
+    /** The position in the list; -1 while it has none. */
+    int getTriggerId();
+
+    /** Sets how the trigger repeats. */
+    void setTriggerType(TriggerTimeInfo::RepetMode mode);
+    /** How the trigger repeats. */
+    TriggerTimeInfo::RepetMode getTriggerType() { return triggerType; }
+
+    /** Sets the first day, as 2024/03/07. */
+    void setStartDate(QString date);
+    /** The first day. */
+    QString getStartDate();
+
+    /** Sets the last day, as 2024/03/07, or "永久有效" for a trigger that never ends. */
+    void setEndDate(QString date);
+    /** The last day. */
+    QString getEndDate();
+
+    /** Sets the days of the week, one digit a day. */
+    void setSelectWeekly(QString days);
+    /** The days of the week, one digit a day. */
+    QString getSelectWeekly();
+
+    /** Sets the time of day, as 08:05. */
+    void setTriggerTime(QString time);
+    /** The time of day. */
+    QString getTriggerTime();
+
+    /** Sets the list of events to run. */
+    void setTriggerEvent(QString events);
+    /** The list of events to run. */
+    QString getTriggerEvent();
+
+    /** Sets the free description. */
+    void setTriggerInstruction(QString instruction);
+    /** The free description. */
+    QString getTriggerInstruction();
+
+private:
+    int triggerId = -1;
+    RepetMode triggerType = EVERYDAY;
+    QString startDate;
+    QString endDate;
+    QString selectWeekly;
+    QString triggerTime;
+    QString events;
+    QString instruction;
+};
+
+Q_DECLARE_METATYPE(TriggerTimeInfo::RepetMode)

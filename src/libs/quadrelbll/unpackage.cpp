@@ -1,0 +1,672 @@
+#include "unpackage.h"
+
+#include "bcd.h"
+#include "devicemanagermodel.h"
+#include "kvprotocolparser.h"
+#include "modelmanagement.h"
+#include "packagedevice.h"
+#include "packageevent.h"
+#include "packagerequestproto3rd.h"
+#include "packagetimetrigger.h"
+#include "packagetrigger.h"
+#include "packageupgrade.h"
+#include "protocolcreate.h"
+#include "settingsfile.h"
+
+#include <QtCore/QMutexLocker>
+#include <QtCore/QSettings>
+#include <QtCore/QStringList>
+
+#include <algorithm>
+
+namespace {
+
+constexpr unsigned int deviceAddress = 0xF0000000;
+constexpr unsigned int networkAddress = 0xF000000E;
+constexpr unsigned int resetAddress = 0xF000001C;
+constexpr unsigned int serialAddress = 0xF0001000;
+constexpr unsigned int ioAddress = 0xF0001100;
+constexpr unsigned int triggerCountAddress = 0xF0010000;
+constexpr unsigned int triggerTableAddress = triggerCountAddress + 1;
+constexpr unsigned int eventCountAddress = 0xF0020000;
+constexpr unsigned int eventTableAddress = eventCountAddress + 1;
+constexpr unsigned int clockAddress = 0x02000011;
+constexpr unsigned int upgradeLengthAddress = 0x01F00000;
+constexpr unsigned int upgradePositionAddress = 0x01F00004;
+constexpr unsigned int upgradeCommandAddress = 0x01F00008;
+constexpr unsigned int upgradeSizeAddress = 0x01F0000C;
+constexpr unsigned int addressedImageAddress = 0x06000000;
+constexpr unsigned int streamedImageAddress = 0x18000000;
+constexpr unsigned int upgradeWordAddress = 0x18200000;
+constexpr unsigned int upgradeStartAddress = 0x18200002;
+constexpr unsigned int remarkAddress = 0x18201000;
+
+constexpr unsigned int maximumEvents = 128;
+constexpr unsigned int maximumTableEntries = 64;
+constexpr int recordsPerWrite = 4;
+constexpr int remarkLength = 90;
+constexpr int upgradeControlBytes = 36;
+
+/** Lets `store` put working copies into the selected device's models, and keeps those. */
+template <typename Store> void updateRegistry(Store store)
+{
+    DeviceManagerModel* registry = DeviceManagerModel::Instance();
+    const DeviceModel device = registry->getCurrentSelectDevice();
+    ModelManagement* models = registry->getDeviceData(device);
+    if (models)
+        store(*models);
+    registry->setDeviceData(device, models);
+}
+
+/** Numbers the records of a list model from 0, which is all that their id says. */
+template <typename Model> void numberRecords(Model& model)
+{
+    auto records = model.getTriggerInfo();
+    int id = 0;
+    for (auto& record : records)
+        record.setTriggerId(id++);
+    model.setTriggerInfo(records);
+}
+
+QString twoDigits(int value)
+{
+    return QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'));
+}
+
+/** The clock cell as text. The year's leading zero is missing, so that year 5 reads as 205. */
+QString clockText(const QByteArray& cell)
+{
+    int field[6];
+    std::transform(cell.begin(), cell.end(), field,
+        [](char byte) { return Bcd::toNumber(static_cast<quint8>(byte)); });
+    return QStringLiteral("20%1/%2/%3 %4:%5:%6")
+        .arg(QString::number(field[0]), twoDigits(field[1]), twoDigits(field[2]),
+            twoDigits(field[3]), twoDigits(field[4]), twoDigits(field[5]));
+}
+
+/** The clock cell of a text like "2026/11/14  06:05:49"; the century has no place in it. */
+QByteArray clockCell(const QString& text)
+{
+    const QStringList halves = text.split(QStringLiteral("  "));
+    const QStringList date = halves.value(0).split(QLatin1Char('/'));
+    const QStringList time = halves.value(1).split(QLatin1Char(':'));
+    const QString fields[] = {date.value(0).mid(2, 2), date.value(1), date.value(2), time.value(0),
+        time.value(1), time.value(2)};
+    QByteArray cell;
+    for (const QString& field : fields)
+        cell.append(static_cast<char>(Bcd::fromNumber(field.toInt())));
+    return cell;
+}
+
+/** The next bytes of an image; what has been sent is given free only with the last of them. */
+QByteArray takeChunk(QByteArray& image, int& sent, int length)
+{
+    const QByteArray chunk = image.mid(sent, length);
+    sent += chunk.size();
+    if (sent == image.size()) {
+        image.clear();
+        sent = 0;
+    }
+    return chunk;
+}
+
+} // namespace
+
+UnPackage* UnPackage::m_unPackageInstance = new UnPackage(nullptr);
+
+UnPackage::UnPackage(QObject* parent)
+    : QObject(parent)
+    , m_errorText(QStringLiteral(""))
+    , m_upgradeName(QStringLiteral(""))
+    , m_timingCheck(QStringLiteral(""))
+{
+    qRegisterMetaType<DataPackageType>("DataPackageType");
+    const QSettings settings(settingsFilePath(), QSettings::IniFormat);
+    m_timeout = settings.value(QStringLiteral("Communication/timeout")).toInt();
+}
+
+UnPackage* UnPackage::Instance()
+{
+    return m_unPackageInstance;
+}
+
+void UnPackage::setConfigNumber(int comNumber, int ioNumber)
+{
+    m_comNumber = comNumber;
+    m_ioNumber = ioNumber;
+}
+
+void UnPackage::setEventModel(EventModel model)
+{
+    m_eventModel = model;
+}
+
+void UnPackage::setTriggerModel(TriggerModel model)
+{
+    m_triggerModel = model;
+}
+
+void UnPackage::setTimeTriggerModel(TriggerTimeModel model)
+{
+    m_timeTriggerModel = model;
+}
+
+void UnPackage::setConfigModel(SystemModel model)
+{
+    m_configModel = model;
+}
+
+void UnPackage::setDeviceModel(DeviceModel model)
+{
+    m_deviceModel = model;
+}
+
+void UnPackage::setRetainIP(bool retain)
+{
+    m_retainIP = retain;
+}
+
+void UnPackage::setTimingCheck(QString time)
+{
+    m_timingCheck = time;
+}
+
+void UnPackage::setUpgradePackage(QByteArray first, QByteArray second, QString name)
+{
+    m_streamedImage = first;
+    m_streamedSent = 0;
+    m_addressedImage = second;
+    m_addressedSent = 0;
+    m_upgradeName = name;
+    m_upgradeRemark = m_streamedImage.leftJustified(remarkLength, '\0', true);
+}
+
+unsigned char UnPackage::getLabels()
+{
+    constexpr unsigned char neverHandedOut = 255;
+    if (m_labels == neverHandedOut)
+        m_labels = 0;
+    return m_labels++;
+}
+
+void UnPackage::sendPackage(QByteArray package)
+{
+    emit signal_sendPackage(package);
+}
+
+bool UnPackage::waitResponsed(QString label, QString& error)
+{
+    m_mutex.lock();
+    const bool woken = m_waitCondition.wait(&m_mutex, static_cast<unsigned long>(m_timeout));
+    m_mutex.unlock();
+    if (!woken) {
+        error = label + tr("超时！");
+        return false;
+    }
+    if (m_hasError) {
+        error = m_errorText;
+        return false;
+    }
+    return true;
+}
+
+void UnPackage::setRecvPackage(QByteArray package)
+{
+    m_recvPackage = package;
+    quitWaitDelay();
+}
+
+void UnPackage::setError(QString error)
+{
+    m_errorText = error;
+    m_hasError = true;
+    quitWaitDelay();
+}
+
+void UnPackage::quitWaitDelay()
+{
+    const QMutexLocker locker(&m_mutex);
+    m_waitCondition.wakeAll();
+}
+
+void UnPackage::slot_runReadPackage(DataPackageType type)
+{
+    m_errorText = QStringLiteral("");
+    m_hasError = false;
+    m_recvPackage.clear();
+    QString error = QStringLiteral("");
+    const DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
+    if (runOperation(type, error))
+        emitFinished(type, device);
+    else
+        emit signal_errored(error);
+}
+
+bool UnPackage::runOperation(DataPackageType type, QString& error)
+{
+    switch (type) {
+    case SendConfigType:
+        return sendConfig(error);
+    case SendEventType:
+        return sendEvent(error);
+    case SendTriggerType:
+    case SendTimeTriggerType:
+        return sendTrigger(error);
+    case ReadDataType:
+        return readEverything(error);
+    case SendResetType:
+        return sendReset(error);
+    case UpgradeDeviceType:
+        return upgradeDevcie(error);
+    case UpdateRemarkType:
+        return updateRemark(error);
+    case BackwordReadType:
+        return backwordread(error);
+    case BackwordWriteType:
+        return backwordwrite(error);
+    case ReservedType:
+        break;
+    }
+    return true;
+}
+
+void UnPackage::emitFinished(DataPackageType type, const DeviceModel& device)
+{
+    switch (type) {
+    case ReadDataType:
+        emit signal_readFinished(DeviceManagerModel::Instance()->getCurrentSelectDevice());
+        break;
+    case UpgradeDeviceType:
+        emit signal_finshedUpgrade(m_upgradeName);
+        break;
+    case UpdateRemarkType:
+        emit signal_finshedUpdateRemark();
+        break;
+    default:
+        emit signal_finshed(device);
+        break;
+    }
+}
+
+void UnPackage::slot_SendQuadrelNetWork(
+    QString oldIp, QString newIp, QString subnet, QString gateway)
+{
+    const bool result = sendNetWork(newIp, subnet, gateway);
+    emit signal_finishnetwork(oldIp, newIp, result);
+}
+
+bool UnPackage::readBlock(unsigned int address, int length, const QString& label, QString& error)
+{
+    PackageRequestProto3rd* request =
+        KVProtocolParser::Get_CommonRead(getLabels(), address, static_cast<unsigned int>(length));
+    sendPackage(request->ParseSendRequest());
+    return waitResponsed(label, error);
+}
+
+bool UnPackage::writeBlock(
+    unsigned int address, const QByteArray& data, const QString& label, QString& error)
+{
+    sendWrite(address, data);
+    return waitResponsed(label, error);
+}
+
+void UnPackage::sendWrite(unsigned int address, const QByteArray& data)
+{
+    PackageRequestProto3rd* request = KVProtocolParser::Set_CommonWrite(
+        getLabels(), address, static_cast<unsigned int>(data.size()), data, QStringLiteral(""));
+    sendPackage(request->ParseSendRequest());
+}
+
+bool UnPackage::readDeviceParameter(QString& error)
+{
+    if (!readBlock(deviceAddress, m_deviceLength, tr("回读设备信息"), error)
+        || !PackageDevice::parseDevicePackage(
+            deviceAddress, m_recvPackage, static_cast<uint>(m_deviceLength), m_deviceModel, error))
+        return false;
+
+    // The registry keeps the pointer and nothing deletes it: an application may still edit the
+    // models of an earlier read.
+    auto* models = new ModelManagement(nullptr);
+    models->setDeviceModel(m_deviceModel);
+    DeviceManagerModel::Instance()->setCurrentSelectDevice(m_deviceModel);
+    DeviceManagerModel::Instance()->setDeviceData(m_deviceModel, models);
+    emit signal_updateDeviced();
+    return true;
+}
+
+bool UnPackage::sendConfig(QString& error)
+{
+    const QByteArray serialBlock = ProtocolCreate::createComPackage(m_configModel.getComInfo());
+    if (!writeBlock(serialAddress, serialBlock, tr("配置参数"), error))
+        return false;
+    const QByteArray ioBlock = ProtocolCreate::createIOPackage(m_configModel.getIOType());
+    if (!writeBlock(ioAddress, ioBlock, tr("配置参数"), error))
+        return false;
+
+    updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
+    emit signal_updateConfiged();
+    return true;
+}
+
+bool UnPackage::readConfigParameter(QString& error)
+{
+    const auto readPart = [&](unsigned int address, int length) {
+        return readBlock(address, length, tr("回读配置参数"), error)
+            && ProtocolCreate::parseConfigPackage(
+                address, m_recvPackage, static_cast<uint>(length), m_configModel, error);
+    };
+    if (!readPart(serialAddress, m_comNumber * m_comLength)
+        || !readPart(ioAddress, m_ioNumber * m_ioLength))
+        return false;
+
+    updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
+    emit signal_updateConfiged();
+    return true;
+}
+
+/** The stride of both tables is the event record's, at four records to a write. */
+template <typename Encode>
+bool UnPackage::writeRecords(unsigned int address, int count, Encode encode, QString& error)
+{
+    QByteArray batch;
+    for (int i = 0; i < count; ++i) {
+        batch.append(encode(i));
+        const bool full = i % recordsPerWrite == recordsPerWrite - 1;
+        if (!full && i != count - 1)
+            continue;
+        if (!writeBlock(address, batch, tr("配置参数"), error))
+            return false;
+        address += static_cast<unsigned int>(recordsPerWrite * m_eventLength);
+        batch.clear();
+    }
+    return true;
+}
+
+bool UnPackage::sendEvent(QString& error)
+{
+    const int count = m_eventModel.size();
+    const auto encode = [this](
+                            int i) { return PackageEvent::createEventPackage(m_eventModel.at(i)); };
+    if (!writeBlock(
+            eventCountAddress, QByteArray(1, static_cast<char>(count)), tr("配置参数"), error)
+        || !writeRecords(eventTableAddress, count, encode, error))
+        return false;
+
+    updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
+    emit signal_updateEvented();
+    return true;
+}
+
+/** A count cell with the records right behind it. */
+struct UnPackage::RecordTable {
+    unsigned int countAddress;
+    int countLength;
+    int recordLength;
+    unsigned int maximum;
+    QString label;
+};
+
+/** `parseCount` fills `count`; a count over the maximum is nonsense and reads as an empty table. */
+template <typename ParseCount, typename ParseRecord>
+bool UnPackage::readTable(const RecordTable& table, int& count, ParseCount parseCount,
+    ParseRecord parseRecord, QString& error)
+{
+    if (!readBlock(table.countAddress, table.countLength, table.label, error) || !parseCount())
+        return false;
+    if (static_cast<unsigned int>(count) > table.maximum)
+        count = 0;
+
+    for (int n = 0; n < count; ++n) {
+        const unsigned int address =
+            table.countAddress + 1 + static_cast<unsigned int>(n * table.recordLength);
+        if (!readBlock(address, table.recordLength, table.label, error) || !parseRecord(address))
+            return false;
+    }
+    return true;
+}
+
+bool UnPackage::readEventParameter(QString& error)
+{
+    const RecordTable table{
+        eventCountAddress, m_eventHeadLength, m_eventLength, maximumEvents, tr("回读事件参数")};
+    const auto parseCount = [&] {
+        return PackageEvent::parseEventCount(eventCountAddress, m_recvPackage,
+            static_cast<uint>(m_eventHeadLength), m_eventCount, error);
+    };
+    const auto parseRecord = [&](unsigned int address) {
+        return PackageEvent::parseEventPackage(
+            address, m_recvPackage, static_cast<uint>(m_eventLength), m_eventModel, error);
+    };
+    if (!readTable(table, m_eventCount, parseCount, parseRecord, error))
+        return false;
+
+    updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
+    emit signal_updateEvented();
+    return true;
+}
+
+/**
+ * All triggers stand in front of all time triggers. With 256 and more triggers the entry's kind is
+ * told by the low byte of their number only, as the unit counts them: an index then also asks for a
+ * time trigger that there isn't.
+ */
+QByteArray UnPackage::encodeTableEntry(int index)
+{
+    const int triggers = m_triggerModel.size();
+    const int timeIndex = index - triggers;
+    QByteArray entry;
+    if (index < triggers)
+        entry.append(PackageTrigger::createTriggerPackage(m_triggerModel.at(index)));
+    if ((triggers & 0xFF) <= index && timeIndex >= 0)
+        entry.append(
+            PackageTimeTrigger::createTimeTriggerPackage(m_timeTriggerModel.at(timeIndex)));
+    return entry;
+}
+
+bool UnPackage::sendTrigger(QString& error)
+{
+    const int total = m_triggerModel.size() + m_timeTriggerModel.size();
+    const auto encode = [this](int i) { return encodeTableEntry(i); };
+    if (!writeBlock(
+            triggerCountAddress, QByteArray(1, static_cast<char>(total)), tr("配置参数"), error)
+        || !writeRecords(triggerTableAddress, total, encode, error))
+        return false;
+
+    updateRegistry([this](ModelManagement& models) {
+        models.setTriggerModel(m_triggerModel);
+        models.setTriggerTimeModel(m_timeTriggerModel);
+    });
+    emit signal_updateTriggered();
+    emit signal_updateTimeTriggered();
+    return true;
+}
+
+bool UnPackage::sendTimeTrigger(QString& error)
+{
+    return sendTrigger(error);
+}
+
+bool UnPackage::readTriggerParameter(QString& error)
+{
+    const RecordTable table{triggerCountAddress, m_triggerHeadLength, m_triggerLength,
+        maximumTableEntries, tr("回读触发参数")};
+    const auto parseCount = [&] {
+        return PackageTrigger::parseTriggerCount(
+            triggerCountAddress, m_recvPackage, m_triggerHeadLength, m_triggerCount, error);
+    };
+    const auto parseRecord = [&](unsigned int address) {
+        return PackageTrigger::parseTriggerPackage(
+            address, m_recvPackage, m_triggerLength, m_triggerModel, error);
+    };
+    if (!readTable(table, m_triggerCount, parseCount, parseRecord, error))
+        return false;
+
+    numberRecords(m_triggerModel);
+    updateRegistry([this](ModelManagement& models) { models.setTriggerModel(m_triggerModel); });
+    emit signal_updateTriggered();
+    return true;
+}
+
+bool UnPackage::readTimeTriggerParameter(QString& error)
+{
+    const RecordTable table{triggerCountAddress, m_timeTriggerHeadLength, m_timeTriggerLength,
+        maximumTableEntries, tr("回读触发参数")};
+    const auto parseCount = [&] {
+        return PackageTimeTrigger::parseTimeTriggerCount(
+            triggerCountAddress, m_recvPackage, m_timeTriggerHeadLength, m_timeTriggerCount, error);
+    };
+    const auto parseRecord = [&](unsigned int address) {
+        return PackageTimeTrigger::parseTimeTriggerPackage(
+            address, m_recvPackage, m_timeTriggerLength, m_timeTriggerModel, error);
+    };
+    if (!readTable(table, m_timeTriggerCount, parseCount, parseRecord, error))
+        return false;
+
+    numberRecords(m_timeTriggerModel);
+    updateRegistry(
+        [this](ModelManagement& models) { models.setTriggerTimeModel(m_timeTriggerModel); });
+    emit signal_updateTimeTriggered();
+    return true;
+}
+
+bool UnPackage::readEverything(QString& error)
+{
+    // The configuration stays: its reads replace both lists, while the others append.
+    m_eventModel.clear();
+    m_triggerModel.clear();
+    m_timeTriggerModel.clear();
+    return readData(error);
+}
+
+bool UnPackage::readData(QString& error)
+{
+    return readDeviceParameter(error) && readConfigParameter(error) && readEventParameter(error)
+        && readTriggerParameter(error) && readTimeTriggerParameter(error) && backwordread(error);
+}
+
+bool UnPackage::backwordread(QString& error)
+{
+    constexpr int cellOffset = 18;
+    if (!readBlock(clockAddress, m_clockLength, tr("校时回读"), error))
+        return false;
+    if (m_recvPackage.size() < cellOffset + m_clockLength) {
+        error = tr("数据包长度小于最小数据包长度！");
+        return false;
+    }
+    emit signal_backread(clockText(m_recvPackage.mid(cellOffset, m_clockLength)));
+    return true;
+}
+
+bool UnPackage::backwordwrite(QString& error)
+{
+    sendWrite(clockAddress, clockCell(m_timingCheck));
+    emit signal_backread(m_timingCheck);
+    return waitResponsed(tr("同步本地时间"), error);
+}
+
+bool UnPackage::sendReset(QString& error)
+{
+    const QByteArray command = PackageDevice::createResetPackage(m_retainIP);
+    if (m_retainIP)
+        return writeBlock(resetAddress, command, tr("配置参数"), error);
+    // A unit that gives up its address can't be relied on to answer from it.
+    sendWrite(resetAddress, command);
+    return true;
+}
+
+bool UnPackage::sendNetWork(QString ip, QString subnet, QString gateway)
+{
+    constexpr int octets = 4;
+    // One byte short of the block: the last octet makes it grow to its 13 bytes.
+    QByteArray block(12, '\0');
+    int position = 0;
+    setBytesFromInt(&block, position, 1, 0, &position);
+
+    const QStringList addresses[] = {ip.split(QLatin1Char('.')), subnet.split(QLatin1Char('.')),
+        gateway.split(QLatin1Char('.'))};
+    for (const QStringList& parts : addresses) {
+        if (parts.size() < octets)
+            return false;
+    }
+    for (const QStringList& parts : addresses) {
+        for (int i = octets - 1; i >= 0; --i)
+            setBytesFromInt(&block, position, 1, parts.at(i).toInt(), &position);
+    }
+    QString error;
+    return writeBlock(networkAddress, block, tr("网络设置"), error);
+}
+
+bool UnPackage::setBytesFromInt(QByteArray* bytes, int start, int length, int value, int* next)
+{
+    const qint64 end = static_cast<qint64>(start) + length;
+    *next = static_cast<int>(end);
+    const qint64 last = end - 1;
+    if (start < 0 || length <= 0 || last > bytes->size())
+        return false;
+
+    if (last == bytes->size())
+        bytes->append('\0');
+    qint64 rest = value;
+    for (int i = 0; i < length; ++i) {
+        bytes->data()[last - i] = static_cast<char>(rest);
+        rest >>= 8;
+    }
+    return true;
+}
+
+void UnPackage::updateProgressBar(double value, double total)
+{
+    const QString percentage = QString::number(value / total * 100, 'f', 0);
+    emit signal_updateProgress(tr("升级中\n") + percentage + tr("%"));
+}
+
+bool UnPackage::upgradeDevcie(QString& error)
+{
+    const auto streamedLeft = [this] { return m_streamedImage.size() - m_streamedSent; };
+    const auto addressedLeft = [this] { return m_addressedImage.size() - m_addressedSent; };
+    const auto bothLeft = [&] {
+        return static_cast<uint>(streamedLeft()) + static_cast<uint>(addressedLeft());
+    };
+    const double total = static_cast<double>(bothLeft()) + upgradeControlBytes;
+    double written = 0;
+    const auto write = [&](unsigned int address, const QByteArray& data) {
+        if (!writeBlock(address, data, tr("升级"), error))
+            return false;
+        written += data.size();
+        updateProgressBar(written, total);
+        return true;
+    };
+    const auto writeControlWords = [&](uint position, uint size, ushort image) {
+        return write(upgradeLengthAddress, PackageUpgrade::createLengthPackage(bothLeft()))
+            && write(upgradePositionAddress, PackageUpgrade::createPositionPackage(position))
+            && write(upgradeSizeAddress, PackageUpgrade::createSizePackage(size))
+            && write(upgradeCommandAddress, PackageUpgrade::createCommandPackage(2, image));
+    };
+
+    if (!writeControlWords(0, static_cast<uint>(addressedLeft()), 1))
+        return false;
+    unsigned int address = addressedImageAddress;
+    while (addressedLeft() > 0) {
+        if (!write(address, takeChunk(m_addressedImage, m_addressedSent, m_upgradeChunkLength)))
+            return false;
+        address += static_cast<unsigned int>(m_upgradeChunkLength);
+    }
+
+    if (!write(upgradeStartAddress, PackageUpgrade::createStartWordPackage(0x7209))
+        || !write(upgradeWordAddress, PackageUpgrade::createWordPackage(0))
+        || !writeControlWords(
+            static_cast<uint>(addressedLeft()), static_cast<uint>(streamedLeft()), 2))
+        return false;
+    while (streamedLeft() > 0) {
+        if (!write(streamedImageAddress,
+                takeChunk(m_streamedImage, m_streamedSent, m_upgradeChunkLength)))
+            return false;
+    }
+    emit signal_updateProgress(tr("重连设备中"));
+    return true;
+}
+
+bool UnPackage::updateRemark(QString& error)
+{
+    return writeBlock(remarkAddress, m_upgradeRemark, tr("升级"), error);
+}
