@@ -1,0 +1,285 @@
+#include "simoptions.h"
+
+#include <CLI/CLI.hpp>
+
+using namespace QuadrelUnit;
+
+namespace {
+
+constexpr int usageExitCode = 2;
+
+QString text(const std::string& value)
+{
+    return QString::fromStdString(value);
+}
+
+[[noreturn]] void refuse(const std::string& option, const QString& reason)
+{
+    throw CLI::ValidationError(option, reason.toStdString());
+}
+
+FourBytes fourBytes(const std::string& option, const std::string& value)
+{
+    const std::optional<FourBytes> bytes = parseFourBytes(text(value));
+    if (!bytes)
+        refuse(option, text(value) + QStringLiteral(" is not of the form 1.2.3.4"));
+    return *bytes;
+}
+
+QHostAddress hostAddress(const std::string& option, const std::string& value)
+{
+    const QHostAddress address(text(value));
+    if (address.isNull())
+        refuse(option, text(value) + QStringLiteral(" is no IP address"));
+    return address;
+}
+
+QByteArray hexBytes(const std::string& option, const std::string& value)
+{
+    const QByteArray digits = QByteArray::fromStdString(value).replace(' ', "");
+    const QByteArray bytes = QByteArray::fromHex(digits);
+    if (bytes.toHex() != digits.toLower())
+        refuse(option, text(value) + QStringLiteral(" is not pairs of hexadecimal digits"));
+    return bytes;
+}
+
+/** Adds an option for one number of the unit's settings. */
+template <typename Number>
+CLI::Option* addNumber(CLI::App& app, SimOptions& options, const std::string& name,
+    Number UnitSettings::*member, const std::string& help)
+{
+    const auto take = [&options, member](const Number& value) {
+        options.settingChanges.emplace_back(
+            [member, value](UnitSettings& settings) { settings.*member = value; });
+    };
+    return app.add_option_function<Number>(name, take, help);
+}
+
+/** Adds an option for a version or an address of the unit's settings. */
+CLI::Option* addFourBytes(CLI::App& app, SimOptions& options, const std::string& name,
+    FourBytes UnitSettings::*member, const std::string& help)
+{
+    const auto take = [&options, name, member](const std::string& value) {
+        const FourBytes bytes = fourBytes(name, value);
+        options.settingChanges.emplace_back(
+            [member, bytes](UnitSettings& settings) { settings.*member = bytes; });
+    };
+    return app.add_option_function<std::string>(name, take, help);
+}
+
+void addNetworkOptions(CLI::App& app, SimOptions& options)
+{
+    app.add_option_function<std::string>(
+           "--listen",
+           [&options](
+               const std::string& value) { options.address = hostAddress("--listen", value); },
+           "Address to listen on, TCP and UDP (default 127.0.0.1)")
+        ->type_name("ADDRESS");
+    app.add_option("--port", options.port, "Port to listen on; 0 takes a free one (default 3801)")
+        ->type_name("PORT");
+    app.add_option("--reset-time", options.resetTime,
+           "How long the unit is away after a reset or an upgrade (default 1000)")
+        ->type_name("MS")
+        ->check(CLI::Range(0, 3600000));
+    app.add_flag("--verbose", options.isVerbose, "Tell each request on standard error");
+}
+
+void addUnitOptions(CLI::App& app, SimOptions& options)
+{
+    const std::string group = "The unit";
+    addNumber(app, options, "--model", &UnitSettings::model, "Model number (default 0x7209)")
+        ->type_name("NUMBER")
+        ->group(group);
+    addNumber(
+        app, options, "--serial", &UnitSettings::serialNumber, "Serial number (default 310000001)")
+        ->type_name("NUMBER")
+        ->group(group);
+    addFourBytes(app, options, "--firmware", &UnitSettings::version,
+        "Version of the firmware (default 1.0.0.0)")
+        ->type_name("A.B.C.D")
+        ->group(group);
+    // More ports would run into the IO block.
+    addNumber(app, options, "--ports", &UnitSettings::serialPorts, "Serial ports (default 9)")
+        ->type_name("COUNT")
+        ->check(CLI::Range(0, 36))
+        ->group(group);
+    addNumber(app, options, "--io", &UnitSettings::ioLines, "IO lines (default 12)")
+        ->type_name("COUNT")
+        ->check(CLI::Range(0, 255))
+        ->group(group);
+    addNumber(app, options, "--relays", &UnitSettings::relays, "Relays (default 8)")
+        ->type_name("COUNT")
+        ->check(CLI::Range(0, 255))
+        ->group(group);
+    addFourBytes(app, options, "--ip", &UnitSettings::ip,
+        "Address that the unit reports (default 192.168.1.100)")
+        ->type_name("ADDRESS")
+        ->group(group);
+    addFourBytes(app, options, "--mask", &UnitSettings::mask, "Subnet mask (default 255.255.255.0)")
+        ->type_name("ADDRESS")
+        ->group(group);
+    addFourBytes(app, options, "--gateway", &UnitSettings::gateway, "Gateway (default 192.168.1.1)")
+        ->type_name("ADDRESS")
+        ->group(group);
+    const auto addSwitch = [&](const char* name, bool UnitSettings::*member, bool value,
+                               const char* help) {
+        app.add_flag_callback(
+               name,
+               [&options, member, value] {
+                   options.settingChanges.emplace_back(
+                       [member, value](UnitSettings& settings) { settings.*member = value; });
+               },
+               help)
+            ->group(group);
+    };
+    addSwitch("--dhcp", &UnitSettings::dhcp, true, "The unit reports that DHCP is on");
+    addSwitch(
+        "--link-down", &UnitSettings::linkUp, false, "The unit reports that its link is down");
+    app.add_flag("--sample", options.hasSample, "Start with a sample configuration")->group(group);
+    app.add_option_function<std::string>(
+           "--memory", [&options](const std::string& value) { options.memoryPath = text(value); },
+           "Keep the unit's memory in this file")
+        ->type_name("FILE")
+        ->group(group);
+}
+
+void addUpgradeOptions(CLI::App& app, SimOptions& options)
+{
+    const std::string group = "Upgrades";
+    app.add_option_function<std::string>(
+           "--upgrade-version",
+           [&options](const std::string& value) {
+               options.upgradeVersion = fourBytes("--upgrade-version", value);
+           },
+           "Version after an upgrade (default: the last number goes up by 1)")
+        ->type_name("A.B.C.D")
+        ->group(group);
+    app.add_flag("--print-digests", options.printsDigests,
+           "Print name, size and SHA-256 digest of each image received")
+        ->group(group);
+}
+
+void addFaultOptions(
+    CLI::App& app, SimOptions& options, std::vector<std::string>& faults, quint32& seed)
+{
+    const std::string group = "Faults";
+    const std::string kinds = UnitFaults::kindNames().join(QStringLiteral(", ")).toStdString();
+    app.add_option("--fault", faults,
+           "A fault in the N-th reply (KIND@N) or in a share of them (KIND%PERCENT), any number of "
+           "times; delay may name its milliseconds (delay:250@3). KIND: "
+               + kinds)
+        ->type_name("FAULT")
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->take_all()
+        ->group(group);
+    app.add_option("--seed", seed, "Seed of all chances (default 0)")
+        ->type_name("NUMBER")
+        ->group(group);
+    app.callback([&options, &faults, &seed] {
+        options.faults = UnitFaults(seed);
+        for (const std::string& fault : faults) {
+            QString error;
+            if (!options.faults.add(text(fault), &error))
+                refuse("--fault", error);
+        }
+    });
+}
+
+void addDiscoveryOptions(CLI::App& app, SimOptions& options)
+{
+    const std::string group = "Discovery";
+    DiscoveryReply& reply = options.discoveryReply;
+    std::vector<CLI::Option*> implying;
+
+    app.add_flag("--discovery", options.answersSearches,
+           "Answer searches; each option of this group implies it")
+        ->group(group);
+    implying.push_back(app.add_option_function<std::string>(
+                              "--discovery-listen",
+                              [&options](const std::string& value) {
+                                  options.discoveryAddress =
+                                      hostAddress("--discovery-listen", value);
+                              },
+                              "Address to hear searches on (default 0.0.0.0)")
+                           ->type_name("ADDRESS"));
+    implying.push_back(app.add_option("--discovery-port", options.discoveryPort,
+                              "Port to hear searches on (default 3800)")
+                           ->type_name("PORT"));
+    implying.push_back(app.add_option_function<std::string>(
+                              "--discovery-name",
+                              [&reply](const std::string& value) {
+                                  reply.name = QByteArray::fromStdString(value);
+                              },
+                              "Name by which a search knows the unit (default Zorbe:3100)")
+                           ->type_name("TEXT"));
+    CLI::Option* payload =
+        app.add_option_function<std::string>(
+               "--discovery-payload",
+               [&options](const std::string& value) {
+                   options.discoveryReply.payload = QByteArray::fromStdString(value);
+                   options.hasDiscoveryPayload = true;
+               },
+               "What follows the name (default: port, serial number and version)")
+            ->type_name("TEXT");
+    CLI::Option* hexPayload = app.add_option_function<std::string>(
+                                     "--discovery-payload-hex",
+                                     [&options](const std::string& value) {
+                                         options.discoveryReply.payload =
+                                             hexBytes("--discovery-payload-hex", value);
+                                         options.hasDiscoveryPayload = true;
+                                     },
+                                     "The same as hexadecimal digits")
+                                  ->type_name("HEX")
+                                  ->excludes(payload);
+    implying.push_back(payload);
+    implying.push_back(hexPayload);
+
+    const auto addCount = [&](const char* name, int& target, const char* help) {
+        implying.push_back(app.add_option(name, target, help)
+                               ->type_name("COUNT")
+                               ->check(CLI::Range(0, DiscoveryReply::largestDatagram)));
+    };
+    addCount("--discovery-zeros", reply.zeros, "Zero bytes ahead of the reply (default 0)");
+    addCount("--discovery-offset", reply.offset, "Dots ahead of the name (default 0)");
+    addCount("--discovery-repeat", reply.repeats, "How often the reply goes out (default 1)");
+    addCount("--discovery-garbage", reply.garbage,
+        "Size of a datagram of garbage ahead of the replies (default 0, none)");
+
+    for (CLI::Option* option : implying) {
+        option->group(group)->each(
+            [&options](const std::string&) { options.answersSearches = true; });
+    }
+}
+
+} // namespace
+
+UnitSettings SimOptions::changed(UnitSettings settings) const
+{
+    for (const auto& change : settingChanges)
+        change(settings);
+    return settings;
+}
+
+std::optional<SimOptions> parseOptions(int argc, char** argv, int* exitCode)
+{
+    SimOptions options;
+    std::vector<std::string> faults;
+    quint32 seed = 0;
+
+    CLI::App app("A simulated control unit: the memory of a unit, served over TCP and UDP.");
+    app.set_version_flag("--version", std::string("quadrelsim ") + QUADRELSIM_VERSION);
+    addNetworkOptions(app, options);
+    addUnitOptions(app, options);
+    addUpgradeOptions(app, options);
+    addFaultOptions(app, options, faults, seed);
+    addDiscoveryOptions(app, options);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        *exitCode = app.exit(error) == 0 ? 0 : usageExitCode;
+        return std::nullopt;
+    }
+    return options;
+}

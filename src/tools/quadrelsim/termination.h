@@ -1,0 +1,4 @@
+#pragma once
+
+/** Makes SIGTERM and SIGINT end the application's event loop, with exit code 0. */
+void quitOnTermination();

@@ -1,0 +1,56 @@
+#include "unitframe.h"
+
+#include "quadrelframe.h"
+
+#include <QtCore/QtEndian>
+
+#include <algorithm>
+
+namespace QuadrelUnit {
+
+using namespace QuadrelFrame;
+
+UnitFrame UnitFrame::readRequest(quint8 label, quint32 address, quint16 length)
+{
+    return {ReadRequest, label, address, length, QByteArray()};
+}
+
+UnitFrame UnitFrame::writeRequest(quint8 label, quint32 address, const QByteArray& data)
+{
+    return {WriteRequest, label, address, static_cast<quint16>(data.size()), data};
+}
+
+UnitFrame UnitFrame::replyTo(const UnitFrame& request, const QByteArray& data)
+{
+    const quint8 kind = request.isReadRequest() ? ReadReply : WriteReply;
+    return {kind, request.label, request.address, static_cast<quint16>(data.size()), data};
+}
+
+bool UnitFrame::isReadRequest() const
+{
+    return kind == ReadRequest;
+}
+
+bool UnitFrame::isWriteRequest() const
+{
+    return kind == WriteRequest;
+}
+
+QByteArray UnitFrame::encode() const
+{
+    const int checkedSize = headSize + payload.size();
+    QByteArray frame(checkedSize + trailerSize, '\0');
+    char* bytes = frame.data();
+    std::copy(std::begin(magic), std::end(magic), bytes + magicOffset);
+    bytes[kindOffset] = static_cast<char>(kind);
+    bytes[labelOffset] = static_cast<char>(label);
+    qToLittleEndian<quint32>(static_cast<quint32>(payload.size()), bytes + payloadLengthOffset);
+    qToLittleEndian<quint32>(address, bytes + addressOffset);
+    qToLittleEndian<quint16>(dataLength, bytes + dataLengthOffset);
+    std::copy(payload.begin(), payload.end(), bytes + payloadOffset);
+    qToLittleEndian<quint16>(
+        qChecksum(bytes, static_cast<uint>(checkedSize), Qt::ChecksumIso3309), bytes + checkedSize);
+    return frame;
+}
+
+} // namespace QuadrelUnit

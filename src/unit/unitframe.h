@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QByteArray>
+
+namespace QuadrelUnit {
+
+/** One request or reply, taken apart. Its layout in bytes stands in docs/frame-format.md. */
+struct UnitFrame {
+    quint8 kind = 0;
+    quint8 label = 0;
+    quint32 address = 0;
+    /** Bytes asked for in a read request, bytes carried in a write request and a read reply. */
+    quint16 dataLength = 0;
+    QByteArray payload;
+
+    static UnitFrame readRequest(quint8 label, quint32 address, quint16 length);
+    /** A request that writes `data`, of which no more than 65535 bytes fit. */
+    static UnitFrame writeRequest(quint8 label, quint32 address, const QByteArray& data);
+    /** The reply to `request`; `data` is what was read, and is left out for a write. */
+    static UnitFrame replyTo(const UnitFrame& request, const QByteArray& data = QByteArray());
+
+    bool isReadRequest() const;
+    bool isWriteRequest() const;
+
+    /** The frame as it travels, with its CRC. */
+    QByteArray encode() const;
+};
+
+} // namespace QuadrelUnit
