@@ -1,0 +1,247 @@
+#include "packagetrigger.h"
+
+#include "eventidlist.h"
+#include "recordblock.h"
+#include "replyframe.h"
+#include "selectormask.h"
+#include "triggermodel.h"
+#include "triggertail.h"
+
+namespace {
+
+constexpr int bodyLengthOffset = 0;
+constexpr int headOffset = 2;
+constexpr int recordClassOffset = 5;
+constexpr int recordSubclassOffset = 6;
+
+constexpr int serialKindOffset = 9;
+constexpr int portMaskOffset = 10;
+constexpr int parameterLengthOffset = 12;
+constexpr int parameterOffset = 13;
+
+constexpr int inputMaskOffset = 9;
+constexpr int levelOffset = 11;
+
+/** The body is counted from behind its own length. */
+constexpr int tailOffset(int bodyLength)
+{
+    return headOffset + bodyLength;
+}
+
+/** The body without the parameter of a serial trigger. */
+constexpr int serialBodyLength = parameterOffset - headOffset;
+constexpr int inputBodyLength = levelOffset + 1 - headOffset;
+
+constexpr quint8 plainKind = 1;
+constexpr quint8 modbusKind = 2;
+
+constexpr quint8 lowLevel = 0;
+constexpr quint8 highLevel = 1;
+
+constexpr int countOffset = 0;
+
+SelectorMask maskAt(const ReplyFrame& frame, int offset)
+{
+    return {frame.payloadByte(offset), frame.payloadByte(offset + 1)};
+}
+
+void storeMask(RecordBlock& block, int offset, int line)
+{
+    const SelectorMask mask = SelectorMask::ofLine(line);
+    block.storeBytes(offset, {mask.first, mask.second});
+}
+
+QByteArray parameterBytes(TriggerInfo& trigger)
+{
+    const QByteArray parameter = trigger.getTriggerParameter().toLatin1();
+    return trigger.getTriggerProtocolType() ? QByteArray::fromHex(parameter) : parameter;
+}
+
+/** Stores the body of a serial trigger behind its length, which is the result. */
+int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
+{
+    const bool modbus = trigger.getTriggerType() == TriggerInfo::COM_MODBUS;
+    const QByteArray parameter = parameterBytes(trigger);
+    block.storeBytes(headOffset, {0x4C, 0x01, 0x00, 0x25, 0x10, 0x03, 0x52});
+    block.storeByte(serialKindOffset, modbus ? modbusKind : plainKind);
+    storeMask(block, portMaskOffset, trigger.getCOMSelect());
+    block.storeByte(parameterLengthOffset, parameter.size());
+    block.storeBytes(parameterOffset, parameter);
+    return serialBodyLength + parameter.size();
+}
+
+/** Stores the body of an IO trigger behind its length, which is the result. */
+int storeInputBody(RecordBlock& block, TriggerInfo& trigger, const QString& highLevelText)
+{
+    const bool high = trigger.getTriggerParameter() == highLevelText;
+    block.storeBytes(headOffset, {0x4C, 0x01, 0x00, 0x24, 0x17, 0x02, 0x52});
+    storeMask(block, inputMaskOffset, trigger.getIOSelect());
+    block.storeByte(levelOffset, high ? highLevel : lowLevel);
+    return inputBodyLength;
+}
+
+void readSerialBody(const ReplyFrame& frame, int bodyLength, TriggerInfo& trigger)
+{
+    // The parameter's own length byte is of no use: it wraps, and the body's length does not.
+    const int parameterLength = bodyLength - serialBodyLength;
+    const bool modbus = frame.payloadByte(serialKindOffset) == modbusKind;
+    trigger.setTriggerType(modbus ? TriggerInfo::COM_MODBUS : TriggerInfo::COM);
+    trigger.setCOMSelect(static_cast<COMSelect>(maskAt(frame, portMaskOffset).serialLine()));
+    trigger.setTriggerParameter(frame.payloadHexText(parameterOffset, parameterLength));
+}
+
+} // namespace
+
+PackageTrigger::PackageTrigger(QObject* parent)
+    : QObject(parent)
+{
+}
+
+QByteArray PackageTrigger::createTriggerPackage(TriggerInfo trigger)
+{
+    RecordBlock block;
+    int bodyLength = 0;
+    switch (trigger.getTriggerType()) {
+    case TriggerInfo::COM:
+    case TriggerInfo::COM_MODBUS:
+        bodyLength = storeSerialBody(block, trigger);
+        break;
+    case TriggerInfo::IO:
+        bodyLength = storeInputBody(block, trigger, highLevelText());
+        break;
+    }
+    block.storeWord(bodyLengthOffset, bodyLength);
+    TriggerTail::store(block, tailOffset(bodyLength),
+        EventIdList::fromText(trigger.getTriggerEvent()), trigger.getTriggerInstruction());
+    return block.bytes();
+}
+
+QByteArray PackageTrigger::createTriggerListPackage(TriggerModel model)
+{
+    const QList<TriggerInfo> triggers = model.getTriggerInfo();
+    QByteArray package(1, static_cast<char>(triggers.size()));
+    for (const TriggerInfo& trigger : triggers)
+        package += createTriggerPackage(trigger);
+    return package;
+}
+
+bool PackageTrigger::parseTriggerCount(
+    uint dataType, QByteArray package, int dataLength, int& count, QString& error)
+{
+    const ReplyFrame frame(package);
+    if (!acceptFrame(frame, dataType, dataLength, error))
+        return false;
+    count = frame.payloadByte(countOffset);
+    return true;
+}
+
+bool PackageTrigger::parseTriggerPackage(
+    uint dataType, QByteArray package, int dataLength, TriggerModel& model, QString& error)
+{
+    const ReplyFrame frame(package);
+    if (!acceptFrame(frame, dataType, dataLength, error))
+        return false;
+
+    // Before the class is looked at: an erased slot, all 0xFF, is a fault.
+    const int bodyLength = frame.payloadWord(bodyLengthOffset);
+    if (bodyLength > TriggerTail::maximumBodyLength) {
+        error = tr("触发数据超出最大范围，最多为316个字节！");
+        return false;
+    }
+
+    const quint8 recordClass = frame.payloadByte(recordClassOffset);
+    const quint8 subclass = frame.payloadByte(recordSubclassOffset);
+    const bool serial = recordClass == 0x25 && subclass == 0x10;
+    const bool input = recordClass == 0x24 && subclass == 0x17;
+    if (!serial && !input)
+        return true;
+
+    const TriggerTail tail(frame, tailOffset(bodyLength));
+    if (!acceptTail(tail, error))
+        return false;
+
+    model.push_back(readTrigger(frame, serial, bodyLength, tail));
+    return true;
+}
+
+TriggerInfo PackageTrigger::readTrigger(
+    const ReplyFrame& frame, bool serial, int bodyLength, const TriggerTail& tail)
+{
+    TriggerInfo trigger;
+    trigger.setTriggerProtocolType(true);
+    if (serial)
+        readSerialBody(frame, bodyLength, trigger);
+    else
+        readInputBody(frame, trigger);
+    trigger.setTriggerEvent(eventText(tail));
+    trigger.setTriggerInstruction(tail.description());
+    return trigger;
+}
+
+void PackageTrigger::readInputBody(const ReplyFrame& frame, TriggerInfo& trigger)
+{
+    trigger.setTriggerType(TriggerInfo::IO);
+    trigger.setIOSelect(static_cast<IOSelect>(maskAt(frame, inputMaskOffset).inputLine()));
+    switch (frame.payloadByte(levelOffset)) {
+    case lowLevel:
+        trigger.setTriggerParameter(lowLevelText());
+        break;
+    case highLevel:
+        trigger.setTriggerParameter(highLevelText());
+        break;
+    default:
+        break;
+    }
+}
+
+QString PackageTrigger::lowLevelText()
+{
+    return tr("输入-低电平");
+}
+
+QString PackageTrigger::highLevelText()
+{
+    return tr("输入-高电平");
+}
+
+QString PackageTrigger::eventText(const TriggerTail& tail)
+{
+    // Each look-up costs more than the rest of a short text.
+    if (tail.eventCount() == 0)
+        return {};
+    return tail.events({tr("(ID:"), tr(")"), tail.eventCount() > 1 ? tr(";") : QString()});
+}
+
+bool PackageTrigger::acceptFrame(
+    const ReplyFrame& frame, uint dataType, int dataLength, QString& error)
+{
+    switch (frame.check(dataType, dataLength)) {
+    case ReplyFrame::Fault::None:
+        return true;
+    case ReplyFrame::Fault::TooShort:
+        error = tr("数据包长度小于最小数据包长度！");
+        return false;
+    case ReplyFrame::Fault::OtherDataType:
+        error = tr("请求数据类型与返回数据类型不一致！");
+        return false;
+    case ReplyFrame::Fault::OtherDataLength:
+        error = tr("数据包长度与实际的数据包长度不一致！");
+        return false;
+    }
+    Q_UNREACHABLE();
+}
+
+bool PackageTrigger::acceptTail(const TriggerTail& tail, QString& error)
+{
+    switch (tail.check()) {
+    case TriggerTail::Fault::None:
+        return true;
+    case TriggerTail::Fault::TooManyEvents:
+        error = tr("触发事件个数已超出最大个数，最大为128个事件！");
+        return false;
+    case TriggerTail::Fault::DescriptionTooLong:
+        error = tr("描述信息数长度有误！");
+        return false;
+    }
+    Q_UNREACHABLE();
+}

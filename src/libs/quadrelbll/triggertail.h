@@ -1,0 +1,54 @@
+#pragma once
+
+#include "eventidlist.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+class RecordBlock;
+class ReplyFrame;
+
+/**
+ * What trigger and time trigger blocks share: the limits of their slot and, behind the part of each
+ * kind, the tail with events and description.
+ *
+ * | Offset in the tail | Width | Field |
+ * |---|---|---|
+ * | 0 | 1 | `C`, number of events |
+ * | 1 | `C` | event ids |
+ * | 1 + `C` | 1 | `D`, number of description bytes |
+ * | 2 + `C` | `D` | description, see DescriptionText |
+ */
+class TriggerTail {
+public:
+    /** Why a tail can't be read; in the order of the tests. */
+    enum class Fault { None, TooManyEvents, DescriptionTooLong };
+
+    /**
+     * The most that a body may have. The limits fill a slot exactly: 2 length bytes, 316 of body,
+     * the count byte, 128 event ids, the description's length byte and 64 of description.
+     */
+    static constexpr int maximumBodyLength = 316;
+    static constexpr int maximumEventCount = 128;
+    static constexpr int maximumDescriptionLength = 64;
+
+    /** The tail at the given offset of the payload. What lies past the end of the frame is 0. */
+    TriggerTail(const ReplyFrame& frame, int offset);
+
+    Fault check() const;
+    int eventCount() const;
+    /** The events as text, see EventIdList. */
+    QString events(const EventIdList::Words& words) const;
+    QString description() const;
+
+    /** Writes a tail. Nothing is tested: lengths keep their low 8 bits, bytes are all in place. */
+    static void store(
+        RecordBlock& block, int offset, const QByteArray& eventIds, const QString& description);
+
+private:
+    const ReplyFrame& m_frame;
+    const int m_eventIdsOffset;
+    const int m_eventCount;
+    const int m_descriptionOffset;
+    const int m_descriptionLength;
+};
