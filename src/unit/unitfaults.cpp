@@ -67,6 +67,10 @@ bool UnitFaults::add(const QString& text, QString* error)
     }
     const int delay = delayText.isEmpty() ? defaultDelay : delayText.toInt();
     const QString percent = match.captured(4);
+    if (percent.toDouble() > 100) {
+        *error = QStringLiteral("\"%1\": a share is at most 100 percent").arg(text);
+        return false;
+    }
     if (!percent.isEmpty()) {
         addShare(kind, percent.toDouble() / 100, delay);
         return true;
