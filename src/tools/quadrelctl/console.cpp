@@ -32,6 +32,8 @@ bool Console::flush()
 void Console::note(const QString& text)
 {
     endProgress();
+    // Results and remarks keep their order on a terminal.
+    flush();
     write(stderr, text + QLatin1Char('\n'));
 }
 

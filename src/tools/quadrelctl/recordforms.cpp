@@ -3,6 +3,7 @@
 #include "tool.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -49,9 +50,9 @@ QString hexText(const QByteArray& bytes)
 int delayOf(const QString& text, FormSide side)
 {
     const QString number = text.size() < 5 ? text : text.left(text.size() - 5);
-    // A unit may hold a fraction of 10 ms, but none can be sent.
-    const double tens = side == FormSide::Sent ? number.toUShort() : number.toDouble();
-    return static_cast<int>(tens * 10 + 0.5) & 0xFFFF;
+    // A unit may hold a fraction of 10 ms, but none can be sent, and 16 bits are all it keeps.
+    return side == FormSide::Sent ? number.toUShort() * 10 & 0xFFFF
+                                  : qRound(number.toDouble() * 10);
 }
 
 QByteArray commandOf(EventInfo event, FormSide side)
@@ -119,6 +120,52 @@ QString describeChange(const RecordForm& before, const RecordForm& after)
             texts.append(QStringLiteral("%1 \"%2\" -> \"%3\"").arg(field.first, old, field.second));
     }
     return texts.join(QStringLiteral(", "));
+}
+
+/** Turns the records of one place into others. */
+void replaceRecords(Difference& difference, const RecordForms& gone, const RecordForms& come)
+{
+    for (int i = 0; i < std::max(gone.size(), come.size()); ++i) {
+        if (i >= gone.size()) {
+            ++difference.added;
+            difference.lines.append(
+                QStringLiteral("+ %1: %2").arg(come.at(i).title, describeFields(come.at(i))));
+        } else if (i >= come.size()) {
+            ++difference.removed;
+            difference.lines.append(
+                QStringLiteral("- %1: %2").arg(gone.at(i).title, describeFields(gone.at(i))));
+        } else if (gone.at(i).fields != come.at(i).fields) {
+            ++difference.changed;
+            difference.lines.append(
+                QStringLiteral("~ %1: %2")
+                    .arg(gone.at(i).title, describeChange(gone.at(i), come.at(i))));
+        }
+    }
+}
+
+using CommonLengths = std::vector<std::vector<int>>;
+
+/** At [i][j] the length of the longest common subsequence of both lists from there on. */
+CommonLengths commonLengths(const RecordForms& before, const RecordForms& after)
+{
+    const auto rows = static_cast<size_t>(before.size());
+    const auto columns = static_cast<size_t>(after.size());
+    CommonLengths lengths(rows + 1, std::vector<int>(columns + 1));
+    for (size_t i = rows; i-- > 0;) {
+        for (size_t j = columns; j-- > 0;) {
+            const bool isSame =
+                before.at(static_cast<int>(i)).fields == after.at(static_cast<int>(j)).fields;
+            lengths[i][j] =
+                isSame ? lengths[i + 1][j + 1] + 1 : std::max(lengths[i + 1][j], lengths[i][j + 1]);
+        }
+    }
+    return lengths;
+}
+
+/** What an empty event text becomes on its way through a file or to the unit. */
+bool runsOnlyEventZero(const QString& eventText)
+{
+    return storedEventIds(eventText, FormSide::Sent) == QList<int>{0};
 }
 
 QString eventFault(EventInfo event)
@@ -210,26 +257,76 @@ RecordForms timeTriggerForms(TriggerTimeModel model, FormSide side)
     return forms;
 }
 
-Difference compareForms(const RecordForms& before, const RecordForms& after)
+Difference comparePositions(const RecordForms& before, const RecordForms& after)
 {
     Difference difference;
-    for (int i = 0; i < std::max(before.size(), after.size()); ++i) {
-        if (i >= before.size()) {
-            ++difference.added;
-            difference.lines.append(
-                QStringLiteral("+ %1: %2").arg(after.at(i).title, describeFields(after.at(i))));
-        } else if (i >= after.size()) {
-            ++difference.removed;
-            difference.lines.append(
-                QStringLiteral("- %1: %2").arg(before.at(i).title, describeFields(before.at(i))));
-        } else if (before.at(i).fields != after.at(i).fields) {
-            ++difference.changed;
-            difference.lines.append(
-                QStringLiteral("~ %1: %2")
-                    .arg(after.at(i).title, describeChange(before.at(i), after.at(i))));
+    replaceRecords(difference, before, after);
+    return difference;
+}
+
+Difference compareLists(const RecordForms& before, const RecordForms& after)
+{
+    const CommonLengths common = commonLengths(before, after);
+    Difference difference;
+    RecordForms gone;
+    RecordForms come;
+    int i = 0;
+    int j = 0;
+    while (i < before.size() || j < after.size()) {
+        const bool bothLeft = i < before.size() && j < after.size();
+        if (bothLeft && before.at(i).fields == after.at(j).fields) {
+            replaceRecords(difference, gone, come);
+            gone.clear();
+            come.clear();
+            ++i;
+            ++j;
+        } else if (!bothLeft
+                ? i < before.size()
+                : common[size_t(i) + 1][size_t(j)] >= common[size_t(i)][size_t(j) + 1]) {
+            gone.append(before.at(i++));
+        } else {
+            come.append(after.at(j++));
         }
     }
+    replaceRecords(difference, gone, come);
     return difference;
+}
+
+QStringList lossesOnUnit(const Contents& contents)
+{
+    EventModel events = contents.events.value_or(EventModel());
+    TriggerModel triggers = contents.triggers.value_or(TriggerModel());
+    TriggerTimeModel timeTriggers = contents.timeTriggers.value_or(TriggerTimeModel());
+    int delays = 0;
+    int lines = 0;
+    int empty = 0;
+    for (EventInfo event : events.getEventInfo()) {
+        const QString text = event.getEventProtocal();
+        delays += event.getEventType() == EventInfo::EVENT_DELAY
+            && delayOf(text, FormSide::Sent) != delayOf(text, FormSide::Read);
+    }
+    for (TriggerInfo trigger : triggers.getTriggerInfo()) {
+        lines += lineOf(trigger, FormSide::Sent) != lineOf(trigger, FormSide::Read);
+        empty += runsOnlyEventZero(trigger.getTriggerEvent());
+    }
+    for (TriggerTimeInfo trigger : timeTriggers.getTriggerInfo())
+        empty += runsOnlyEventZero(trigger.getTriggerEvent());
+
+    QStringList sentences;
+    const auto add = [&sentences](const QString& text, int records) {
+        if (records > 0)
+            sentences.append(text.arg(records));
+    };
+    add(Tool::tr("delays that are no whole number of 10 ms, up to 65530 ms, can't be written as "
+                 "they are: %1 records"),
+        delays);
+    add(Tool::tr("serial triggers on COM D-3 and COM D-4 read back as COM D-4 and COM A-1: "
+                 "%1 records"),
+        lines);
+    add(Tool::tr("triggers and time triggers without an event are written with the event 0: "
+                 "%1 records"),
+        empty);
+    return sentences;
 }
 
 QString limitFault(const Contents& contents)

@@ -29,7 +29,7 @@ RecordForms eventForms(EventModel model, FormSide side);
 RecordForms triggerForms(TriggerModel model, FormSide side);
 RecordForms timeTriggerForms(TriggerTimeModel model, FormSide side);
 
-/** How one list of records becomes another, position by position. */
+/** How one list of records becomes another. */
 struct Difference {
     int changed = 0;
     int added = 0;
@@ -39,7 +39,13 @@ struct Difference {
 
     bool isEmpty() const { return changed == 0 && added == 0 && removed == 0; }
 };
-Difference compareForms(const RecordForms& before, const RecordForms& after);
+/** Record by record: what stands at one position is one record, as a port is. */
+Difference comparePositions(const RecordForms& before, const RecordForms& after);
+/** Like a comparison of texts: a record that is removed does not make those behind it differ. */
+Difference compareLists(const RecordForms& before, const RecordForms& after);
+
+/** What happens to records that do not come back as they are sent, a sentence each. */
+QStringList lossesOnUnit(const Contents& contents);
 
 /**
  * What the unit's own limits forbid in models that are to be sent; empty if nothing. A unit takes

@@ -12,6 +12,7 @@ struct Section {
     QString title;
     RecordForms before;
     RecordForms after;
+    Difference (*compare)(const RecordForms& before, const RecordForms& after) = compareLists;
 };
 
 /** What is written, and how it will look. */
@@ -48,7 +49,7 @@ Plan makePlan(Contents contents, const Contents& unit, bool dropTimeTriggers)
     Plan plan{contents, {}};
     if (contents.config)
         plan.sections.append({Tool::tr("serial ports and IO lines"), configForms(*unit.config),
-            configForms(*contents.config)});
+            configForms(*contents.config), comparePositions});
     if (contents.events)
         plan.sections.append({Tool::tr("events"), eventForms(*unit.events, FormSide::Read),
             eventForms(*contents.events, FormSide::Sent)});
@@ -65,7 +66,7 @@ Plan makePlan(Contents contents, const Contents& unit, bool dropTimeTriggers)
 void print(const Plan& plan, bool lists)
 {
     for (const Section& section : plan.sections) {
-        const Difference difference = compareForms(section.before, section.after);
+        const Difference difference = section.compare(section.before, section.after);
         Console::print(
             Tool::tr("%1: %2 on the unit, %3 to be written; %4 changed, %5 added, %6 removed\n")
                 .arg(section.title, QString::number(section.before.size()),
@@ -78,7 +79,7 @@ void print(const Plan& plan, bool lists)
     }
 }
 
-/** What the unit holds now and loses, because the file can't hold it. */
+/** What the unit holds now and loses, and what it won't hold as it is written. */
 void warnOfLosses(const Plan& plan, const Contents& unit, bool dropTimeTriggers)
 {
     Contents replaced;
@@ -89,6 +90,8 @@ void warnOfLosses(const Plan& plan, const Contents& unit, bool dropTimeTriggers)
     if (dropTimeTriggers)
         replaced.timeTriggers = unit.timeTriggers;
     for (const QString& loss : lossesOfWriting(replaced))
+        Console::warn(loss);
+    for (const QString& loss : lossesOnUnit(plan.contents))
         Console::warn(loss);
 }
 
@@ -117,7 +120,7 @@ void verify(Session& session, const Plan& plan)
     bool isSame = true;
     for (int i = 0; i < plan.sections.size(); ++i) {
         const Difference difference =
-            compareForms(plan.sections.at(i).after, found.sections.at(i).before);
+            comparePositions(plan.sections.at(i).after, found.sections.at(i).before);
         isSame = isSame && difference.isEmpty();
         for (const QString& line : difference.lines)
             Console::note(Tool::tr("not as written: %1").arg(line));
@@ -132,6 +135,9 @@ void runWrite(const WriteOptions& options)
 {
     const ProjectFile file = ProjectFile::load(options.file);
     const Contents chosen = chosenSections(file, options);
+    if (options.dropTimeTriggers && !chosen.triggers)
+        throw CommandFailure{
+            Tool::tr("--drop-time-triggers goes with the section of triggers"), WrongUsage};
     for (const QString& warning : file.warnings)
         Console::warn(warning);
     if (options.only.isEmpty()) {
