@@ -29,7 +29,7 @@ using namespace QuadrelUnit;
 namespace {
 
 constexpr int longWait = 20000;
-constexpr int shortWait = 250;
+constexpr int shortWait = 1000;
 const QString noError = QStringLiteral("no error");
 
 /** An UnPackage on a worker thread, behind the transport. */
