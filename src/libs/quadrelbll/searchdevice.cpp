@@ -11,6 +11,7 @@
 #include <QtNetwork/QUdpSocket>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -79,7 +80,7 @@ void SearchDevice::searchDevice()
 void SearchDevice::slot_searchDevice(QString connectDevcie)
 {
     m_serverMap = {};
-    m_connectDevcie = connectDevcie;
+    m_connectDevcie = std::move(connectDevcie);
     deleteUdpObject();
     openSockets(familyTag(), QString());
     if (!m_repeatTimer->isActive())
@@ -166,5 +167,5 @@ void SearchDevice::takeReply(QUdpSocket* socket, const QByteArray& tag, const QS
 void SearchDevice::stopAfter(int milliseconds)
 {
     QTimer::singleShot(
-        std::max(milliseconds, 0), Qt::PreciseTimer, this, [this] { stopSearchDevice(); });
+        std::max(milliseconds, 0), Qt::PreciseTimer, this, &SearchDevice::stopSearchDevice);
 }
