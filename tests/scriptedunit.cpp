@@ -5,7 +5,8 @@
 ScriptedUnit::ScriptedUnit(UnPackage& operations, Script script)
     : m_operations(operations)
     , m_script(std::move(script))
-    , m_connection(QObject::connect(&operations, &UnPackage::signal_sendPackage, &operations,
+    , m_connection(QObject::connect(
+          &operations, &UnPackage::signal_sendPackage, &operations,
           [this](const QByteArray& frame) { take(frame); }, Qt::DirectConnection))
     , m_thread([this] { run(); })
 {
@@ -60,7 +61,7 @@ void ScriptedUnit::run()
         const auto moved = [this, number] {
             return m_stopping || !m_inFlight || m_frames.size() > number + 1;
         };
-        while (!m_changed.wait_for(lock, std::chrono::milliseconds(2), moved))
+        while (!m_changed.wait_for(lock, std::chrono::microseconds(200), moved))
             m_operations.quitWaitDelay();
     }
 }

@@ -18,14 +18,18 @@ public:
             entries.append(arguments.isNull() ? entry : entry + QLatin1Char(':') + arguments);
         };
         const auto plain = [&](const char* name, void (UnPackage::*signal)()) {
-            connect(&operations, signal, this, [log, name] { log(name); }, Qt::DirectConnection);
+            connect(
+                &operations, signal, this, [log, name] { log(name); }, Qt::DirectConnection);
         };
         const auto text = [&](const char* name, void (UnPackage::*signal)(QString)) {
-            connect(&operations, signal, this,
-                [log, name](const QString& argument) { log(name, argument); }, Qt::DirectConnection);
+            connect(
+                &operations, signal, this,
+                [log, name](const QString& argument) { log(name, argument); },
+                Qt::DirectConnection);
         };
         const auto device = [&](const char* name, void (UnPackage::*signal)(DeviceModel)) {
-            connect(&operations, signal, this,
+            connect(
+                &operations, signal, this,
                 [log, name](DeviceModel model) { log(name, model.getIP()); }, Qt::DirectConnection);
         };
         text("errored", &UnPackage::signal_errored);
@@ -43,11 +47,13 @@ public:
         plain("updateDeviced", &UnPackage::signal_updateDeviced);
         plain("updateProjected", &UnPackage::signal_updateProjected);
         text("upGraded", &UnPackage::signal_upGraded);
-        connect(&operations, &UnPackage::signal_reseted, this,
+        connect(
+            &operations, &UnPackage::signal_reseted, this,
             [log](bool result) { log("reseted", QString::number(result)); }, Qt::DirectConnection);
         plain("backwardwrite", &UnPackage::signal_backwardwrite);
         plain("backwardread", &UnPackage::signal_backwardread);
-        connect(&operations, &UnPackage::signal_finishnetwork, this,
+        connect(
+            &operations, &UnPackage::signal_finishnetwork, this,
             [log](const QString& oldIp, const QString& newIp, bool result) {
                 log("finishnetwork",
                     oldIp + QLatin1Char(',') + newIp + QLatin1Char(',') + QString::number(result));

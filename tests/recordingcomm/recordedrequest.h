@@ -17,7 +17,8 @@ struct RecordedRequest {
     QByteArray toFrame() const
     {
         QByteArray frame;
-        QDataStream(&frame, QIODevice::WriteOnly) << write << label << address << length << data << text;
+        QDataStream(&frame, QIODevice::WriteOnly)
+            << write << label << address << length << data << text;
         return frame;
     }
 

@@ -18,7 +18,7 @@ ComInfo::ComInfo()
 }
 
 ComInfo::ComInfo(const ComInfo& other)
-    : QObject()
+    : QObject(nullptr)
     , baudRate(other.baudRate)
     , dataBits(other.dataBits)
     , stopBits(other.stopBits)

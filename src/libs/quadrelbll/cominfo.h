@@ -41,9 +41,13 @@ Q_DECLARE_METATYPE(IOType)
  */
 class QUADRELBLL_EXPORT ComInfo : public QObject {
     Q_OBJECT
+    /** The baud rate, in bits per second. */
     Q_PROPERTY(int baudRate MEMBER baudRate)
+    /** The number of data bits. */
     Q_PROPERTY(int dataBits MEMBER dataBits)
+    /** The number of stop bits. */
     Q_PROPERTY(int stopBits MEMBER stopBits)
+    /** The parity inspection. */
     Q_PROPERTY(inspectionType insType MEMBER insType)
 
 public:

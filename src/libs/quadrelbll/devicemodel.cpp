@@ -5,7 +5,7 @@
 DeviceModel::DeviceModel() = default;
 
 DeviceModel::DeviceModel(const DeviceModel& other)
-    : QObject()
+    : QObject(nullptr)
     , ModelID(other.ModelID)
     , SN(other.SN)
     , version(other.version)

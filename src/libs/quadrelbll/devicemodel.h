@@ -37,19 +37,33 @@
  */
 class QUADRELBLL_EXPORT DeviceModel : public QObject {
     Q_OBJECT
+    /** The model code. */
     Q_PROPERTY(ushort ModelID MEMBER ModelID)
+    /** The firmware version. */
     Q_PROPERTY(QString version MEMBER version)
+    /** Whether the unit takes its address by DHCP. */
     Q_PROPERTY(bool DHCP MEMBER DHCP)
+    /** The IPv4 address, dotted. */
     Q_PROPERTY(QString ip MEMBER ip)
+    /** The subnet mask, dotted. */
     Q_PROPERTY(QString submask MEMBER submask)
+    /** The gateway, dotted. */
     Q_PROPERTY(QString gateway MEMBER gateway)
+    /** Whether the Ethernet link is up. */
     Q_PROPERTY(bool ethlinkstate MEMBER ethlinkstate)
+    /** The number of serial ports. */
     Q_PROPERTY(int comnum MEMBER comnum)
+    /** The number of IO lines. */
     Q_PROPERTY(int ionum MEMBER ionum)
+    /** The number of relays. */
     Q_PROPERTY(int relaynum MEMBER relaynum)
+    /** The number of infra-red ports. */
     Q_PROPERTY(int irnum MEMBER irnum)
+    /** The device name. */
     Q_PROPERTY(QString name MEMBER name)
+    /** The device type. */
     Q_PROPERTY(QString type MEMBER type)
+    /** The device pattern. */
     Q_PROPERTY(QString pattern MEMBER pattern)
 
 public:

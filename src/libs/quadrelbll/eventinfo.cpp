@@ -9,7 +9,7 @@ EventInfo::EventInfo()
 }
 
 EventInfo::EventInfo(const EventInfo& other)
-    : QObject()
+    : QObject(nullptr)
     , id(other.id)
     , name(other.name)
     , eventtype(other.eventtype)

@@ -26,6 +26,18 @@
  */
 class QUADRELBLL_EXPORT EventInfo : public QObject {
     Q_OBJECT
+    /** The event's number. */
+    Q_PROPERTY(int id MEMBER id)
+    /** The kind of event. */
+    Q_PROPERTY(EventType eventtype MEMBER eventtype)
+    /** Whether the protocol is hexadecimal text (true) or plain text (false). */
+    Q_PROPERTY(bool protocoltype MEMBER protocoltype)
+    /** The text of the command or of the delay. */
+    Q_PROPERTY(QString protocol MEMBER protocol)
+    /** The free description. */
+    Q_PROPERTY(QString instruction MEMBER instruction)
+    /** The shown name. */
+    Q_PROPERTY(QString name MEMBER name)
 
 public:
     /**
@@ -42,15 +54,6 @@ public:
         EVENT_TYPE_6 = 6  /**< a command of record class 0xA5, subclass 2 */
     };
 
-private:
-    Q_PROPERTY(int id MEMBER id)
-    Q_PROPERTY(EventType eventtype MEMBER eventtype)
-    Q_PROPERTY(bool protocoltype MEMBER protocoltype)
-    Q_PROPERTY(QString protocol MEMBER protocol)
-    Q_PROPERTY(QString instruction MEMBER instruction)
-    Q_PROPERTY(QString name MEMBER name)
-
-public:
     /**
      * A record with the defaults of the table and no parent. The first one registers the meta-type
      * "EventType", so that a QVariant carries it.

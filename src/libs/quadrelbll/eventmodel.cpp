@@ -7,7 +7,7 @@
 EventModel::EventModel() = default;
 
 EventModel::EventModel(const EventModel& other)
-    : QObject()
+    : QObject(nullptr)
     , m_events(other.m_events)
 {
 }

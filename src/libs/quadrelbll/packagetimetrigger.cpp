@@ -15,23 +15,13 @@
 
 namespace {
 
-constexpr int bodyLengthOffset = 0;
-constexpr int headOffset = 2;
-constexpr int recordClassOffset = 5;
-constexpr int recordSubclassOffset = 6;
 constexpr int modeOffset = 7;
 constexpr int startDateOffset = 8;
 constexpr int startTimeOffset = 11;
 constexpr int endDateOffset = 13;
 constexpr int endTimeOffset = 16;
 constexpr int weekBitsOffset = 18;
-constexpr int bodyLength = weekBitsOffset + 1 - headOffset;
-
-/** The body is counted from behind its own length. */
-constexpr int tailOffset(int length)
-{
-    return headOffset + length;
-}
+constexpr int bodyLength = weekBitsOffset + 1 - TriggerTail::bodyOffset;
 
 /** The tail of the list form is two bytes too early. */
 constexpr int listTailOffset = 17;
@@ -127,7 +117,7 @@ void storeTime(RecordBlock& block, const QString& time)
 /** Everything but the body's length and the tail. */
 void storeSchedule(RecordBlock& block, TriggerTimeInfo& trigger)
 {
-    block.storeBytes(headOffset, {0x4C, 0x01, 0x00, 0xA5, 0x04});
+    block.storeBytes(TriggerTail::bodyOffset, {0x4C, 0x01, 0x00, 0xA5, 0x04});
     block.storeByte(modeOffset, modeByte(trigger.getTriggerType()));
     storeDate(block, startDateOffset, trigger.getStartDate());
     storeEndDate(block, trigger.getEndDate());
@@ -198,8 +188,8 @@ QByteArray PackageTimeTrigger::createTimeTriggerPackage(TriggerTimeInfo trigger)
 {
     RecordBlock block;
     storeSchedule(block, trigger);
-    block.storeWord(bodyLengthOffset, bodyLength);
-    TriggerTail::store(block, tailOffset(bodyLength),
+    block.storeWord(TriggerTail::bodyLengthOffset, bodyLength);
+    TriggerTail::store(block, TriggerTail::offsetBehind(bodyLength),
         EventIdList::fromText(trigger.getTriggerEvent()), trigger.getTriggerInstruction());
     return block.bytes();
 }
@@ -236,16 +226,16 @@ bool PackageTimeTrigger::parseTimeTriggerPackage(
         return false;
 
     // Before the class is looked at: an erased slot, all 0xFF, is a fault.
-    const int length = frame.payloadWord(bodyLengthOffset);
+    const int length = frame.payloadWord(TriggerTail::bodyLengthOffset);
     if (length > TriggerTail::maximumBodyLength) {
         error = tr("触发数据超出最大范围，最多为316个字节！");
         return false;
     }
-    if (frame.payloadByte(recordClassOffset) != 0xA5
-        || frame.payloadByte(recordSubclassOffset) != 0x04)
+    if (frame.payloadByte(TriggerTail::recordClassOffset) != 0xA5
+        || frame.payloadByte(TriggerTail::recordSubclassOffset) != 0x04)
         return true;
 
-    const TriggerTail tail(frame, tailOffset(length));
+    const TriggerTail tail(frame, TriggerTail::offsetBehind(length));
     if (!acceptTail(tail, error))
         return false;
 

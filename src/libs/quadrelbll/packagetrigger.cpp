@@ -9,11 +9,6 @@
 
 namespace {
 
-constexpr int bodyLengthOffset = 0;
-constexpr int headOffset = 2;
-constexpr int recordClassOffset = 5;
-constexpr int recordSubclassOffset = 6;
-
 constexpr int serialKindOffset = 9;
 constexpr int portMaskOffset = 10;
 constexpr int parameterLengthOffset = 12;
@@ -22,15 +17,9 @@ constexpr int parameterOffset = 13;
 constexpr int inputMaskOffset = 9;
 constexpr int levelOffset = 11;
 
-/** The body is counted from behind its own length. */
-constexpr int tailOffset(int bodyLength)
-{
-    return headOffset + bodyLength;
-}
-
 /** The body without the parameter of a serial trigger. */
-constexpr int serialBodyLength = parameterOffset - headOffset;
-constexpr int inputBodyLength = levelOffset + 1 - headOffset;
+constexpr int serialBodyLength = parameterOffset - TriggerTail::bodyOffset;
+constexpr int inputBodyLength = levelOffset + 1 - TriggerTail::bodyOffset;
 
 constexpr quint8 plainKind = 1;
 constexpr quint8 modbusKind = 2;
@@ -62,7 +51,7 @@ int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
 {
     const bool modbus = trigger.getTriggerType() == TriggerInfo::COM_MODBUS;
     const QByteArray parameter = parameterBytes(trigger);
-    block.storeBytes(headOffset, {0x4C, 0x01, 0x00, 0x25, 0x10, 0x03, 0x52});
+    block.storeBytes(TriggerTail::bodyOffset, {0x4C, 0x01, 0x00, 0x25, 0x10, 0x03, 0x52});
     block.storeByte(serialKindOffset, modbus ? modbusKind : plainKind);
     storeMask(block, portMaskOffset, trigger.getCOMSelect());
     block.storeByte(parameterLengthOffset, parameter.size());
@@ -74,7 +63,7 @@ int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
 int storeInputBody(RecordBlock& block, TriggerInfo& trigger, const QString& highLevelText)
 {
     const bool high = trigger.getTriggerParameter() == highLevelText;
-    block.storeBytes(headOffset, {0x4C, 0x01, 0x00, 0x24, 0x17, 0x02, 0x52});
+    block.storeBytes(TriggerTail::bodyOffset, {0x4C, 0x01, 0x00, 0x24, 0x17, 0x02, 0x52});
     storeMask(block, inputMaskOffset, trigger.getIOSelect());
     block.storeByte(levelOffset, high ? highLevel : lowLevel);
     return inputBodyLength;
@@ -110,8 +99,8 @@ QByteArray PackageTrigger::createTriggerPackage(TriggerInfo trigger)
         bodyLength = storeInputBody(block, trigger, highLevelText());
         break;
     }
-    block.storeWord(bodyLengthOffset, bodyLength);
-    TriggerTail::store(block, tailOffset(bodyLength),
+    block.storeWord(TriggerTail::bodyLengthOffset, bodyLength);
+    TriggerTail::store(block, TriggerTail::offsetBehind(bodyLength),
         EventIdList::fromText(trigger.getTriggerEvent()), trigger.getTriggerInstruction());
     return block.bytes();
 }
@@ -143,20 +132,20 @@ bool PackageTrigger::parseTriggerPackage(
         return false;
 
     // Before the class is looked at: an erased slot, all 0xFF, is a fault.
-    const int bodyLength = frame.payloadWord(bodyLengthOffset);
+    const int bodyLength = frame.payloadWord(TriggerTail::bodyLengthOffset);
     if (bodyLength > TriggerTail::maximumBodyLength) {
         error = tr("触发数据超出最大范围，最多为316个字节！");
         return false;
     }
 
-    const quint8 recordClass = frame.payloadByte(recordClassOffset);
-    const quint8 subclass = frame.payloadByte(recordSubclassOffset);
+    const quint8 recordClass = frame.payloadByte(TriggerTail::recordClassOffset);
+    const quint8 subclass = frame.payloadByte(TriggerTail::recordSubclassOffset);
     const bool serial = recordClass == 0x25 && subclass == 0x10;
     const bool input = recordClass == 0x24 && subclass == 0x17;
     if (!serial && !input)
         return true;
 
-    const TriggerTail tail(frame, tailOffset(bodyLength));
+    const TriggerTail tail(frame, TriggerTail::offsetBehind(bodyLength));
     if (!acceptTail(tail, error))
         return false;
 

@@ -5,7 +5,7 @@
 ProjectInfo::ProjectInfo() = default;
 
 ProjectInfo::ProjectInfo(const ProjectInfo& other)
-    : QObject()
+    : QObject(nullptr)
     , projectname(other.projectname)
     , projectremark(other.projectremark)
 {

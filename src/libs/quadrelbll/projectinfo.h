@@ -20,7 +20,9 @@
  */
 class QUADRELBLL_EXPORT ProjectInfo : public QObject {
     Q_OBJECT
+    /** The project's name. */
     Q_PROPERTY(QString projectname MEMBER projectname)
+    /** The project's remark. */
     Q_PROPERTY(QString projectremark MEMBER projectremark)
 
 public:

@@ -7,7 +7,7 @@
 ProjectModel::ProjectModel() = default;
 
 ProjectModel::ProjectModel(const ProjectModel& other)
-    : QObject()
+    : QObject(nullptr)
     , m_projects(other.m_projects)
 {
 }

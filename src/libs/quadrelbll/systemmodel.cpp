@@ -5,7 +5,7 @@
 SystemModel::SystemModel() = default;
 
 SystemModel::SystemModel(const SystemModel& other)
-    : QObject()
+    : QObject(nullptr)
     , m_ports(other.m_ports)
     , m_lines(other.m_lines)
 {

@@ -21,7 +21,7 @@ TriggerInfo::TriggerInfo()
 }
 
 TriggerInfo::TriggerInfo(const TriggerInfo& other)
-    : QObject()
+    : QObject(nullptr)
     , triggerId(other.triggerId)
     , triggertype(other.triggertype)
     , comSelect(other.comSelect)

@@ -73,6 +73,22 @@ Q_DECLARE_METATYPE(IOSelect)
  */
 class QUADRELBLL_EXPORT TriggerInfo : public QObject {
     Q_OBJECT
+    /** The position in the list. */
+    Q_PROPERTY(int triggerId MEMBER triggerId)
+    /** What fires the trigger. */
+    Q_PROPERTY(TriggerType triggertype MEMBER triggertype)
+    /** The serial line to watch. */
+    Q_PROPERTY(COMSelect comSelect MEMBER comSelect)
+    /** The IO line to watch. */
+    Q_PROPERTY(IOSelect ioSelect MEMBER ioSelect)
+    /** Whether the parameter is hexadecimal text (true) or plain text (false). */
+    Q_PROPERTY(bool protocoltype MEMBER protocoltype)
+    /** The bytes to wait for, or the level text of an IO input. */
+    Q_PROPERTY(QString parameter MEMBER parameter)
+    /** The list of events to run. */
+    Q_PROPERTY(QString events MEMBER events)
+    /** The free description. */
+    Q_PROPERTY(QString instruction MEMBER instruction)
 
 public:
     /** What fires a trigger. */
@@ -83,17 +99,6 @@ public:
     };
     Q_ENUM(TriggerType)
 
-private:
-    Q_PROPERTY(int triggerId MEMBER triggerId)
-    Q_PROPERTY(TriggerType triggertype MEMBER triggertype)
-    Q_PROPERTY(COMSelect comSelect MEMBER comSelect)
-    Q_PROPERTY(IOSelect ioSelect MEMBER ioSelect)
-    Q_PROPERTY(bool protocoltype MEMBER protocoltype)
-    Q_PROPERTY(QString parameter MEMBER parameter)
-    Q_PROPERTY(QString events MEMBER events)
-    Q_PROPERTY(QString instruction MEMBER instruction)
-
-public:
     /**
      * A record with the defaults of the table and no parent. The first one registers the meta-types
      * "TriggerType", "COMSelect" and "IOSelect", so that a QVariant carries them.

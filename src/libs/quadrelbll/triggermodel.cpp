@@ -7,7 +7,7 @@
 TriggerModel::TriggerModel() = default;
 
 TriggerModel::TriggerModel(const TriggerModel& other)
-    : QObject()
+    : QObject(nullptr)
     , m_triggers(other.m_triggers)
 {
 }

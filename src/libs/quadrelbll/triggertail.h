@@ -9,8 +9,8 @@ class RecordBlock;
 class ReplyFrame;
 
 /**
- * What trigger and time trigger blocks share: the limits of their slot and, behind the part of each
- * kind, the tail with events and description.
+ * What trigger and time trigger blocks share: the head's offsets, the limits of their slot and,
+ * behind the part of each kind, the tail with events and description.
  *
  * | Offset in the tail | Width | Field |
  * |---|---|---|
@@ -21,6 +21,14 @@ class ReplyFrame;
  */
 class TriggerTail {
 public:
+    static constexpr int bodyLengthOffset = 0;
+    static constexpr int bodyOffset = 2;
+    static constexpr int recordClassOffset = 5;
+    static constexpr int recordSubclassOffset = 6;
+
+    /** Where the tail stands in a block. The body is counted from behind its own length. */
+    static constexpr int offsetBehind(int bodyLength) { return bodyOffset + bodyLength; }
+
     /** Why a tail can't be read; in the order of the tests. */
     enum class Fault { None, TooManyEvents, DescriptionTooLong };
 

@@ -9,7 +9,7 @@ TriggerTimeInfo::TriggerTimeInfo()
 }
 
 TriggerTimeInfo::TriggerTimeInfo(const TriggerTimeInfo& other)
-    : QObject()
+    : QObject(nullptr)
     , triggerId(other.triggerId)
     , triggerType(other.triggerType)
     , startDate(other.startDate)

@@ -35,6 +35,22 @@
  */
 class QUADRELBLL_EXPORT TriggerTimeInfo : public QObject {
     Q_OBJECT
+    /** The position in the list. */
+    Q_PROPERTY(int triggerId MEMBER triggerId)
+    /** How the trigger repeats. */
+    Q_PROPERTY(RepetMode triggerType MEMBER triggerType)
+    /** The first day. */
+    Q_PROPERTY(QString startDate MEMBER startDate)
+    /** The last day. */
+    Q_PROPERTY(QString endDate MEMBER endDate)
+    /** The days of the week, one digit a day. */
+    Q_PROPERTY(QString selectWeekly MEMBER selectWeekly)
+    /** The time of day. */
+    Q_PROPERTY(QString triggerTime MEMBER triggerTime)
+    /** The list of events to run. */
+    Q_PROPERTY(QString events MEMBER events)
+    /** The free description. */
+    Q_PROPERTY(QString instruction MEMBER instruction)
 
 public:
     /** How a time trigger repeats. */
@@ -45,17 +61,6 @@ public:
     };
     Q_ENUM(RepetMode)
 
-private:
-    Q_PROPERTY(int triggerId MEMBER triggerId)
-    Q_PROPERTY(RepetMode triggerType MEMBER triggerType)
-    Q_PROPERTY(QString startDate MEMBER startDate)
-    Q_PROPERTY(QString endDate MEMBER endDate)
-    Q_PROPERTY(QString selectWeekly MEMBER selectWeekly)
-    Q_PROPERTY(QString triggerTime MEMBER triggerTime)
-    Q_PROPERTY(QString events MEMBER events)
-    Q_PROPERTY(QString instruction MEMBER instruction)
-
-public:
     /**
      * A record with the defaults of the table and no parent. The first one registers the meta-type
      * "RepetMode", so that a QVariant carries it.

@@ -7,7 +7,7 @@
 TriggerTimeModel::TriggerTimeModel() = default;
 
 TriggerTimeModel::TriggerTimeModel(const TriggerTimeModel& other)
-    : QObject()
+    : QObject(nullptr)
     , m_triggers(other.m_triggers)
 {
 }

@@ -61,7 +61,7 @@ class QUADRELBLL_EXPORT XmlFile : public QObject {
     Q_OBJECT
 
 public:
-    /** An instance is never needed; every function is static. */
+    /** An object with the parent `parent`. None is ever needed: every function is static. */
     explicit XmlFile(QObject* parent = nullptr);
 
     /**

@@ -93,6 +93,7 @@ void addUnitOptions(CLI::App& app, SimOptions& options)
     addNumber(
         app, options, "--serial", &UnitSettings::serialNumber, "Serial number (default 310000001)")
         ->type_name("NUMBER")
+        ->check(CLI::NonNegativeNumber)
         ->group(group);
     addFourBytes(app, options, "--firmware", &UnitSettings::version,
         "Version of the firmware (default 1.0.0.0)")

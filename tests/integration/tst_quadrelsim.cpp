@@ -1,0 +1,586 @@
+#include "unitframe.h"
+#include "unitframereader.h"
+#include "unitsettings.h"
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QtEndian>
+#include <QtNetwork/QNetworkDatagram>
+#include <QtNetwork/QTcpSocket>
+#include <QtNetwork/QUdpSocket>
+#include <QtTest/QtTest>
+
+#include <csignal>
+
+using namespace QuadrelUnit;
+
+namespace {
+
+constexpr int patience = 30000;
+
+/** The program quadrelsim, listening on a free port of the loopback interface. */
+class Simulator {
+public:
+    explicit Simulator(const QStringList& options = {})
+    {
+        const QString port = QStringLiteral("--port");
+        const QStringList freePort = {port, QStringLiteral("0")};
+        m_process.start(QStringLiteral(QUADRELSIM_PROGRAM),
+            options.contains(port) ? options : options + freePort);
+    }
+    ~Simulator()
+    {
+        m_process.kill();
+        m_process.waitForFinished(patience);
+    }
+
+    QProcess& process() { return m_process; }
+
+    /** The next line of standard output, without its end. */
+    QString line()
+    {
+        while (!m_process.canReadLine()) {
+            if (!m_process.waitForReadyRead(patience))
+                return QStringLiteral("no line: ") + errors();
+        }
+        return QString::fromUtf8(m_process.readLine()).trimmed();
+    }
+
+    /** The port told by the next line, or 0 if the line is another one. */
+    quint16 port(const QString& beginning = QStringLiteral("listening on "))
+    {
+        const QRegularExpression form(
+            QLatin1Char('^') + beginning + QStringLiteral("127\\.0\\.0\\.1:(\\d+)$"));
+        return form.match(line()).captured(1).toUShort();
+    }
+
+    QString errors()
+    {
+        m_errors += QString::fromUtf8(m_process.readAllStandardError());
+        return m_errors;
+    }
+
+    bool waitForError(const QString& text)
+    {
+        return QTest::qWaitFor([&] { return errors().contains(text); }, patience);
+    }
+
+    /** The exit code, or -1 if the program does not end or was killed. */
+    int exitCode()
+    {
+        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(patience))
+            return -1;
+        return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+    }
+
+    int terminate(int signal = SIGTERM)
+    {
+        ::kill(static_cast<pid_t>(m_process.processId()), signal);
+        return exitCode();
+    }
+
+private:
+    QProcess m_process;
+    QString m_errors;
+};
+
+class Client {
+public:
+    explicit Client(quint16 port)
+    {
+        m_socket.connectToHost(QHostAddress::LocalHost, port);
+        m_socket.waitForConnected(patience);
+    }
+
+    QTcpSocket& socket() { return m_socket; }
+
+    std::optional<UnitFrame> ask(const UnitFrame& request)
+    {
+        m_socket.write(request.encode());
+        return reply();
+    }
+    std::optional<UnitFrame> reply()
+    {
+        std::optional<UnitFrame> frame = m_reader.next();
+        while (!frame && !m_reader.isBroken() && m_socket.waitForReadyRead(patience)) {
+            m_reader.feed(m_socket.readAll());
+            frame = m_reader.next();
+        }
+        return frame;
+    }
+    QByteArray read(quint32 address, quint16 length)
+    {
+        const std::optional<UnitFrame> frame = ask(UnitFrame::readRequest(1, address, length));
+        return frame ? frame->payload : QByteArray("none");
+    }
+    bool write(quint32 address, const QByteArray& data)
+    {
+        return ask(UnitFrame::writeRequest(2, address, data)).has_value();
+    }
+    bool waitForClosed()
+    {
+        return m_socket.state() == QAbstractSocket::UnconnectedState
+            || m_socket.waitForDisconnected(patience);
+    }
+
+private:
+    QTcpSocket m_socket;
+    UnitFrameReader m_reader{UnitFrameReader::Replies};
+};
+
+QStringList words(const char* text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+QByteArray word(int value)
+{
+    QByteArray bytes(4, '\0');
+    qToLittleEndian(static_cast<quint32>(value), bytes.data());
+    return bytes;
+}
+
+bool upgrade(Client& client, const QByteArray& streamed, const QByteArray& addressed)
+{
+    constexpr int chunk = 2048;
+    bool isGood = client.write(0x01F00000, word(streamed.size() + addressed.size()))
+        && client.write(0x01F00004, word(0)) && client.write(0x01F0000C, word(addressed.size()))
+        && client.write(0x01F00008, QByteArray::fromHex("02000100"));
+    for (int i = 0; isGood && i < addressed.size(); i += chunk)
+        isGood = client.write(0x06000000 + static_cast<quint32>(i), addressed.mid(i, chunk));
+    isGood = isGood && client.write(0x18200002, QByteArray::fromHex("0972"))
+        && client.write(0x18200000, QByteArray::fromHex("0000"))
+        && client.write(0x01F00000, word(streamed.size())) && client.write(0x01F00004, word(0))
+        && client.write(0x01F0000C, word(streamed.size()))
+        && client.write(0x01F00008, QByteArray::fromHex("02000200"));
+    for (int i = 0; isGood && i < streamed.size(); i += chunk)
+        isGood = client.write(0x18000000, streamed.mid(i, chunk));
+    return isGood;
+}
+
+QString imageLine(const char* name, const QByteArray& image)
+{
+    return QStringLiteral("image %1 %2 %3")
+        .arg(QLatin1String(name))
+        .arg(image.size())
+        .arg(QLatin1String(QCryptographicHash::hash(image, QCryptographicHash::Sha256).toHex()));
+}
+
+} // namespace
+
+class TestQuadrelsim : public QObject {
+    Q_OBJECT
+
+private slots:
+    void servesItsInformation();
+    void reportsItsSettings();
+    void servesUdp();
+    void endsCleanly_data();
+    void endsCleanly();
+    void tellsItsUsage_data();
+    void tellsItsUsage();
+    void refusesWrongUsage_data();
+    void refusesWrongUsage();
+    void cannotTakeAPortTwice();
+    void refusesGarbage();
+    void tellsEachRequest();
+    void servesTheSample();
+    void keepsItsMemory();
+    void laysOptionsOverItsMemory();
+    void refusesAForeignMemory();
+    void cannotSaveItsMemory();
+    void resetsAndComesBack();
+    void takesUpgrades();
+    void tellsOfABrokenUpgrade();
+    void makesFaults();
+    void answersSearches();
+    void answersSearchesOddly();
+    void cannotAnswerSearchesEverywhere();
+};
+
+void TestQuadrelsim::servesItsInformation()
+{
+    Simulator simulator;
+    const quint16 port = simulator.port();
+    QVERIFY(port != 0);
+    Client client(port);
+    const std::optional<UnitFrame> reply = client.ask(UnitFrame::readRequest(200, 0xF0000000, 32));
+    QVERIFY(reply);
+    QCOMPARE(reply->label, quint8(200));
+    QCOMPARE(reply->address, quint32(0xF0000000));
+    QCOMPARE(reply->payload, UnitSettings().informationBlock());
+    QCOMPARE(client.read(0xF0010000, 1), QByteArray(1, '\0'));
+}
+
+void TestQuadrelsim::reportsItsSettings()
+{
+    Simulator simulator(words("--model 0x1234 --serial 18446744073709551615 --firmware 4.3.2.1 "
+                              "--ports 4 --io 8 --relays 255 --ip 10.0.0.7 --mask 255.0.0.0 "
+                              "--gateway 10.0.0.1 --dhcp --link-down"));
+    Client client(simulator.port());
+    QCOMPARE(client.read(0xF0000000, 32),
+        QByteArray::fromHex("3412 04030201 ffffffffffffffff 01 0700000a 000000ff 0100000a"
+                            "00 00 04 08 ff"));
+    // Four ports and eight lines have their settings; the ones behind have none.
+    QCOMPARE(
+        client.read(0xF0001000 + 3 * 7, 14), QByteArray::fromHex("00c20100080100 00000000000000"));
+    QCOMPARE(client.read(0xF0001100 + 7 * 2, 4), QByteArray::fromHex("01000000"));
+}
+
+void TestQuadrelsim::servesUdp()
+{
+    Simulator simulator;
+    const quint16 port = simulator.port();
+    QUdpSocket client;
+    QVERIFY2(client.bind(QHostAddress::LocalHost), qPrintable(client.errorString()));
+    const UnitFrame request = UnitFrame::readRequest(1, 0xF0000000, 32);
+    client.writeDatagram(request.encode(), QHostAddress::LocalHost, port);
+    QVERIFY(client.waitForReadyRead(patience));
+    QCOMPARE(client.receiveDatagram().data(),
+        UnitFrame::replyTo(request, UnitSettings().informationBlock()).encode());
+}
+
+void TestQuadrelsim::endsCleanly_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+}
+
+void TestQuadrelsim::endsCleanly()
+{
+    QFETCH(int, signal);
+    Simulator simulator;
+    Client client(simulator.port());
+    QCOMPARE(simulator.terminate(signal), 0);
+    QCOMPARE(simulator.errors(), QString());
+    QVERIFY(client.waitForClosed());
+}
+
+void TestQuadrelsim::tellsItsUsage_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("help") << "--help"
+                          << "--print-digests";
+    QTest::newRow("short help") << "-h"
+                                << "Usage: ";
+    QTest::newRow("version") << "--version"
+                             << "quadrelsim 0.";
+}
+
+void TestQuadrelsim::tellsItsUsage()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, text);
+    Simulator simulator({option});
+    QCOMPARE(simulator.exitCode(), 0);
+    QVERIFY(simulator.process().readAllStandardOutput().contains(text.toUtf8()));
+    QCOMPARE(simulator.errors(), QString());
+}
+
+void TestQuadrelsim::refusesWrongUsage_data()
+{
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("unknown option") << "--nonsense"
+                                    << "--nonsense";
+    QTest::newRow("stray word") << "nonsense"
+                                << "nonsense";
+    QTest::newRow("listen") << "--listen nowhere"
+                            << "nowhere is no IP address";
+    QTest::newRow("port") << "--port 65536"
+                          << "65536";
+    QTest::newRow("port text") << "--port http"
+                               << "http";
+    QTest::newRow("model") << "--model 65536"
+                           << "65536";
+    QTest::newRow("serial") << "--serial -1"
+                            << "-1";
+    QTest::newRow("firmware") << "--firmware 1.2.3"
+                              << "1.2.3 is not of the form 1.2.3.4";
+    QTest::newRow("ports") << "--ports 37"
+                           << "37 not in range 0 to 36";
+    QTest::newRow("io") << "--io 256"
+                        << "256 not in range 0 to 255";
+    QTest::newRow("relays") << "--relays x"
+                            << "x not in range";
+    QTest::newRow("ip") << "--ip 1.2.3.256"
+                        << "1.2.3.256 is not of the form 1.2.3.4";
+    QTest::newRow("reset time") << "--reset-time -1"
+                                << "-1 not in range";
+    QTest::newRow("upgrade version") << "--upgrade-version 5"
+                                     << "5 is not of the form 1.2.3.4";
+    QTest::newRow("fault") << "--fault melt@1"
+                           << "\"melt@1\" is no fault";
+    QTest::newRow("second fault") << "--fault drop@1 --fault melt@1"
+                                  << "\"melt@1\" is no fault";
+    QTest::newRow("seed") << "--seed x"
+                          << "x";
+    QTest::newRow("discovery address") << "--discovery-listen x"
+                                       << "x is no IP address";
+    QTest::newRow("hexadecimal payload") << "--discovery-payload-hex 0g"
+                                         << "0g is not pairs of hexadecimal digits";
+    QTest::newRow("half a byte") << "--discovery-payload-hex 012"
+                                 << "012 is not pairs of hexadecimal digits";
+    QTest::newRow("two payloads") << "--discovery-payload a --discovery-payload-hex 00"
+                                  << "excludes";
+    QTest::newRow("garbage") << "--discovery-garbage 65508"
+                             << "not in range 0 to 65507";
+}
+
+void TestQuadrelsim::refusesWrongUsage()
+{
+    QFETCH(QString, options);
+    QFETCH(QString, reason);
+    Simulator simulator(options.split(QLatin1Char(' ')));
+    QCOMPARE(simulator.exitCode(), 2);
+    QVERIFY2(simulator.errors().contains(reason), qPrintable(simulator.errors()));
+    QVERIFY(simulator.process().readAllStandardOutput().isEmpty());
+}
+
+void TestQuadrelsim::cannotTakeAPortTwice()
+{
+    Simulator simulator;
+    const QString port = QString::number(simulator.port());
+    Simulator second({QStringLiteral("--port"), port});
+    QCOMPARE(second.exitCode(), 1);
+    QVERIFY(second.errors().startsWith(
+        QStringLiteral("quadrelsim: cannot listen on 127.0.0.1:%1: ").arg(port)));
+    QVERIFY(second.process().readAllStandardOutput().isEmpty());
+}
+
+void TestQuadrelsim::refusesGarbage()
+{
+    Simulator simulator;
+    const quint16 port = simulator.port();
+    Client client(port);
+    client.socket().write("what is this?");
+    QVERIFY(client.waitForClosed());
+    QVERIFY(simulator.waitForError(
+        QStringLiteral("the bytes do not begin as a frame does; connection dropped\n")));
+    Client other(port);
+    QCOMPARE(other.read(0xF0000000, 32), UnitSettings().informationBlock());
+}
+
+void TestQuadrelsim::tellsEachRequest()
+{
+    Simulator simulator(words("--verbose --fault wrong-label@2 --reset-time 1"));
+    Client client(simulator.port());
+    const QString peer =
+        QStringLiteral("quadrelsim: tcp 127.0.0.1:%1: ").arg(client.socket().localPort());
+    client.read(0xF0020001, 512);
+    client.write(0xF0020000, "x");
+    client.write(0xF000001C, "\x01");
+    QVERIFY(simulator.waitForError(QStringLiteral("back again\n")));
+    QVERIFY(simulator.errors().contains(
+        peer + QStringLiteral("label 1, read 512 bytes at 0xf0020001\n")));
+    QVERIFY(simulator.errors().contains(
+        peer + QStringLiteral("label 2, write 1 bytes at 0xf0020000, fault: wrong-label\n")));
+    QVERIFY(simulator.errors().contains(QStringLiteral("quadrelsim: going down\n")));
+}
+
+void TestQuadrelsim::servesTheSample()
+{
+    Simulator simulator(words("--sample"));
+    Client client(simulator.port());
+    const QByteArray events = client.read(0xF0020000, 1);
+    QVERIFY(events.at(0) >= 24);
+    QCOMPARE(client.read(0xF0020001, 12), QByteArray::fromHex("01 1200 4c01002510 0152 01 10"));
+    QVERIFY(client.read(0xF0010000, 1).at(0) > 10);
+    QCOMPARE(client.read(0xF0001000, 7), QByteArray::fromHex("00c20100080100"));
+}
+
+void TestQuadrelsim::keepsItsMemory()
+{
+    const QTemporaryDir directory;
+    const QStringList options = {QStringLiteral("--memory"),
+        directory.filePath(QStringLiteral("unit.memory")), QStringLiteral("--sample")};
+    QByteArray table;
+    {
+        Simulator simulator(options);
+        Client client(simulator.port());
+        QVERIFY(client.write(0xF0020000, "\x01"));
+        QVERIFY(client.write(0xF0020001, QByteArray(512, 'e')));
+        QVERIFY(client.write(0x02000011, QByteArray::fromHex("000101000000")));
+        table = client.read(0xF0010000, 5000);
+        QCOMPARE(simulator.terminate(), 0);
+    }
+    {
+        // The sample fills a new memory only.
+        Simulator simulator(options);
+        Client client(simulator.port());
+        QCOMPARE(client.read(0xF0020000, 1), QByteArray("\x01"));
+        QCOMPARE(client.read(0xF0020001, 512), QByteArray(512, 'e'));
+        QCOMPARE(client.read(0xF0010000, 5000), table);
+        QCOMPARE(client.read(0x02000011, 3), QByteArray::fromHex("000101"));
+        QCOMPARE(simulator.terminate(), 0);
+    }
+}
+
+void TestQuadrelsim::laysOptionsOverItsMemory()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("unit.memory"));
+    const QStringList memory = {QStringLiteral("--memory"), path};
+    {
+        Simulator simulator(memory + words("--model 5 --serial 77"));
+        QVERIFY(simulator.port() != 0);
+        QCOMPARE(simulator.terminate(), 0);
+    }
+    Simulator simulator(memory + words("--serial 78 --ip 10.0.0.9"));
+    Client client(simulator.port());
+    UnitSettings settings;
+    settings.model = 5;
+    settings.serialNumber = 78;
+    settings.ip = {10, 0, 0, 9};
+    QCOMPARE(client.read(0xF0000000, 32), settings.informationBlock());
+}
+
+void TestQuadrelsim::refusesAForeignMemory()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("diary.txt"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("Dear diary\n");
+    file.close();
+    Simulator simulator({QStringLiteral("--memory"), path});
+    QCOMPARE(simulator.exitCode(), 1);
+    QCOMPARE(simulator.errors(),
+        QStringLiteral("quadrelsim: %1 is no memory of a simulated unit\n").arg(path));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("Dear diary\n"));
+}
+
+void TestQuadrelsim::cannotSaveItsMemory()
+{
+    QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("folder/unit.memory"));
+    Simulator refused({QStringLiteral("--memory"), path});
+    QCOMPARE(refused.exitCode(), 1);
+    QVERIFY(refused.errors().startsWith(QStringLiteral("quadrelsim: cannot save ") + path));
+
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("folder")));
+    Simulator simulator({QStringLiteral("--memory"), path});
+    Client client(simulator.port());
+    QVERIFY(directory.remove());
+    QVERIFY(client.write(0xF0020000, "\x01"));
+    QVERIFY(simulator.waitForError(QStringLiteral("cannot save ") + path));
+    QCOMPARE(client.read(0xF0020000, 1), QByteArray("\x01"));
+    QVERIFY(client.write(0xF0020000, "\x02"));
+    QCOMPARE(simulator.terminate(), 1);
+}
+
+void TestQuadrelsim::resetsAndComesBack()
+{
+    Simulator simulator(words("--reset-time 1 --ip 10.0.0.9 --verbose"));
+    const quint16 port = simulator.port();
+    Client client(port);
+    QVERIFY(client.write(0xF000000E, QByteArray::fromHex("00 01010101 02020202 03030303")));
+    QCOMPARE(client.read(0xF000000F, 4), QByteArray::fromHex("01010101"));
+    QVERIFY(client.write(0xF000001C, QByteArray(1, '\0')));
+    QVERIFY(client.waitForClosed());
+    QVERIFY(simulator.waitForError(QStringLiteral("back again")));
+    Client again(port);
+    QCOMPARE(again.read(0xF000000F, 4), QByteArray::fromHex("0900000a"));
+}
+
+void TestQuadrelsim::takesUpgrades()
+{
+    Simulator simulator(
+        words("--reset-time 1 --print-digests --verbose --upgrade-version 9.9.9.9"));
+    const quint16 port = simulator.port();
+    const QByteArray streamed = QByteArray("streamed").repeated(700);
+    const QByteArray addressed = QByteArray("addressed").repeated(555);
+    Client client(port);
+    QVERIFY(upgrade(client, streamed, addressed));
+    QVERIFY(client.waitForClosed());
+    QCOMPARE(simulator.line(), imageLine("addressed", addressed));
+    QCOMPARE(simulator.line(), imageLine("streamed", streamed));
+    QVERIFY(simulator.waitForError(QStringLiteral("back again")));
+    Client again(port);
+    QCOMPARE(again.read(0xF0000002, 4), QByteArray::fromHex("09090909"));
+    QVERIFY(upgrade(again, QByteArray(), QByteArray()));
+    QVERIFY(again.waitForClosed());
+    QCOMPARE(simulator.line(), imageLine("addressed", QByteArray()));
+    QCOMPARE(simulator.line(), imageLine("streamed", QByteArray()));
+}
+
+void TestQuadrelsim::tellsOfABrokenUpgrade()
+{
+    Simulator simulator(words("--print-digests"));
+    Client client(simulator.port());
+    QVERIFY(client.write(0x18200002, QByteArray::fromHex("0972")));
+    QVERIFY(simulator.waitForError(QStringLiteral(
+        "quadrelsim: upgrade out of order: a write at 0x18200002, and no upgrade was begun\n")));
+    QCOMPARE(client.read(0xF0000002, 4), QByteArray::fromHex("01000000"));
+}
+
+void TestQuadrelsim::makesFaults()
+{
+    Simulator simulator(words("--fault wrong-address@2 --fault cut@3 --fault short%0 --seed 9"));
+    const quint16 port = simulator.port();
+    Client client(port);
+    const UnitFrame request = UnitFrame::readRequest(1, 0xF0000000, 32);
+    QCOMPARE(client.ask(request)->address, quint32(0xF0000000));
+    QCOMPARE(client.ask(request)->address, quint32(0xF0000001));
+    QVERIFY(!client.ask(request));
+    QVERIFY(client.waitForClosed());
+    Client again(port);
+    QVERIFY(again.ask(request));
+}
+
+void TestQuadrelsim::answersSearches()
+{
+    Simulator simulator(words("--serial 42 --discovery-listen 127.0.0.1 --discovery-port 0"));
+    const quint16 port = simulator.port();
+    const quint16 searchPort = simulator.port(QStringLiteral("answering searches on "));
+    QVERIFY(searchPort != 0);
+    QUdpSocket searcher;
+    QVERIFY2(searcher.bind(QHostAddress::LocalHost), qPrintable(searcher.errorString()));
+    searcher.writeDatagram("Zorbe:", QHostAddress::LocalHost, searchPort);
+    QVERIFY(searcher.waitForReadyRead(patience));
+    QCOMPARE(searcher.receiveDatagram().data(),
+        QStringLiteral("Zorbe:3100;port=%1;sn=42;version=1.0.0.0").arg(port).toLatin1());
+}
+
+void TestQuadrelsim::answersSearchesOddly()
+{
+    Simulator simulator(words("--discovery-listen 127.0.0.1 --discovery-port 0 --verbose "
+                              "--discovery-name Zorbe:9 --discovery-payload-hex 00ff41 "
+                              "--discovery-zeros 2 --discovery-offset 1 --discovery-repeat 2 "
+                              "--discovery-garbage 100"));
+    QVERIFY(simulator.port() != 0);
+    const quint16 searchPort = simulator.port(QStringLiteral("answering searches on "));
+    QUdpSocket searcher;
+    QVERIFY2(searcher.bind(QHostAddress::LocalHost), qPrintable(searcher.errorString()));
+    searcher.writeDatagram("Zorbe:", QHostAddress::LocalHost, searchPort);
+    QList<QByteArray> replies;
+    while (replies.size() < 3) {
+        QVERIFY(searcher.hasPendingDatagrams() || searcher.waitForReadyRead(patience));
+        replies.append(searcher.receiveDatagram().data());
+    }
+    const QByteArray reply("\0\0.Zorbe:9\0\xFF"
+                           "A",
+        13);
+    QCOMPARE(replies[0].size(), 100);
+    QCOMPARE(replies[1], reply);
+    QCOMPARE(replies[2], reply);
+    QVERIFY(simulator.waitForError(
+        QStringLiteral("quadrelsim: searched by 127.0.0.1:%1\n").arg(searcher.localPort())));
+}
+
+void TestQuadrelsim::cannotAnswerSearchesEverywhere()
+{
+    Simulator simulator(words("--discovery-listen 192.0.2.1"));
+    QCOMPARE(simulator.exitCode(), 1);
+    QVERIFY(simulator.errors().startsWith(
+        QStringLiteral("quadrelsim: cannot answer searches on 192.0.2.1:3800: ")));
+    QVERIFY(simulator.process().readAllStandardOutput().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestQuadrelsim)
+#include "tst_quadrelsim.moc"

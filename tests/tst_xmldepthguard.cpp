@@ -1,0 +1,360 @@
+#include <QtCore/QBuffer>
+#include <QtCore/QTemporaryFile>
+#include <QtCore/QTextStream>
+#include <QtTest/QtTest>
+#include <QtXml/QDomDocument>
+
+#include "xmldepthguard.h"
+
+namespace {
+
+struct Parse {
+    bool parsed = false;
+    QString text;
+    QString error;
+};
+
+QString textOf(const QDomDocument& document)
+{
+    QString text;
+    QTextStream stream(&text);
+    document.save(stream, 1);
+    return text;
+}
+
+Parse guarded(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QDomDocument document;
+    Parse parse;
+    parse.parsed = setContentGuarded(document, buffer, QStringLiteral("too deep"), &parse.error);
+    if (parse.parsed)
+        parse.text = textOf(document);
+    return parse;
+}
+
+Parse plain(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QDomDocument document;
+    Parse parse;
+    parse.parsed = document.setContent(&buffer, false, &parse.error);
+    if (parse.parsed)
+        parse.text = textOf(document);
+    return parse;
+}
+
+QByteArray nested(int levels)
+{
+    return QByteArray("<a>").repeated(levels) + QByteArray("</a>").repeated(levels);
+}
+
+QByteArray utf16(const QByteArray& ascii)
+{
+    QByteArray bytes;
+    for (const char c : ascii)
+        bytes.append(c).append('\0');
+    return bytes;
+}
+
+QByteArray withType(const QByteArray& declarations, const QByteArray& document)
+{
+    return "<!DOCTYPE a [" + declarations + "]>" + document;
+}
+
+} // namespace
+
+class TestXmlDepthGuard : public QObject {
+    Q_OBJECT
+
+private slots:
+    void parsesLikeTheDom_data();
+    void parsesLikeTheDom();
+    void refusesTooDeep_data();
+    void refusesTooDeep();
+    void acceptsTheDeepest_data();
+    void acceptsTheDeepest();
+    void countsNoParenthesesOutsideTheProlog_data();
+    void countsNoParenthesesOutsideTheProlog();
+    void endsEntityBombs_data();
+    void endsEntityBombs();
+    void leavesErrorAloneOnSuccess();
+    void takesNoErrorText();
+    void parsesAnOpenTextFile();
+};
+
+void TestXmlDepthGuard::parsesLikeTheDom_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("wellFormed");
+
+    QTest::newRow("element") << QByteArray("<a/>") << true;
+    QTest::newRow("declaration") << QByteArray("<?xml version='1.0'?><a>t</a>") << true;
+    QTest::newRow("indented") << QByteArray("<a>\n  <b> </b>\n  <c> t </c>\n</a>\n") << true;
+    QTest::newRow("attributes") << QByteArray("<a b='1' c=\"2&lt;\"/>") << true;
+    QTest::newRow("namespaces") << QByteArray(
+        "<x:a xmlns:x='urn:x' xmlns='urn:y'><b x:c='1'/></x:a>")
+                                << true;
+    QTest::newRow("unbound prefix") << QByteArray("<x:a/>") << true;
+    QTest::newRow("comments") << QByteArray("<!-- 1 --><a><!-- </a> --></a><!-- 2 -->") << true;
+    QTest::newRow("cdata") << QByteArray("<a><![CDATA[</a><b>]]></a>") << true;
+    QTest::newRow("instructions") << QByteArray("<?p q?><a><?p <a>?></a><?p q?>") << true;
+    QTest::newRow("characters") << QByteArray("<a>&#65;&#x42;&amp;&lt;&gt;&quot;&apos;</a>")
+                                << true;
+    QTest::newRow("carriage returns") << QByteArray("<a>\r\n<b>x\r\ny\rz</b>\r\n</a>") << true;
+    QTest::newRow("type") << withType("<!ELEMENT a (b|(c,d))*>", "<a/>") << true;
+    QTest::newRow("type's attribute") << withType("<!ATTLIST a b CDATA 'd'>", "<a/>") << true;
+    QTest::newRow("type's notation") << withType("<!NOTATION n SYSTEM 'n'>", "<a/>") << true;
+    QTest::newRow("external entity") << withType("<!ENTITY e SYSTEM 'e'>", "<a>&e;</a>") << true;
+    QTest::newRow("external entity in attribute")
+        << withType("<!ENTITY e SYSTEM 'e'>", "<a b='&e;'/>") << false;
+    QTest::newRow("unparsed entity")
+        << withType("<!NOTATION n SYSTEM 'n'><!ENTITY e SYSTEM 'e' NDATA n>", "<a/>") << true;
+    QTest::newRow("entity") << withType("<!ENTITY e '<b>x</b>'>", "<a>&e;&e;</a>") << true;
+    QTest::newRow("entity in attribute") << withType("<!ENTITY e 'x'>", "<a b='&e;'/>") << true;
+    QTest::newRow("parameter entity")
+        << withType("<!ENTITY % p '<!ENTITY e \"x\">'>%p;", "<a>&e;</a>") << true;
+    QTest::newRow("undeclared entity") << QByteArray("<a>x&e;y</a>") << true;
+    QTest::newRow("undeclared entity in the root's attribute")
+        << QByteArray("<a b='x&e;y'/>") << true;
+    QTest::newRow("undeclared entity in an attribute")
+        << QByteArray("<r><a b='&e;'/>x&f;<c d='&g;'>&h;</c></r>") << true;
+    QTest::newRow("undeclared entity and a mistake")
+        << QByteArray("<r><a b='&e;'/>x&f;</s>") << false;
+    QTest::newRow("external type")
+        << QByteArray("<!DOCTYPE a SYSTEM 'x'><a b='&e;'>&e;</a>") << true;
+    QTest::newRow("UTF-8 mark") << QByteArray("\xEF\xBB\xBF<a>\xE4\xBA\x8B</a>") << true;
+    QTest::newRow("outside the BMP") << QByteArray("<a>\xF0\x9F\x98\x80</a>") << true;
+    QTest::newRow("Latin-1") << QByteArray("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>")
+                             << true;
+    const QByteArray declared = "<?xml version='1.0' encoding='UTF-16'?><a>x</a>";
+    QTest::newRow("UTF-16") << "\xFF\xFE" + utf16(declared) << true;
+    QTest::newRow("UTF-16 without mark") << utf16(declared) << plain(utf16(declared)).parsed;
+    QTest::newRow("invalid UTF-8") << QByteArray("<a>\xFF\xFE\x80</a>") << true;
+    QTest::newRow("long") << "<a>" + QByteArray("<b c='d'>text (</b>\n").repeated(5000) + "</a>"
+                          << true;
+
+    QTest::newRow("nothing") << QByteArray() << false;
+    QTest::newRow("blanks") << QByteArray(" \n ") << false;
+    QTest::newRow("plain text") << QByteArray("text") << false;
+    QTest::newRow("open element") << QByteArray("<a><b></b>") << false;
+    QTest::newRow("crossed elements") << QByteArray("<a><b></a></b>") << false;
+    QTest::newRow("two roots") << QByteArray("<a/><b/>") << false;
+    QTest::newRow("text after the root") << QByteArray("<a/>text") << false;
+    QTest::newRow("bare ampersand") << QByteArray("<a>&</a>") << false;
+    QTest::newRow("attribute without quotes") << QByteArray("<a b=c/>") << false;
+    QTest::newRow("attribute twice") << QByteArray("<a b='1' b='2'/>") << true;
+    QTest::newRow("open comment") << QByteArray("<a><!-- </a>") << false;
+    QTest::newRow("open cdata") << QByteArray("<a><![CDATA[</a>") << false;
+    QTest::newRow("late declaration") << QByteArray(" <?xml version='1.0'?><a/>") << false;
+    QTest::newRow("wrong version") << QByteArray("<?xml version='9'?><a/>") << true;
+    QTest::newRow("unknown encoding")
+        << QByteArray("<?xml version='1.0' encoding='no-such'?><a/>") << true;
+    QTest::newRow("NUL") << QByteArray("<a>\0</a>", 8) << plain(QByteArray("<a>\0</a>", 8)).parsed;
+    QTest::newRow("recursive entities")
+        << withType("<!ENTITY e '&f;'><!ENTITY f '&e;'>", "<a>&e;</a>") << false;
+    QTest::newRow("open type") << QByteArray("<!DOCTYPE a [<!ELEMENT a (b") << false;
+}
+
+void TestXmlDepthGuard::parsesLikeTheDom()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const bool, wellFormed);
+
+    const Parse expected = plain(bytes);
+    const Parse actual = guarded(bytes);
+
+    QCOMPARE(expected.parsed, wellFormed);
+    QCOMPARE(actual.parsed, expected.parsed);
+    QCOMPARE(actual.text, expected.text);
+    QCOMPARE(actual.error, expected.error);
+}
+
+void TestXmlDepthGuard::refusesTooDeep_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    const int million = 1000000;
+    QTest::newRow("one too many") << nested(1001);
+    QTest::newRow("empty element too many")
+        << QByteArray("<a>").repeated(1000) + "<b/>" + QByteArray("</a>").repeated(1000);
+    QTest::newRow("after a shallow part") << "<r>" + nested(999) + nested(1000) + "</r>";
+    QTest::newRow("a million") << nested(million);
+    QTest::newRow("a million, never closed") << QByteArray("<a>").repeated(million);
+    QTest::newRow("before a mistake") << nested(1001) + "</b>";
+    QTest::newRow("with attributes") << QByteArray("<a b='/>'>").repeated(million);
+    QTest::newRow("behind comments") << QByteArray("<a><!-- </a> -->").repeated(million);
+    QTest::newRow("behind sections") << QByteArray("<a><![CDATA[</a>]]>").repeated(million);
+    QTest::newRow("behind instructions") << QByteArray("<a><?p </a>?>").repeated(million);
+    QTest::newRow("with texts") << QByteArray("<a>text &amp; text").repeated(million);
+    QTest::newRow("within undeclared entities") << QByteArray("<a c='&b;'>&b;").repeated(million);
+    QTest::newRow("in an entity") << withType(
+        "<!ENTITY e '<a>'>", "<r>" + QByteArray("&e;").repeated(million));
+    QTest::newRow("in nested entities")
+        << withType("<!ENTITY e '<a><a>&f;&f;'><!ENTITY f '<a>&g;'><!ENTITY g '<a>'>",
+               "<r>" + QByteArray("&e;").repeated(million));
+    QTest::newRow("in an entity of character references")
+        << withType("<!ENTITY e '&#60;a&#62;'>", "<r>" + QByteArray("&e;").repeated(million));
+    QTest::newRow("in UTF-16") << "\xFF\xFE" + QByteArray("<\0a\0>\0", 6).repeated(million);
+    QTest::newRow("in UTF-16, big-endian")
+        << "\xFE\xFF" + QByteArray("\0<\0a\0>", 6).repeated(million);
+    QTest::newRow("in Latin-1") << "<?xml version='1.0' encoding='ISO-8859-1'?>"
+            + QByteArray("<a>").repeated(million);
+    QTest::newRow("in ISO-2022-JP")
+        << "<?xml version='1.0' encoding='ISO-2022-JP'?>" + QByteArray("<a>").repeated(million);
+    QTest::newRow("content model")
+        << withType("<!ELEMENT a " + QByteArray("(").repeated(million), QByteArray());
+    QTest::newRow("content model with names") << withType(
+        "<!ELEMENT a " + QByteArray("((b)*,").repeated(10) + QByteArray("( \n").repeated(million),
+        QByteArray());
+    QTest::newRow("content model in an entity") << withType(
+        "<!ENTITY % p '<!ELEMENT a " + QByteArray("(").repeated(million) + "'>%p;", "<a/>");
+    QTest::newRow("content model in an entity of character references") << withType(
+        "<!ENTITY % p '<!ELEMENT a " + QByteArray("&#40;").repeated(million) + "'>%p;", "<a/>");
+    QTest::newRow("content model begun in an entity")
+        << withType("<!ENTITY % p '<!ELEMENT a ('>%p;" + QByteArray("(").repeated(million), "<a/>");
+}
+
+void TestXmlDepthGuard::refusesTooDeep()
+{
+    QFETCH(const QByteArray, bytes);
+
+    const Parse parse = guarded(bytes);
+
+    QVERIFY(!parse.parsed);
+    QCOMPARE(parse.error, QStringLiteral("too deep"));
+}
+
+void TestXmlDepthGuard::acceptsTheDeepest_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("elements") << nested(1000);
+    QTest::newRow("empty element")
+        << QByteArray("<a>").repeated(999) + "<b/>" + QByteArray("</a>").repeated(999);
+    QTest::newRow("many of them") << "<r>" + nested(999).repeated(20) + "</r>";
+    QTest::newRow("many siblings") << "<r>" + QByteArray("<a/>").repeated(100000) + "</r>";
+    QTest::newRow("an undeclared entity")
+        << QByteArray("<a b='&e;'>").repeated(1000) + QByteArray("</a>").repeated(1000);
+    QTest::newRow("content model") << withType("<!ELEMENT a " + QByteArray("(").repeated(2000) + "b"
+            + QByteArray(")").repeated(2000) + ">",
+        "<a/>");
+    QTest::newRow("many content models")
+        << withType(QByteArray("<!ELEMENT a ((b),(c))>").repeated(2000), "<a/>");
+}
+
+void TestXmlDepthGuard::acceptsTheDeepest()
+{
+    QFETCH(const QByteArray, bytes);
+
+    const Parse expected = plain(bytes);
+    const Parse actual = guarded(bytes);
+
+    QVERIFY(expected.parsed);
+    QVERIFY(actual.parsed);
+    QCOMPARE(actual.text, expected.text);
+}
+
+void TestXmlDepthGuard::countsNoParenthesesOutsideTheProlog_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    const QByteArray parentheses = QByteArray("(").repeated(100000);
+    QTest::newRow("text at once") << "<a>" + parentheses + "</a>";
+    QTest::newRow("text of a section") << "<a><![CDATA[" + parentheses + "]]></a>";
+    QTest::newRow("attribute of a child") << "<a><b c='" + parentheses + "'/></a>";
+    // The root's start tag and the text behind it meet at the edge of a piece of 1,024 bytes.
+    for (int blanks = 1010; blanks < 1030; ++blanks) {
+        QTest::newRow(qPrintable(QStringLiteral("after %1 blanks").arg(blanks)))
+            << QByteArray(" ").repeated(blanks) + "<a>" + parentheses + "</a>";
+    }
+}
+
+void TestXmlDepthGuard::countsNoParenthesesOutsideTheProlog()
+{
+    QFETCH(const QByteArray, bytes);
+
+    const Parse expected = plain(bytes);
+    const Parse actual = guarded(bytes);
+
+    QVERIFY(expected.parsed);
+    QCOMPARE(actual.error, QString());
+    QCOMPARE(actual.text, expected.text);
+}
+
+void TestXmlDepthGuard::endsEntityBombs_data()
+{
+    QTest::addColumn<QByteArray>("declarations");
+
+    QByteArray doubling = "<!ENTITY e0 'aaaaaaaaaa'>";
+    for (int i = 1; i < 30; ++i) {
+        const QByteArray before = "&e" + QByteArray::number(i - 1) + ";";
+        doubling += "<!ENTITY e" + QByteArray::number(i) + " '" + before.repeated(10) + "'>";
+    }
+    QTest::newRow("entities of entities") << doubling + "<!ENTITY bomb '&e29;'>";
+
+    QTest::newRow("recursion") << QByteArray("<!ENTITY bomb '&e;&e;'><!ENTITY e '&bomb;&bomb;'>");
+    QTest::newRow("parameter entities") << QByteArray(
+        "<!ENTITY % p '(((('><!ENTITY % q '%p;%p;'><!ENTITY % r '<!ELEMENT a %q;'>%r;");
+}
+
+void TestXmlDepthGuard::endsEntityBombs()
+{
+    QFETCH(const QByteArray, declarations);
+    const QByteArray bytes = withType(declarations, "<a>&bomb;</a>");
+
+    const Parse expected = plain(bytes);
+    const Parse actual = guarded(bytes);
+
+    QVERIFY(!actual.parsed);
+    QVERIFY(!actual.error.isEmpty());
+    QCOMPARE(actual.error, expected.error);
+}
+
+void TestXmlDepthGuard::leavesErrorAloneOnSuccess()
+{
+    QByteArray bytes("<a b='&e;'/>");
+    QBuffer buffer(&bytes);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QDomDocument document;
+    QString error = QStringLiteral("before");
+
+    QVERIFY(setContentGuarded(document, buffer, QStringLiteral("too deep"), &error));
+    QCOMPARE(error, QStringLiteral("before"));
+}
+
+void TestXmlDepthGuard::takesNoErrorText()
+{
+    QByteArray bytes = nested(1001);
+    QBuffer buffer(&bytes);
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QDomDocument document;
+
+    QVERIFY(!setContentGuarded(document, buffer, QStringLiteral("too deep"), nullptr));
+}
+
+void TestXmlDepthGuard::parsesAnOpenTextFile()
+{
+    const QByteArray bytes = "<a>\r\n<b c='&e;'>x\r\ny</b>\r\n</a>";
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write(bytes);
+    file.close();
+
+    QFile guardedFile(file.fileName());
+    QVERIFY(guardedFile.open(QIODevice::ReadOnly | QIODevice::Text));
+    QDomDocument guardedDocument;
+    QVERIFY(setContentGuarded(guardedDocument, guardedFile, QString(), nullptr));
+
+    QFile plainFile(file.fileName());
+    QVERIFY(plainFile.open(QIODevice::ReadOnly | QIODevice::Text));
+    QDomDocument plainDocument;
+    QVERIFY(plainDocument.setContent(&plainFile, false));
+
+    QCOMPARE(textOf(guardedDocument), textOf(plainDocument));
+}
+
+QTEST_APPLESS_MAIN(TestXmlDepthGuard)
+#include "tst_xmldepthguard.moc"
