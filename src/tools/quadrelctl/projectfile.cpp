@@ -24,6 +24,7 @@ const QString triggerSection = QStringLiteral("Triggers");
 /** What a file looks like from outside. */
 struct Survey {
     bool isWellFormed = false;
+    QString error;
     bool hasDocumentType = false;
     /** How many records the first section of each name holds. */
     QHash<QString, int> records;
@@ -55,6 +56,7 @@ Survey survey(const QString& path)
             result.records.insert(name, count);
     }
     result.isWellFormed = !xml.hasError();
+    result.error = xml.errorString();
     return result;
 }
 
@@ -115,6 +117,9 @@ public:
         load(configSection, &XmlFile::readConfigXmlFile, contents.config);
         load(eventSection, &XmlFile::readEventXmlFile, contents.events);
         load(triggerSection, &XmlFile::readTriggerXmlFile, contents.triggers);
+        // The library makes what it can of bytes that are no text in the encoding of the file.
+        if (!m_survey.isWellFormed)
+            fail(m_path, m_survey.error);
         if (m_file.missing.size() == 3)
             fail(m_path, Tool::tr("no section of a project file is there"));
         if (contents.config)
