@@ -32,8 +32,9 @@ public:
     }
     ~Simulator()
     {
-        m_process.kill();
-        m_process.waitForFinished(patience);
+        m_process.terminate();
+        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(patience))
+            m_process.kill();
     }
 
     QProcess& process() { return m_process; }
