@@ -66,6 +66,8 @@ int main(int argc, char** argv)
 {
     int ownArguments = 1;
     benchmark::Initialize(&ownArguments, argv);
+    // As the simulated unit does.
+    qputenv("QT_NO_GLIB", "1");
     const QCoreApplication application(argc, argv);
     QCommandLineParser options;
     const QCommandLineOption json(QStringLiteral("json"),

@@ -120,6 +120,9 @@ private:
 
     WakeSignal m_receiverWake;
     WakeSignal m_cancel;
+    // Of the receiver's thread alone.
     std::vector<char> m_buffer;
+    /** The last reply came so soon that the next one is not slept for. */
+    bool m_unitIsPrompt = false;
     std::thread m_receiver;
 };
