@@ -1,4 +1,6 @@
 #include "comparison.h"
+#include "kvprotocolparser.h"
+#include "packagedevice.h"
 #include "timing.h"
 #include "unitaddresses.h"
 #include "unitframe.h"
@@ -13,8 +15,10 @@
 
 namespace {
 
+using namespace QuadrelUnit;
+
 constexpr int exchangesInTurn = 300;
-constexpr std::chrono::microseconds wakePause(200);
+constexpr std::chrono::microseconds wakePause(20);
 
 /** Hands something to another thread, over the framework's mutex and condition. */
 template <typename Item> class Mailbox {
@@ -69,17 +73,22 @@ public:
         m_answering.join();
     }
 
+    /** As each operation does it, with the decoder of the block that has 32 bytes. */
     void exchange()
     {
         QString error;
-        if (!m_unPackage.readDeviceParameter(error))
+        PackageRequestProto3rd* request = KVProtocolParser::Get_CommonRead(
+            m_unPackage.getLabels(), Address::information, Address::informationLength);
+        m_unPackage.sendPackage(request->ParseSendRequest());
+        if (!m_unPackage.waitResponsed(QStringLiteral("device"), error)
+            || !PackageDevice::parseDevicePackage(
+                Address::information, m_reply, Address::informationLength, m_device, error))
             qFatal("an exchange failed: %s", qPrintable(error));
     }
 
 private:
     static QByteArray deviceReply()
     {
-        using namespace QuadrelUnit;
         const UnitFrame request =
             UnitFrame::readRequest(0, Address::information, Address::informationLength);
         return UnitFrame::replyTo(request, UnitSettings().informationBlock()).encode();
@@ -95,6 +104,7 @@ private:
 
     const QByteArray m_reply;
     UnPackage m_unPackage{nullptr};
+    DeviceModel m_device;
     Mailbox<QByteArray> m_frames;
     std::thread m_answering;
 };

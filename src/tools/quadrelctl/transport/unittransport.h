@@ -122,7 +122,8 @@ private:
     WakeSignal m_cancel;
     // Of the receiver's thread alone.
     std::vector<char> m_buffer;
-    /** The last reply came so soon that the next one is not slept for. */
-    bool m_unitIsPrompt = false;
+    std::chrono::steady_clock::time_point m_lastInput;
+    /** Until then the receiver does not sleep. */
+    std::chrono::steady_clock::time_point m_awakeUntil;
     std::thread m_receiver;
 };
