@@ -310,6 +310,7 @@ private:
         ParseRecord parseRecord, QString& error);
     QByteArray encodeTableEntry(int index);
 
+    // The unit's memory: bytes of blocks and cells, and the numbers of records in its tables.
     int m_comNumber = 9;
     int m_ioNumber = 12;
     int m_comLength = 7;
@@ -323,7 +324,7 @@ private:
     int m_timeTriggerHeadLength = 1;
     int m_timeTriggerCount = 0;
     int m_timeTriggerLength = 512;
-    [[maybe_unused]] int m_spareLength = 20;
+    [[maybe_unused]] int m_spareLength = 20; // of the unit's map; no operation needs it
     int m_deviceLength = 32;
     int m_upgradeChunkLength = 2048;
     int m_clockLength = 6;
