@@ -136,6 +136,26 @@ Memory makeMemory(int events, int triggers, int timeTriggers)
     return memory;
 }
 
+void selectDevice(const QString& ip)
+{
+    DeviceModel device;
+    device.setIP(ip);
+    DeviceManagerModel::Instance()->setCurrentSelectDevice(device);
+}
+
+ModelManagement* selectedModels()
+{
+    auto* registry = DeviceManagerModel::Instance();
+    return registry->getDeviceData(registry->getCurrentSelectDevice());
+}
+
+/** Each read of a unit leaves the aggregate of the one before behind; here someone remembers it. */
+void rememberSelectedModels()
+{
+    static auto* const remembered = new QVector<ModelManagement*>;
+    remembered->append(selectedModels());
+}
+
 /** An operations object with its own wait time, the log of its signals and a unit behind it. */
 class Bench {
 public:
@@ -151,6 +171,8 @@ public:
         writeSettingsBeside("[Communication]\ntimeout=" + QByteArray::number(timeout) + "\n");
         operations = std::make_unique<UnPackage>();
         log = std::make_unique<SignalLog>(*operations);
+        QObject::connect(operations.get(), &UnPackage::signal_updateDeviced, operations.get(),
+            &rememberSelectedModels, Qt::DirectConnection);
         unit = std::make_unique<ScriptedUnit>(
             *operations, [script](const QByteArray& frame, int number) {
                 return script(RecordedRequest::fromFrame(frame), number);
@@ -202,19 +224,6 @@ Bench failingAt(int failing, const Memory& memory)
         return number == failing ? ScriptedUnit::failure(QStringLiteral("断线"))
                                  : ScriptedUnit::reply(faithfulReply(memory, request));
     });
-}
-
-void selectDevice(const QString& ip)
-{
-    DeviceModel device;
-    device.setIP(ip);
-    DeviceManagerModel::Instance()->setCurrentSelectDevice(device);
-}
-
-ModelManagement* selectedModels()
-{
-    auto* registry = DeviceManagerModel::Instance();
-    return registry->getDeviceData(registry->getCurrentSelectDevice());
 }
 
 } // namespace
@@ -844,7 +853,8 @@ void UnPackageTest::readConfig_secondBlockFails()
     QVERIFY(!bench.call(&UnPackage::readConfigParameter, error));
     QCOMPARE(error, QStringLiteral("断线"));
     QVERIFY(bench.log->entries.isEmpty());
-    QVERIFY(*selectedModels()->getConfigModel() == SystemModel());
+    const std::unique_ptr<ModelManagement> fresh(selectedModels());
+    QVERIFY(*fresh->getConfigModel() == SystemModel());
 
     // The working copy holds the new serial list and the old IO list, and that is what a write
     // sends.
@@ -1238,8 +1248,9 @@ void UnPackageTest::readData_emptiesListsButNotTheConfiguration()
 void UnPackageTest::unknownDeviceGetsAggregate()
 {
     selectDevice(QStringLiteral("10.7.7.7"));
-    ModelManagement* fresh = selectedModels();
-    QVERIFY(selectedModels() != fresh);
+    const std::unique_ptr<ModelManagement> fresh(selectedModels());
+    const std::unique_ptr<ModelManagement> another(selectedModels());
+    QVERIFY(fresh != another);
     Bench bench;
     bench.operations->setConfigModel(makeConfiguration(1, 2));
     bench.run(SendConfigType);
