@@ -1,6 +1,5 @@
 #include "packageevent.h"
 
-#include "decimaltext.h"
 #include "descriptiontext.h"
 #include "eventmodel.h"
 #include "recordblock.h"
@@ -43,13 +42,10 @@ quint16 delayMilliseconds(const QString& protocol)
 /** The units of a delay with the fraction that they may have, and the suffix. */
 QString delayText(quint16 milliseconds)
 {
-    QString text;
-    appendDecimal(text, milliseconds / delayUnit);
-    const quint16 fraction = milliseconds % delayUnit;
-    if (fraction != 0) {
-        text += QLatin1Char('.');
-        appendDecimal(text, fraction);
-    }
+    QString text = QString::number(milliseconds / delayUnit);
+    const int fraction = milliseconds % delayUnit;
+    if (fraction != 0)
+        text += QLatin1Char('.') + QString::number(fraction);
     return text + delaySuffix();
 }
 
