@@ -2,6 +2,7 @@
 
 #include "descriptiontext.h"
 #include "eventmodel.h"
+#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
 
@@ -156,8 +157,8 @@ void setDescription(EventInfo& event, const QString& description)
     event.setEventName(description.mid(nameStart, nameEnd < 0 ? -1 : nameEnd - nameStart));
 }
 
-/** The event of the block that starts at the payload's offset `block`. */
-EventInfo eventAt(const ReplyFrame& frame, int block)
+/** Reads the block that starts at the payload's offset `block`. */
+void readEvent(const ReplyFrame& frame, int block, EventInfo& event)
 {
     const Command command = {
         frame, block + commandOffset, frame.payloadWord(block + commandLengthOffset)};
@@ -165,13 +166,11 @@ EventInfo eventAt(const ReplyFrame& frame, int block)
     const int descriptionLength = frame.payloadByte(descriptionOffset);
     const EventInfo::EventType type = typeOf(command);
 
-    EventInfo event;
     event.setEventId(frame.payloadByte(block + idOffset));
     event.setEventProtocolType(true);
     event.setEventType(type);
     event.setEventProtocol(protocolOf(type, command));
     setDescription(event, DescriptionText::read(frame, descriptionOffset + 1, descriptionLength));
-    return event;
 }
 
 } // namespace
@@ -219,7 +218,7 @@ bool PackageEvent::parseEventPackage(
         error = tr("有效数据长度超出范围！");
         return false;
     }
-    model.push_back(eventAt(frame, 0));
+    readEvent(frame, 0, ListOperations::appendBlank(model.m_events));
     return true;
 }
 
@@ -234,8 +233,10 @@ bool PackageEvent::parseEventListPackage(
         return false;
     }
     const int count = frame.payloadByte(countOffset);
-    for (int i = 0; i < count; ++i)
-        model.push_back(eventAt(frame, firstBlockOffset + i * RecordBlock::slotSize));
+    for (int i = 0; i < count; ++i) {
+        readEvent(frame, firstBlockOffset + i * RecordBlock::slotSize,
+            ListOperations::appendBlank(model.m_events));
+    }
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "bcd.h"
 #include "decimaltext.h"
 #include "eventidlist.h"
+#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
 #include "textwriter.h"
@@ -243,15 +244,15 @@ bool PackageTimeTrigger::parseTimeTriggerPackage(
     if (!acceptTail(tail, error))
         return false;
 
-    model.push_back(readTrigger(frame, tail));
+    readTrigger(frame, tail, ListOperations::appendBlank(model.m_triggers));
     return true;
 }
 
-TriggerTimeInfo PackageTimeTrigger::readTrigger(const ReplyFrame& frame, const TriggerTail& tail)
+void PackageTimeTrigger::readTrigger(
+    const ReplyFrame& frame, const TriggerTail& tail, TriggerTimeInfo& trigger)
 {
     const TriggerTimeInfo::RepetMode mode = modeOf(frame.payloadByte(modeOffset));
     const QString startDate = dateText(frame, startDateOffset);
-    TriggerTimeInfo trigger;
     trigger.setTriggerType(mode);
     trigger.setStartDate(startDate);
     trigger.setEndDate(mode == TriggerTimeInfo::ONCE ? startDate : endDateText(frame));
@@ -259,7 +260,6 @@ TriggerTimeInfo PackageTimeTrigger::readTrigger(const ReplyFrame& frame, const T
     trigger.setSelectWeekly(weeklyText(frame.payloadByte(weekBitsOffset)));
     trigger.setTriggerEvent(eventText(tail));
     trigger.setTriggerInstruction(tail.description());
-    return trigger;
 }
 
 int PackageTimeTrigger::weeklyTextToBits(QString text)
