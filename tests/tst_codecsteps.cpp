@@ -506,6 +506,7 @@ private slots:
     void readsTimeTriggers();
     void sumsEveryCharacter();
     void findsNames();
+    void readsLeaveCopiesAlone();
 };
 
 void TestCodecSteps::writesEvents()
@@ -708,6 +709,38 @@ void TestCodecSteps::findsNames()
                 name = event.getEventName();
         }
         QCOMPARE(models.getEventNamefromId(text), name);
+    }
+}
+
+void TestCodecSteps::readsLeaveCopiesAlone()
+{
+    EventInfo event;
+    event.setEventId(3);
+    const QByteArray eventFrame = replyFrame(dataType, PackageEvent::createEventPackage(event));
+    const QByteArray triggerFrame =
+        replyFrame(dataType, PackageTrigger::createTriggerPackage(TriggerInfo()));
+    const QByteArray timeFrame =
+        replyFrame(dataType, PackageTimeTrigger::createTimeTriggerPackage(TriggerTimeInfo()));
+
+    EventModel events;
+    TriggerModel triggers;
+    TriggerTimeModel timeTriggers;
+    QString error;
+    for (int size = 1; size <= 3; ++size) {
+        EventModel eventsBefore(events);
+        TriggerModel triggersBefore(triggers);
+        TriggerTimeModel timeTriggersBefore(timeTriggers);
+        QVERIFY(PackageEvent::parseEventPackage(dataType, eventFrame, slotSize, events, error));
+        QVERIFY(
+            PackageTrigger::parseTriggerPackage(dataType, triggerFrame, slotSize, triggers, error));
+        QVERIFY(PackageTimeTrigger::parseTimeTriggerPackage(
+            dataType, timeFrame, slotSize, timeTriggers, error));
+        QCOMPARE(events.size(), size);
+        QCOMPARE(triggers.size(), size);
+        QCOMPARE(timeTriggers.size(), size);
+        QCOMPARE(eventsBefore.size(), size - 1);
+        QCOMPARE(triggersBefore.size(), size - 1);
+        QCOMPARE(timeTriggersBefore.size(), size - 1);
     }
 }
 

@@ -526,6 +526,11 @@ void TestPackageEvent::listsKeepTheirStride()
         QCOMPARE(bytes.mid(1 + i * slotSize, slotSize),
             PackageEvent::createEventPackage(events[i]).left(slotSize));
     }
+    // What outgrew its slot is not overwritten: the next block is put in before it.
+    QCOMPARE(bytes,
+        '\x02' + PackageEvent::createEventPackage(events[0]).left(slotSize)
+            + PackageEvent::createEventPackage(events[1])
+            + PackageEvent::createEventPackage(events[0]).mid(slotSize));
 }
 
 void TestPackageEvent::readsLists()
