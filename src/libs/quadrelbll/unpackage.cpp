@@ -110,7 +110,7 @@ QByteArray clockCell(const QString& text)
  */
 QByteArray takeChunk(QByteArray& image, int& sent, int length)
 {
-    const QByteArray chunk = image.mid(sent, length);
+    QByteArray chunk = image.mid(sent, length);
     sent += chunk.size();
     if (sent == image.size()) {
         image.clear();
@@ -125,9 +125,9 @@ UnPackage* UnPackage::m_unPackageInstance = new UnPackage(nullptr);
 
 UnPackage::UnPackage(QObject* parent)
     : QObject(parent)
-    , m_errorText(QStringLiteral(""))
-    , m_upgradeName(QStringLiteral(""))
-    , m_timingCheck(QStringLiteral(""))
+    , m_errorText(QLatin1String(""))
+    , m_upgradeName(QLatin1String(""))
+    , m_timingCheck(QLatin1String(""))
 {
     qRegisterMetaType<DataPackageType>("DataPackageType");
     const QSettings settings(settingsFilePath(), QSettings::IniFormat);
@@ -240,10 +240,10 @@ void UnPackage::quitWaitDelay()
 
 void UnPackage::slot_runReadPackage(DataPackageType type)
 {
-    m_errorText = QStringLiteral("");
+    m_errorText = QLatin1String("");
     m_hasError = false;
     m_recvPackage.clear();
-    QString error = QStringLiteral("");
+    QString error = QLatin1String("");
     const DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
     if (runOperation(type, error))
         emitFinished(type, device);
@@ -323,7 +323,7 @@ bool UnPackage::writeBlock(
 void UnPackage::sendWrite(unsigned int address, const QByteArray& data)
 {
     PackageRequestProto3rd* request = KVProtocolParser::Set_CommonWrite(
-        getLabels(), address, static_cast<unsigned int>(data.size()), data, QStringLiteral(""));
+        getLabels(), address, static_cast<unsigned int>(data.size()), data, QLatin1String(""));
     sendPackage(request->ParseSendRequest());
 }
 
