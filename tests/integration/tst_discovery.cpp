@@ -1,5 +1,5 @@
+#include "discoveredunit.h"
 #include "networknamespaces.h"
-#include "scriptedunit.h"
 #include "searchdevice.h"
 
 #include <QtCore/QCoreApplication>
@@ -338,7 +338,7 @@ void tst_discovery::settingsAreReadOnce()
 void tst_discovery::absentSettingsEndAtTheNextTurn()
 {
     joinHost();
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     QVERIFY(QFile::remove(settingsFile()));
     Search search;
@@ -475,7 +475,7 @@ void tst_discovery::failedSendIsSilent()
         m_network->addHost({QStringLiteral("fd00::1/64"), QStringLiteral("192.168.1.1/24")});
     host.ip({QStringLiteral("route add default via 192.168.1.10")});
     enter(host);
-    ScriptedUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
     unit.answerWith("Zorbe:3100");
     Search search;
     search.searchDevice();
@@ -490,7 +490,7 @@ void tst_discovery::plainSearchSendsOneSweep()
     if (hasIPv6())
         addresses << QStringLiteral("fd00::1/64");
     joinHost(addresses);
-    const ScriptedUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
     Search search;
     search.searchDevice();
     QVERIFY(!search.repeatTimer()->isActive());
@@ -511,7 +511,7 @@ void tst_discovery::plainSearchSendsOneSweep()
 void tst_discovery::sweepByHandSendsAgain()
 {
     joinHost();
-    const ScriptedUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
     Search search;
     search.slot_timeout();
     search.searchDevice();
@@ -527,7 +527,7 @@ void tst_discovery::sweepByHandSendsAgain()
 void tst_discovery::slotSearchSendsEveryTwoSeconds()
 {
     joinHost();
-    const ScriptedUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
     Search search;
     QElapsedTimer time;
     time.start();
@@ -550,7 +550,7 @@ void tst_discovery::slotSearchSendsEveryTwoSeconds()
 void tst_discovery::shortSlotSearchSendsNothing()
 {
     joinHost();
-    const ScriptedUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
     writeTimeouts(0, 1950);
     Search search;
     search.slot_searchDevice(QStringLiteral("unit"));
@@ -566,9 +566,9 @@ void tst_discovery::sweepTakesOneDatagramFromEachSocket()
     const NetworkNamespace& network =
         m_network->addHost({QStringLiteral("192.168.1.10/24"), QStringLiteral("192.168.1.11/24"),
             QStringLiteral("192.168.1.12/24"), QStringLiteral("192.168.1.13/24")});
-    std::vector<std::unique_ptr<ScriptedUnit>> units;
+    std::vector<std::unique_ptr<DiscoveredUnit>> units;
     for (const char* text : {"192.168.1.10", "192.168.1.11", "192.168.1.12", "192.168.1.13"})
-        units.push_back(std::make_unique<ScriptedUnit>(network, address(text)));
+        units.push_back(std::make_unique<DiscoveredUnit>(network, address(text)));
 
     Search search;
     search.slot_searchDevice({});
@@ -602,7 +602,7 @@ void tst_discovery::replyWithinTheSweepIsReported()
     for (int i = 1; i <= 100; ++i)
         addresses += QStringLiteral("192.168.1.%1/24").arg(i);
     joinHost(addresses);
-    auto* const unit = new ScriptedUnit(m_network->addHost({QStringLiteral("192.168.1.200/24")}));
+    auto* const unit = new DiscoveredUnit(m_network->addHost({QStringLiteral("192.168.1.200/24")}));
     unit->answerWith("Zorbe:3100 in time", address("192.168.1.100"));
     QThread thread;
     unit->moveToThread(&thread);
@@ -678,8 +678,8 @@ void tst_discovery::reply()
     joinHost();
     const NetworkNamespace& network =
         m_network->addHost({QStringLiteral("192.168.1.10/24"), QStringLiteral("192.168.1.11/24")});
-    ScriptedUnit unit(network, address("192.168.1.10"));
-    ScriptedUnit next(network, address("192.168.1.11"));
+    DiscoveredUnit unit(network, address("192.168.1.10"));
+    DiscoveredUnit next(network, address("192.168.1.11"));
 
     for (const Kind kind : {Plain, Slot}) {
         const bool taken = kind == Plain ? plainTakes : slotTakes;
@@ -707,7 +707,7 @@ void tst_discovery::replyRecord()
 {
     QFETCH(int, kind);
     joinHost();
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"), 41234);
     Search search;
     start(search, kind);
@@ -748,7 +748,7 @@ void tst_discovery::replyOverIPv6()
         QSKIP("this machine has no IPv6");
     joinHost({host + QStringLiteral("/64")});
     const NetworkNamespace& network = m_network->addHost({unit + QStringLiteral("/64")});
-    ScriptedUnit there(network, QHostAddress(unit + scope));
+    DiscoveredUnit there(network, QHostAddress(unit + scope));
     QUdpSocket here;
     QVERIFY(here.bind(QHostAddress(host + scope), 0));
 
@@ -771,9 +771,9 @@ void tst_discovery::firstReplyWins()
     joinHost();
     const NetworkNamespace& network =
         m_network->addHost({QStringLiteral("192.168.1.10/24"), QStringLiteral("192.168.1.11/24")});
-    ScriptedUnit unit(network, address("192.168.1.10"), 3800);
-    ScriptedUnit unitOnOtherPort(network, address("192.168.1.10"), 3801);
-    ScriptedUnit next(network, address("192.168.1.11"));
+    DiscoveredUnit unit(network, address("192.168.1.10"), 3800);
+    DiscoveredUnit unitOnOtherPort(network, address("192.168.1.10"), 3801);
+    DiscoveredUnit next(network, address("192.168.1.11"));
     Search search;
     start(search, kind);
     unit.send("Zorbe:3100 first", hostAddress);
@@ -797,8 +797,8 @@ void tst_discovery::addedServerIsKept()
     joinHost();
     const NetworkNamespace& network =
         m_network->addHost({QStringLiteral("192.168.1.10/24"), QStringLiteral("192.168.1.11/24")});
-    ScriptedUnit unit(network, address("192.168.1.10"));
-    ScriptedUnit next(network, address("192.168.1.11"));
+    DiscoveredUnit unit(network, address("192.168.1.10"));
+    DiscoveredUnit next(network, address("192.168.1.11"));
     Search search;
     search.searchDevice();
     search.AddServer(QStringLiteral("192.168.1.10"), 7);
@@ -826,7 +826,7 @@ void tst_discovery::ownRepliesAreDropped()
     QFETCH(QString, sender);
     joinHost({QStringLiteral("192.168.1.1/24"), QStringLiteral("192.168.1.2/24"),
         QStringLiteral("10.0.0.1/8")});
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     QUdpSocket own;
     QVERIFY(own.bind(QHostAddress(sender), 0));
@@ -844,7 +844,7 @@ void tst_discovery::addressGainedDuringSearchIsOwn()
 {
     const NetworkNamespace& host = m_network->addHost({QStringLiteral("192.168.1.1/24")});
     enter(host);
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     Search search;
     search.searchDevice();
@@ -860,9 +860,9 @@ void tst_discovery::unitOnTheSameHostIsNotFound()
 {
     const NetworkNamespace& host = m_network->addHost({QStringLiteral("192.168.1.1/24")});
     enter(host);
-    ScriptedUnit local(host);
+    DiscoveredUnit local(host);
     local.answerWith("Zorbe:3100 local");
-    ScriptedUnit remote(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    DiscoveredUnit remote(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
     remote.answerWith("Zorbe:3100 remote");
     Search search;
     search.searchDevice();
@@ -873,10 +873,10 @@ void tst_discovery::unitOnTheSameHostIsNotFound()
 void tst_discovery::severalUnits()
 {
     joinHost();
-    ScriptedUnit nine(m_network->addHost({QStringLiteral("192.168.1.9/24")}));
-    ScriptedUnit ten(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
-    ScriptedUnit hundred(m_network->addHost({QStringLiteral("192.168.1.100/24")}));
-    ScriptedUnit stranger(m_network->addHost({QStringLiteral("192.168.1.50/24")}));
+    DiscoveredUnit nine(m_network->addHost({QStringLiteral("192.168.1.9/24")}));
+    DiscoveredUnit ten(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    DiscoveredUnit hundred(m_network->addHost({QStringLiteral("192.168.1.100/24")}));
+    DiscoveredUnit stranger(m_network->addHost({QStringLiteral("192.168.1.50/24")}));
     nine.answerWith("Zorbe:3100 nine");
     ten.answerWith("Zorbe:3100 ten");
     hundred.answerWith("Zorbe:3100 hundred");
@@ -909,10 +909,10 @@ void tst_discovery::floodOfReplies()
     for (int i = 2; i <= 121; ++i)
         addresses += QStringLiteral("192.168.1.%1/24").arg(i);
     const NetworkNamespace& network = m_network->addHost(addresses);
-    ScriptedUnit unit(network, address("192.168.1.2"));
-    std::vector<std::unique_ptr<ScriptedUnit>> others;
+    DiscoveredUnit unit(network, address("192.168.1.2"));
+    std::vector<std::unique_ptr<DiscoveredUnit>> others;
     for (int i = 3; i <= 121; ++i) {
-        others.push_back(std::make_unique<ScriptedUnit>(
+        others.push_back(std::make_unique<DiscoveredUnit>(
             network, QHostAddress(QStringLiteral("192.168.1.%1").arg(i))));
     }
 
@@ -947,7 +947,7 @@ void tst_discovery::garbage()
 {
     QFETCH(int, size);
     joinHost();
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     for (const Kind kind : {Plain, Slot}) {
         Search search;
@@ -992,7 +992,7 @@ void tst_discovery::slotSearchHandsItsArgumentBack()
 void tst_discovery::lateReplyIsKeptUnreported()
 {
     joinHost();
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     writeTimeouts(0, 0);
     Search search;
@@ -1017,7 +1017,7 @@ void tst_discovery::nextSearchForgets()
 {
     QFETCH(int, kind);
     joinHost();
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     Search search;
     start(search, kind);
@@ -1044,9 +1044,9 @@ void tst_discovery::stopByHandReportsTwice()
 void tst_discovery::earlierShotEndsLaterSearch()
 {
     joinHost();
-    ScriptedUnit first(
+    DiscoveredUnit first(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
-    ScriptedUnit second(
+    DiscoveredUnit second(
         m_network->addHost({QStringLiteral("192.168.1.11/24")}), address("192.168.1.11"));
     writeTimeouts(300, 0);
     Search search;
@@ -1065,7 +1065,7 @@ void tst_discovery::earlierShotEndsLaterSearch()
 void tst_discovery::shotOfPlainSearchStopsBroadcasts()
 {
     joinHost();
-    const ScriptedUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
+    const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
     writeTimeouts(0, 2500);
     Search search;
     search.searchDevice();
@@ -1084,11 +1084,11 @@ void tst_discovery::shotOfPlainSearchStopsBroadcasts()
 void tst_discovery::plainSearchDuringSlotSearch()
 {
     joinHost();
-    const ScriptedUnit listener(m_network->addHost({QStringLiteral("192.168.1.9/24")}));
+    const DiscoveredUnit listener(m_network->addHost({QStringLiteral("192.168.1.9/24")}));
     const NetworkNamespace& network =
         m_network->addHost({QStringLiteral("192.168.1.10/24"), QStringLiteral("192.168.1.11/24")});
-    ScriptedUnit unit(network, address("192.168.1.10"));
-    ScriptedUnit otherModel(network, address("192.168.1.11"));
+    DiscoveredUnit unit(network, address("192.168.1.10"));
+    DiscoveredUnit otherModel(network, address("192.168.1.11"));
     writeTimeouts(2500, longTime);
     Search search;
     search.slot_searchDevice(QStringLiteral("unit"));
@@ -1110,7 +1110,7 @@ void tst_discovery::plainSearchDuringSlotSearch()
 void tst_discovery::searchFromHandlerOfResult()
 {
     joinHost();
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     writeTimeouts(0, 0);
     Search search;
@@ -1182,7 +1182,7 @@ void tst_discovery::singleton()
 void tst_discovery::queuedResult()
 {
     joinHost();
-    ScriptedUnit unit(
+    DiscoveredUnit unit(
         m_network->addHost({QStringLiteral("192.168.1.10/24")}), address("192.168.1.10"));
     // The library leaves the type to the application.
     QCOMPARE(QMetaType::type("QMap<QString,serverData>"), int(QMetaType::UnknownType));

@@ -1,29 +1,29 @@
-#include "scriptedunit.h"
+#include "discoveredunit.h"
 
-ScriptedUnit::ScriptedUnit(
+DiscoveredUnit::DiscoveredUnit(
     const NetworkNamespace& network, const QHostAddress& address, quint16 port)
     : m_socket(this)
 {
     const InsideNamespace inside(network);
     if (!m_socket.bind(address, port, QAbstractSocket::ShareAddress))
         qFatal("a unit can't use its port: %s", qPrintable(m_socket.errorString()));
-    connect(&m_socket, &QIODevice::readyRead, this, &ScriptedUnit::listen);
+    connect(&m_socket, &QIODevice::readyRead, this, &DiscoveredUnit::listen);
 }
 
-void ScriptedUnit::answerWith(const QByteArray& reply, const QHostAddress& host)
+void DiscoveredUnit::answerWith(const QByteArray& reply, const QHostAddress& host)
 {
     m_answers = true;
     m_reply = reply;
     m_replyHost = host;
 }
 
-void ScriptedUnit::send(const QByteArray& datagram, const QHostAddress& host)
+void DiscoveredUnit::send(const QByteArray& datagram, const QHostAddress& host)
 {
     if (m_socket.writeDatagram(datagram, host, 3800) != datagram.size())
         qFatal("a unit can't send: %s", qPrintable(m_socket.errorString()));
 }
 
-void ScriptedUnit::listen()
+void DiscoveredUnit::listen()
 {
     while (m_socket.hasPendingDatagrams()) {
         const QNetworkDatagram datagram = m_socket.receiveDatagram();

@@ -9,9 +9,9 @@
 
 /** The discovery port of a unit, inside a namespace: it keeps what it hears and says what it is
  * told. */
-class ScriptedUnit : public QObject {
+class DiscoveredUnit : public QObject {
 public:
-    explicit ScriptedUnit(const NetworkNamespace& network,
+    explicit DiscoveredUnit(const NetworkNamespace& network,
         const QHostAddress& address = QHostAddress(QHostAddress::AnyIPv4), quint16 port = 3800);
 
     /** What was heard so far, in the order of arrival. */
