@@ -1,0 +1,23 @@
+#pragma once
+
+#include "searchdevice.h"
+#include "unitaddress.h"
+
+#include <QtCore/QMap>
+#include <QtCore/QString>
+
+#include <optional>
+
+using FoundUnits = QMap<QString, serverData>;
+
+/**
+ * Searches the network and shows a countdown meanwhile. With a name the search is the long one, for
+ * units of any model. Throws CommandFailure if no unit answered.
+ */
+FoundUnits searchNetwork(const std::optional<QString>& upgradeName = std::nullopt);
+
+/** Where a unit takes requests: at the port that its reply names, or at the one of all units. */
+UnitAddress addressOf(const serverData& unit);
+
+/** Throws CommandFailure unless exactly one unit answers. */
+UnitAddress findOnlyUnit();

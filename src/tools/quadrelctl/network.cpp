@@ -1,0 +1,34 @@
+#include "addresscheck.h"
+#include "commands.h"
+#include "console.h"
+#include "devicemanagermodel.h"
+#include "session.h"
+#include "table.h"
+#include "tool.h"
+
+void runNetwork(const NetworkOptions& options)
+{
+    const QString fault = networkFault(options.ip, options.mask, options.gateway);
+    if (!fault.isEmpty())
+        throw CommandFailure{fault, WrongUsage};
+    if (!options.yes && !Console::canAsk())
+        throw CommandFailure{
+            Tool::tr("there is no terminal to confirm on; --yes goes on without"), WrongUsage};
+
+    Session session(options.unit);
+    session.readDevice();
+    DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
+    const QString dhcp = device.getDHCPModel() ? Tool::tr("yes") : Tool::tr("no");
+    Table table({QString(), Tool::tr("Old"), Tool::tr("New")});
+    table.addRow({Tool::tr("DHCP"), dhcp, Tool::tr("no")});
+    table.addRow({Tool::tr("Address"), device.getIP(), options.ip});
+    table.addRow({Tool::tr("Mask"), device.getSubMask(), options.mask});
+    table.addRow({Tool::tr("Gateway"), device.getGateWay(), options.gateway});
+    Console::print(table.toText());
+    Console::flush();
+
+    if (!options.yes && !Console::confirm(Tool::tr("Give the unit the new address?")))
+        throw CommandFailure{Tool::tr("nothing was changed")};
+    session.sendNetwork(device.getIP(), options.ip, options.mask, options.gateway);
+    Console::print(Tool::tr("The unit has taken the address %1.\n").arg(options.ip));
+}

@@ -1,0 +1,257 @@
+#include "options.h"
+
+#include "addresscheck.h"
+#include "commands.h"
+#include "tool.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QtCore/QFile>
+
+#include <memory>
+#include <string>
+
+namespace {
+
+QString toText(const std::string& argument)
+{
+    return QFile::decodeName(QByteArray::fromStdString(argument));
+}
+
+/** An option whose argument is stored as text, once `check` has found no fault with it. */
+template <typename Store>
+CLI::Option* addText(CLI::App* app, const char* name, const QString& help, Store store)
+{
+    return app->add_option_function<std::string>(
+        name, [store](const std::string& argument) { store(toText(argument)); },
+        help.toStdString());
+}
+
+CLI::Option* addText(CLI::App* app, const char* name, const QString& help, QString& target)
+{
+    return addText(app, name, help, [&target](const QString& text) { target = text; });
+}
+
+CLI::Option* addFlag(CLI::App* app, const char* name, const QString& help, bool& target)
+{
+    return app->add_flag(name, target, help.toStdString());
+}
+
+/** A usage error unless `test` accepts the argument. */
+template <typename Test> CLI::Validator accept(Test test, const QString& complaint)
+{
+    return CLI::Validator(
+        [test, complaint](std::string& argument) {
+            return test(toText(argument)) ? std::string()
+                                          : complaint.arg(toText(argument)).toStdString();
+        },
+        std::string());
+}
+
+CLI::Option* addFile(CLI::App* app, const char* name, const QString& help, QString& target)
+{
+    const auto isName = [](const QString& text) { return !text.isEmpty(); };
+    return addText(app, name, help, target)
+        ->type_name("FILE")
+        ->check(accept(isName, Tool::tr("the name of the file is empty%1")));
+}
+
+CLI::Option* addUnit(CLI::App* app, UnitAddress& unit)
+{
+    const auto isAddress = [](const QString& text) { return UnitAddress::fromText(text); };
+    return addText(app, "--unit", Tool::tr("Where the unit is, as in tcp://192.168.1.10:3801"),
+        [&unit](const QString& text) { unit = *UnitAddress::fromText(text); })
+        ->type_name("ADDRESS")
+        ->check(accept(isAddress,
+            Tool::tr("\"%1\" is no address of a unit: tcp://HOST:PORT or udp://HOST:PORT")));
+}
+
+void addJson(CLI::App* app, bool& json)
+{
+    addFlag(app, "--json", Tool::tr("Print JSON"), json);
+}
+
+/** A subcommand with options of its own, which live as long as the command may run. */
+template <typename Options> struct Subcommand {
+    Subcommand(CLI::App& app, CommandLine& line, const char* name, const QString& help,
+        void (*run)(const Options&))
+        : app(app.add_subcommand(name, help.toStdString()))
+        , options(std::make_shared<Options>())
+    {
+        this->app->callback(
+            [&line, run, options = options] { line.command = [run, options] { run(*options); }; });
+    }
+
+    CLI::App* app;
+    std::shared_ptr<Options> options;
+};
+
+void addInfo(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<InfoOptions> info(
+        app, line, "info", Tool::tr("Show what a unit says about itself"), runInfo);
+    addUnit(info.app, info.options->unit)->required();
+    addJson(info.app, info.options->json);
+}
+
+void addRead(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<ReadOptions> read(
+        app, line, "read", Tool::tr("Read all that a unit stores"), runRead);
+    CLI::Option* unit = addUnit(read.app, read.options->unit);
+    CLI::Option* discover = addFlag(read.app, "--discover",
+        Tool::tr("Read the only unit that a search of the network finds"), read.options->discover);
+    CLI::Option_group* where = read.app->add_option_group("where");
+    where->add_options(unit, discover);
+    where->require_option(1);
+    addJson(read.app, read.options->json);
+    addFile(read.app, "--save", Tool::tr("Save to a project file"), read.options->file);
+}
+
+void addClock(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<ClockOptions> clock(
+        app, line, "clock", Tool::tr("Show or set a unit's clock"), runClock);
+    addUnit(clock.app, clock.options->unit)->required();
+    addJson(clock.app, clock.options->json);
+    addText(clock.app, "--set",
+        Tool::tr("\"now\", or a time like \"2026/11/14  06:05:49\", with two blanks"),
+        clock.options->time)
+        ->type_name("TIME")
+        ->check(accept(isClockText,
+            Tool::tr("\"%1\" is no time of the years 2000 to 2099 in the form "
+                     "\"2026/11/14  06:05:49\", with two blanks")));
+}
+
+void addShow(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<ShowOptions> show(
+        app, line, "show", Tool::tr("Show what a project file holds"), runShow);
+    addFile(show.app, "file", Tool::tr("The project file"), show.options->file)->required();
+    addJson(show.app, show.options->json);
+}
+
+void addWrite(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<WriteOptions> write(
+        app, line, "write", Tool::tr("Write a project file to a unit"), runWrite);
+    WriteOptions& options = *write.options;
+    addUnit(write.app, options.unit)->required();
+    addFile(write.app, "file", Tool::tr("The project file"), options.file)->required();
+    write.app
+        ->add_option_function<std::vector<std::string>>(
+            "--only",
+            [&options](const std::vector<std::string>& names) {
+                for (const std::string& name : names)
+                    options.only.append(toText(name));
+            },
+            Tool::tr("Write these sections alone: config, events, triggers").toStdString())
+        ->delimiter(',')
+        ->type_name("SECTIONS")
+        ->check(CLI::IsMember({"config", "events", "triggers"}));
+    addFlag(write.app, "--diff", Tool::tr("List each change"), options.diff);
+    addFlag(write.app, "--dry-run", Tool::tr("Tell what would change, and write nothing"),
+        options.dryRun);
+    addFlag(write.app, "--drop-time-triggers",
+        Tool::tr("Remove the unit's time triggers, which no file holds"), options.dropTimeTriggers);
+}
+
+void addNetwork(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<NetworkOptions> network(
+        app, line, "network", Tool::tr("Give a unit a fixed address"), runNetwork);
+    NetworkOptions& options = *network.options;
+    addUnit(network.app, options.unit)->required();
+    const auto addAddress = [&network](const char* name, const QString& help, QString& target) {
+        addText(network.app, name, help, target)
+            ->type_name("A.B.C.D")
+            ->required()
+            ->check(accept(isIpv4Text, Tool::tr("\"%1\" is no IPv4 address")));
+    };
+    addAddress("--ip", Tool::tr("The new address"), options.ip);
+    addAddress("--mask", Tool::tr("The subnet mask"), options.mask);
+    addAddress("--gateway", Tool::tr("The gateway, or 0.0.0.0 for none"), options.gateway);
+    addFlag(network.app, "--yes", Tool::tr("Do not ask"), options.yes);
+}
+
+void addReset(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<ResetOptions> reset(app, line, "reset", Tool::tr("Restart a unit"), runReset);
+    addUnit(reset.app, reset.options->unit)->required();
+    addFlag(reset.app, "--default-address", Tool::tr("The unit goes back to its default address"),
+        reset.options->defaultAddress);
+}
+
+void addUpgrade(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<UpgradeOptions> upgrade(
+        app, line, "upgrade", Tool::tr("Replace a unit's firmware"), runUpgrade);
+    UpgradeOptions& options = *upgrade.options;
+    addUnit(upgrade.app, options.unit)->required();
+    addFile(upgrade.app, "--streamed",
+        Tool::tr("The streamed image, whose first 90 bytes are the "
+                 "remark"),
+        options.streamedFile)
+        ->required();
+    addFile(upgrade.app, "--addressed", Tool::tr("The addressed image"), options.addressedFile)
+        ->required();
+    addFile(upgrade.app, "--descriptor", Tool::tr("The upgrade's descriptor, to be shown"),
+        options.descriptorFile);
+}
+
+void addRemark(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<RemarkOptions> remark(
+        app, line, "remark", Tool::tr("Write the remark of an image to a unit"), runRemark);
+    addUnit(remark.app, remark.options->unit)->required();
+    addFile(remark.app, "--streamed",
+        Tool::tr("The streamed image, whose first 90 bytes are the "
+                 "remark"),
+        remark.options->streamedFile)
+        ->required();
+}
+
+void addDiscover(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<DiscoverOptions> discover(
+        app, line, "discover", Tool::tr("Find the units on the network"), runDiscover);
+    DiscoverOptions& options = *discover.options;
+    addJson(discover.app, options.json);
+    addFlag(discover.app, "--first", Tool::tr("Print the address of the first unit alone"),
+        options.first);
+    addText(discover.app, "--upgrade",
+        Tool::tr("Search as long as an upgrade may take, for units of any model"),
+        [&options](const QString& name) {
+            options.upgradeName = name;
+            options.isUpgrade = true;
+        })
+        ->type_name("NAME");
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(int argc, char** argv)
+{
+    CLI::App app(Tool::tr("Configure a control unit over the network.").toStdString());
+    app.name("quadrelctl");
+    app.set_version_flag(
+        "--version", ("quadrelctl " + QCoreApplication::applicationVersion()).toStdString());
+    app.require_subcommand(1);
+    CommandLine line;
+    addDiscover(app, line);
+    addInfo(app, line);
+    addRead(app, line);
+    addClock(app, line);
+    addShow(app, line);
+    addWrite(app, line);
+    addNetwork(app, line);
+    addReset(app, line);
+    addUpgrade(app, line);
+    addRemark(app, line);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        line.exitCode = app.exit(error) == 0 ? Success : WrongUsage;
+    }
+    return line;
+}

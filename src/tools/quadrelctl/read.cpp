@@ -1,0 +1,26 @@
+#include "commands.h"
+#include "console.h"
+#include "contentsjson.h"
+#include "contentstables.h"
+#include "discovery.h"
+#include "projectfile.h"
+#include "session.h"
+
+void runRead(const ReadOptions& options)
+{
+    Session session(options.discover ? findOnlyUnit() : options.unit);
+    session.readEverything();
+    Contents contents = Contents::ofSelectedDevice();
+    contents.clock = session.clock();
+
+    if (!options.file.isEmpty())
+        saveProjectFile(options.file, contents);
+    if (options.json)
+        printJson(contentsToJson(contents));
+    else
+        Console::print(contentsTables(contents));
+    if (options.file.isEmpty())
+        return;
+    for (const QString& loss : lossesOfSaving(contents))
+        Console::warn(loss);
+}

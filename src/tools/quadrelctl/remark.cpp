@@ -1,0 +1,14 @@
+#include "commands.h"
+#include "console.h"
+#include "imagefile.h"
+#include "session.h"
+#include "tool.h"
+
+void runRemark(const RemarkOptions& options)
+{
+    const QByteArray image = loadImage(options.streamedFile);
+    Session session(options.unit);
+    session.unit().setUpgradePackage(image, QByteArray(), options.streamedFile);
+    session.run(UpdateRemarkType);
+    Console::print(Tool::tr("The remark of %1 was written.\n").arg(options.streamedFile));
+}

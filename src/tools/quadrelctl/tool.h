@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QString>
+
+/** The tool's own texts. */
+class Tool {
+    Q_DECLARE_TR_FUNCTIONS(quadrelctl)
+};
+
+enum ExitCode { Success = 0, Failed = 1, WrongUsage = 2, Interrupted = 130 };
+
+/** Ends a command: the text goes to stderr, the code to the caller of the program. */
+struct CommandFailure {
+    QString text;
+    ExitCode code = Failed;
+};

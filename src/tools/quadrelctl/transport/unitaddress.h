@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include <cstdint>
+#include <optional>
+
+/** Where a unit is reached, as in "tcp://192.168.1.10:3801". */
+struct UnitAddress {
+    enum Protocol { Tcp, Udp };
+
+    /** The port of units that were not told another one. */
+    static constexpr std::uint16_t defaultPort = 3801;
+
+    Protocol protocol = Tcp;
+    QString host;
+    std::uint16_t port = defaultPort;
+
+    /**
+     * Reads "tcp://HOST:PORT" or "udp://HOST:PORT". Protocol and port may be missing: "HOST" is
+     * "tcp://HOST:3801". Nothing for any other text, also for one with a user, path or query.
+     */
+    static std::optional<UnitAddress> fromText(const QString& text);
+
+    /** The form with protocol and port. */
+    QString toText() const;
+};

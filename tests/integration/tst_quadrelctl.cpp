@@ -1,0 +1,450 @@
+#include "programs.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+#include <QtNetwork/QTcpServer>
+#include <QtTest/QtTest>
+
+#include <csignal>
+
+/** info, read and clock, and what all commands share. */
+class TestQuadrelctl : public QObject {
+    Q_OBJECT
+
+private slots:
+    void refusesWrongUsage_data();
+    void refusesWrongUsage();
+    void helps_data();
+    void helps();
+    void showsInformation_data();
+    void showsInformation();
+    void showsInformationAsJson();
+    void tellsFaults_data();
+    void tellsFaults();
+    void takesARepeatedReply();
+    void tellsWhatIsNoUnit_data();
+    void tellsWhatIsNoUnit();
+    void standsNonsenseSettings_data();
+    void standsNonsenseSettings();
+    void standsMissingSettings();
+    void readsEverything();
+    void readsEverythingAsJson();
+    void readsFewerPorts();
+    void showsProgressOnATerminalOnly();
+    void tellsAFailureInTheMiddle();
+    void showsTheClock();
+    void setsTheClock_data();
+    void setsTheClock();
+    void setsTheClockToNow();
+    void endsWhenInterrupted();
+    void tellsAFullDisk();
+};
+
+void TestQuadrelctl::refusesWrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    const auto row = [](const char* line) {
+        QTest::newRow(line) << QString::fromLatin1(line).split(
+            QLatin1Char('|'), Qt::SkipEmptyParts);
+    };
+    row("");
+    row("dance");
+    row("info");
+    row("info|--unit");
+    row("info|--unit|nonsense://x");
+    row("info|--unit|tcp://127.0.0.1:0");
+    row("info|--unit|tcp://127.0.0.1:1|--dance");
+    row("info|--unit|tcp://127.0.0.1:1|extra");
+    row("read");
+    row("read|--unit|tcp://127.0.0.1:1|--discover");
+    row("clock|--unit|tcp://127.0.0.1:1|--set");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|2026/11/14 06:05:49");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|2026/11/14   06:05:49");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|2026/02/30  06:05:49");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|2026/11/14  24:00:00");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|2026/11/14  06:05");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|2026-11-14  06:05:49");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|1999/11/14  06:05:49");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|26/11/14  06:05:49");
+    row("clock|--unit|tcp://127.0.0.1:1|--set|tomorrow");
+    row("show");
+    QTest::newRow("show, no name") << QStringList{QStringLiteral("show"), QString()};
+    QTest::newRow("read --save, no name")
+        << QStringList{QStringLiteral("read"), QStringLiteral("--unit"),
+               QStringLiteral("tcp://127.0.0.1:1"), QStringLiteral("--save"), QString()};
+    row("write|--unit|tcp://127.0.0.1:1");
+    row("write|--unit|tcp://127.0.0.1:1|file|--only|names");
+    row("network|--unit|tcp://127.0.0.1:1|--ip|10.0.0.1|--mask|255.0.0.0|--yes");
+    row("network|--unit|tcp://127.0.0.1:1|--ip|10.0.0|--mask|255.0.0.0|--gateway|10.0.0.2|--yes");
+    row("network|--unit|tcp://127.0.0.1:1|--ip|10.0.0.1|--mask|255.0.255.0|--gateway|10.0.0.2|"
+        "--yes");
+    row("network|--unit|tcp://127.0.0.1:1|--ip|10.0.0.1|--mask|255.0.0.0|--gateway|11.0.0.2|--yes");
+    row("network|--unit|tcp://127.0.0.1:1|--ip|10.0.0.1|--mask|255.0.0.0|--gateway|10.0.0.2");
+    row("upgrade|--unit|tcp://127.0.0.1:1|--streamed|file");
+    row("remark|--unit|tcp://127.0.0.1:1");
+}
+
+void TestQuadrelctl::refusesWrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    const ToolResult result = ControlTool().run(arguments);
+    QCOMPARE(result.exitCode, 2);
+    QCOMPARE(result.output, QString());
+    QVERIFY(!result.errors.isEmpty());
+}
+
+void TestQuadrelctl::helps_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("help") << QStringList{QStringLiteral("--help")} << QStringLiteral("discover");
+    QTest::newRow("help of a command") << QStringList{QStringLiteral("clock"),
+        QStringLiteral("--help")} << QStringLiteral("--set");
+    QTest::newRow("version") << QStringList{QStringLiteral("--version")}
+                             << QStringLiteral("quadrelctl ");
+}
+
+void TestQuadrelctl::helps()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, word);
+    const ToolResult result = ControlTool().run(arguments);
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.output.contains(word), qPrintable(result.output));
+    QCOMPARE(result.errors, QString());
+}
+
+void TestQuadrelctl::showsInformation_data()
+{
+    QTest::addColumn<bool>("isUdp");
+    QTest::newRow("tcp") << false;
+    QTest::newRow("udp") << true;
+}
+
+void TestQuadrelctl::showsInformation()
+{
+    QFETCH(bool, isUdp);
+    const SimulatorProcess unit({QStringLiteral("--serial"), QStringLiteral("18446744073709551615"),
+        QStringLiteral("--firmware"), QStringLiteral("1.2.3.4"), QStringLiteral("--ip"),
+        QStringLiteral("10.1.2.3")});
+    const ToolResult result = ControlTool().run({QStringLiteral("info"), QStringLiteral("--unit"),
+        isUdp ? unit.udpAddress() : unit.address()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.exitCode, 0);
+    const QStringList lines = result.output.split(QLatin1Char('\n'));
+    QVERIFY(lines.contains(QStringLiteral("Model            0x7209")));
+    QVERIFY(lines.contains(QStringLiteral("Serial number    18446744073709551615")));
+    QVERIFY(lines.contains(QStringLiteral("Version          1.2.3.4")));
+    QVERIFY(lines.contains(QStringLiteral("Address          10.1.2.3")));
+}
+
+void TestQuadrelctl::showsInformationAsJson()
+{
+    const SimulatorProcess unit(
+        {QStringLiteral("--serial"), QStringLiteral("18446744073709551615")});
+    const ToolResult result = ControlTool().run({QStringLiteral("info"), QStringLiteral("--unit"),
+        unit.address(), QStringLiteral("--json")});
+    QCOMPARE(result.exitCode, 0);
+    QJsonObject device = QJsonDocument::fromJson(result.output.toUtf8()).object();
+    // The byte behind the block, which the unit does not promise anything for.
+    QVERIFY(device.take(QStringLiteral("infraredPortCount")).isDouble());
+    const QJsonObject expected{{QStringLiteral("modelId"), 0x7209},
+        {QStringLiteral("serialNumber"), QStringLiteral("18446744073709551615")},
+        {QStringLiteral("version"), QStringLiteral("1.0.0.0")}, {QStringLiteral("dhcp"), false},
+        {QStringLiteral("ip"), QStringLiteral("192.168.1.100")},
+        {QStringLiteral("mask"), QStringLiteral("255.255.255.0")},
+        {QStringLiteral("gateway"), QStringLiteral("192.168.1.1")},
+        {QStringLiteral("ethernetLink"), true}, {QStringLiteral("serialPortCount"), 9},
+        {QStringLiteral("ioLineCount"), 12}, {QStringLiteral("relayCount"), 8}};
+    QCOMPARE(device, expected);
+}
+
+void TestQuadrelctl::tellsFaults_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* fault, const QString& error) {
+        QTest::newRow(fault) << QString::fromLatin1(fault) << error;
+    };
+    const QString timeout = QStringLiteral("回读设备信息超时！");
+    row("drop@1", timeout);
+    row("wrong-label@1", timeout);
+    row("delay:5000@1", timeout);
+    row("wrong-address@1", QStringLiteral("请求数据类型与返回数据类型不一致！"));
+    row("wrong-length@1", QStringLiteral("数据包长度与实际的数据包长度不一致！"));
+    row("corrupt@1", QStringLiteral("UNIT sent a damaged reply: its checksum is wrong"));
+    row("cut@1", QStringLiteral("UNIT closed the connection in the middle of a reply"));
+    row("close@1", QStringLiteral("UNIT closed the connection without an answer"));
+}
+
+void TestQuadrelctl::tellsFaults()
+{
+    QFETCH(QString, fault);
+    QFETCH(QString, error);
+    const SimulatorProcess unit({QStringLiteral("--fault"), fault});
+    ControlTool tool("[Communication]\ntimeout=500\n");
+    const ToolResult result =
+        tool.run({QStringLiteral("info"), QStringLiteral("--unit"), unit.address()});
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(
+        result.errors, error.replace(QStringLiteral("UNIT"), unit.address()) + QLatin1Char('\n'));
+}
+
+void TestQuadrelctl::takesARepeatedReply()
+{
+    const SimulatorProcess unit(
+        {QStringLiteral("--sample"), QStringLiteral("--fault"), QStringLiteral("duplicate%100")});
+    const ToolResult result =
+        ControlTool().run({QStringLiteral("read"), QStringLiteral("--unit"), unit.address()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.exitCode, 0);
+}
+
+void TestQuadrelctl::tellsWhatIsNoUnit_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::newRow("info") << QStringLiteral("info");
+    QTest::newRow("read") << QStringLiteral("read");
+    QTest::newRow("clock") << QStringLiteral("clock");
+    QTest::newRow("reset") << QStringLiteral("reset");
+    QTest::newRow("reset --default-address") << QStringLiteral("reset --default-address");
+}
+
+void TestQuadrelctl::tellsWhatIsNoUnit()
+{
+    QFETCH(QString, command);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const QString address = QStringLiteral("tcp://127.0.0.1:%1").arg(server.serverPort());
+    const QStringList arguments =
+        command.split(QLatin1Char(' ')) + QStringList{QStringLiteral("--unit"), address};
+
+    // The system accepts the connection, but nobody answers.
+    if (command != QStringLiteral("reset --default-address")) {
+        const ToolResult silent = ControlTool("[Communication]\ntimeout=300\n").run(arguments);
+        QCOMPARE(silent.exitCode, 1);
+        QVERIFY2(silent.errors.contains(QStringLiteral("超时！")), qPrintable(silent.errors));
+    }
+
+    server.close();
+    const ToolResult refused = ControlTool().run(arguments);
+    QCOMPARE(refused.exitCode, 1);
+    QCOMPARE(refused.output, QString());
+    QCOMPARE(refused.errors, address + QStringLiteral(" refused the connection\n"));
+}
+
+void TestQuadrelctl::standsNonsenseSettings_data()
+{
+    QTest::addColumn<QByteArray>("settings");
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("no number") << QByteArray("[Communication]\ntimeout=soon\n");
+    QTest::newRow("zero") << QByteArray("[Communication]\ntimeout=0\n");
+    QTest::newRow("another key") << QByteArray("[Communication]\nwait=100\n");
+    QTest::newRow("no settings file at all") << QByteArray("\0\xff[[[\n=\n\n]", 11);
+}
+
+void TestQuadrelctl::standsNonsenseSettings()
+{
+    QFETCH(QByteArray, settings);
+    QTcpServer silent;
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    const ToolResult result = ControlTool(settings).run({QStringLiteral("info"),
+        QStringLiteral("--unit"), QStringLiteral("tcp://127.0.0.1:%1").arg(silent.serverPort())});
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.errors.contains(QStringLiteral("configWidget.ini")), qPrintable(result.errors));
+}
+
+void TestQuadrelctl::standsMissingSettings()
+{
+    ControlTool tool;
+    QVERIFY(QFile::remove(tool.path(QStringLiteral("configWidget.ini"))));
+    QTcpServer silent;
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    const ToolResult result = tool.run({QStringLiteral("info"), QStringLiteral("--unit"),
+        QStringLiteral("tcp://127.0.0.1:%1").arg(silent.serverPort())});
+    QCOMPARE(result.exitCode, 1);
+}
+
+void TestQuadrelctl::readsEverything()
+{
+    const SimulatorProcess unit;
+    const ToolResult result =
+        ControlTool().run({QStringLiteral("read"), QStringLiteral("--unit"), unit.address()});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.exitCode, 0);
+    for (const char* title : {"DEVICE\n", "SERIAL PORTS\n", "IO LINES\n", "EVENTS\n", "TRIGGERS\n",
+             "TIME TRIGGERS\n", "CLOCK\n"})
+        QVERIFY2(result.output.contains(QLatin1String(title)), title);
+    // The names of events stand beside their ids, and wide characters keep the columns.
+    QVERIFY(result.output.contains(QStringLiteral(
+        "COM A-1  50 41 4e 45 4c 20 31 0d  1 投影机开, 5 Warm-up, 3 投影机 HDMI         "
+        "面板：开始上课\n")));
+    QVERIFY(result.output.contains(QStringLiteral(
+        "IO A-1   输入-高电平              25 大厅灯开, 7 Display on                    "
+        "有人进入大厅\n")));
+}
+
+void TestQuadrelctl::readsEverythingAsJson()
+{
+    const SimulatorProcess unit;
+    const ToolResult result = ControlTool().run({QStringLiteral("read"), QStringLiteral("--unit"),
+        unit.udpAddress(), QStringLiteral("--json")});
+    QCOMPARE(result.exitCode, 0);
+    const QJsonObject json = QJsonDocument::fromJson(result.output.toUtf8()).object();
+    QCOMPARE(json.keys(),
+        QStringList({QStringLiteral("clock"), QStringLiteral("device"), QStringLiteral("events"),
+            QStringLiteral("ioLines"), QStringLiteral("serialPorts"),
+            QStringLiteral("timeTriggers"), QStringLiteral("triggers")}));
+    QCOMPARE(json[QStringLiteral("serialPorts")].toArray().at(1).toObject(),
+        QJsonObject({{QStringLiteral("port"), 2}, {QStringLiteral("baudRate"), 9600},
+            {QStringLiteral("dataBits"), 8}, {QStringLiteral("stopBits"), 1},
+            {QStringLiteral("inspection"), 2}}));
+    QCOMPARE(json[QStringLiteral("ioLines")].toArray().at(4).toObject(),
+        QJsonObject({{QStringLiteral("line"), 5}, {QStringLiteral("type"), 1}}));
+    QCOMPARE(json[QStringLiteral("events")].toArray().at(3).toObject(),
+        QJsonObject(
+            {{QStringLiteral("id"), 4}, {QStringLiteral("name"), QStringLiteral("延时 0.5 秒")},
+                {QStringLiteral("type"), 5}, {QStringLiteral("isHex"), true},
+                {QStringLiteral("protocol"), QStringLiteral("50*10ms")},
+                {QStringLiteral("description"), QStringLiteral("等待半秒")}}));
+    QCOMPARE(json[QStringLiteral("triggers")].toArray().at(6).toObject(),
+        QJsonObject({{QStringLiteral("id"), 6}, {QStringLiteral("kind"), QStringLiteral("IO")},
+            {QStringLiteral("line"), QStringLiteral("IO A-1")}, {QStringLiteral("isHex"), true},
+            {QStringLiteral("parameter"), QStringLiteral("输入-高电平")},
+            {QStringLiteral("eventIds"), QJsonArray{25, 7}},
+            {QStringLiteral("description"), QStringLiteral("有人进入大厅")}}));
+    QCOMPARE(json[QStringLiteral("timeTriggers")].toArray().at(2).toObject(),
+        QJsonObject(
+            {{QStringLiteral("id"), 2}, {QStringLiteral("repeat"), QStringLiteral("WEEKLY")},
+                {QStringLiteral("startDate"), QStringLiteral("2024/09/02")},
+                {QStringLiteral("endDate"), QStringLiteral("永久有效")},
+                {QStringLiteral("weekdays"), QStringLiteral("11111")},
+                {QStringLiteral("time"), QStringLiteral("07:45")},
+                {QStringLiteral("eventIds"), QJsonArray{12, 1, 5, 3}},
+                {QStringLiteral("description"), QStringLiteral("工作日早课准备")}}));
+}
+
+void TestQuadrelctl::readsFewerPorts()
+{
+    const SimulatorProcess unit({QStringLiteral("--ports"), QStringLiteral("4"),
+        QStringLiteral("--io"), QStringLiteral("0")});
+    const ToolResult result = ControlTool().run({QStringLiteral("read"), QStringLiteral("--unit"),
+        unit.address(), QStringLiteral("--json")});
+    QCOMPARE(result.exitCode, 0);
+    const QJsonObject json = QJsonDocument::fromJson(result.output.toUtf8()).object();
+    QCOMPARE(json[QStringLiteral("serialPorts")].toArray().size(), 4);
+    QCOMPARE(json[QStringLiteral("ioLines")].toArray().size(), 0);
+}
+
+void TestQuadrelctl::showsProgressOnATerminalOnly()
+{
+    const SimulatorProcess unit;
+    const QStringList arguments{QStringLiteral("read"), QStringLiteral("--unit"), unit.address()};
+    const ToolResult terminal = ControlTool().runOnTerminal(arguments);
+    QCOMPARE(terminal.exitCode, 0);
+    QVERIFY(terminal.output.contains(QStringLiteral("events read")));
+    QVERIFY(terminal.output.contains(QStringLiteral("time triggers read")));
+    QVERIFY(!ControlTool().run(arguments).errors.contains(QStringLiteral("read")));
+}
+
+void TestQuadrelctl::tellsAFailureInTheMiddle()
+{
+    const SimulatorProcess unit(
+        {QStringLiteral("--sample"), QStringLiteral("--fault"), QStringLiteral("close@10")});
+    const ToolResult result = ControlTool().run({QStringLiteral("read"), QStringLiteral("--unit"),
+        unit.address(), QStringLiteral("--json")});
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+        unit.address() + QStringLiteral(" closed the connection without an answer\n"));
+}
+
+void TestQuadrelctl::showsTheClock()
+{
+    const SimulatorProcess unit;
+    ControlTool tool;
+    const QStringList arguments{QStringLiteral("clock"), QStringLiteral("--unit"), unit.address()};
+    const ToolResult table = tool.run(arguments);
+    QCOMPARE(table.exitCode, 0);
+    QVERIFY2(QRegularExpression(
+                 QStringLiteral("^20\\d\\d/\\d\\d/\\d\\d \\d\\d:\\d\\d:\\d\\d  \\(.+\\)\n$"))
+                 .match(table.output)
+                 .hasMatch(),
+        qPrintable(table.output));
+    const ToolResult json = tool.run(arguments + QStringList{QStringLiteral("--json")});
+    const QJsonObject object = QJsonDocument::fromJson(json.output.toUtf8()).object();
+    QCOMPARE(
+        object.keys(), QStringList({QStringLiteral("clock"), QStringLiteral("differenceSeconds")}));
+}
+
+void TestQuadrelctl::setsTheClock_data()
+{
+    QTest::addColumn<QString>("time");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("as told") << QStringLiteral("2026/11/14  06:05:49")
+                             << QStringLiteral("2026/11/14 06:05:");
+    QTest::newRow("a year of one digit")
+        << QStringLiteral("2005/02/03  00:00:00") << QStringLiteral("205/02/03 00:00:");
+    QTest::newRow("a leap day") << QStringLiteral("2028/02/29  23:50:00")
+                                << QStringLiteral("2028/02/29 23:50:");
+}
+
+void TestQuadrelctl::setsTheClock()
+{
+    QFETCH(QString, time);
+    QFETCH(QString, shown);
+    const SimulatorProcess unit;
+    const ToolResult result = ControlTool().run({QStringLiteral("clock"), QStringLiteral("--unit"),
+        unit.address(), QStringLiteral("--set"), time});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.output.startsWith(shown), qPrintable(result.output));
+    QVERIFY2(result.output.contains(QStringLiteral("this machine's")), qPrintable(result.output));
+}
+
+void TestQuadrelctl::setsTheClockToNow()
+{
+    const SimulatorProcess unit;
+    ControlTool tool;
+    const QStringList arguments{QStringLiteral("clock"), QStringLiteral("--unit"), unit.address(),
+        QStringLiteral("--json"), QStringLiteral("--set")};
+    tool.run(arguments + QStringList{QStringLiteral("2020/01/01  00:00:00")});
+    const ToolResult result = tool.run(arguments + QStringList{QStringLiteral("now")});
+    const QJsonObject object = QJsonDocument::fromJson(result.output.toUtf8()).object();
+    const int difference = object[QStringLiteral("differenceSeconds")].toInt(-1000);
+    QVERIFY2(qAbs(difference) <= 60, qPrintable(result.output));
+}
+
+void TestQuadrelctl::endsWhenInterrupted()
+{
+    QTcpServer silent;
+    QVERIFY(silent.listen(QHostAddress::LocalHost));
+    ControlTool tool("[Communication]\ntimeout=-1\n");
+    QProcess process;
+    tool.start(process,
+        {QStringLiteral("info"), QStringLiteral("--unit"),
+            QStringLiteral("tcp://127.0.0.1:%1").arg(silent.serverPort())});
+    QVERIFY(silent.waitForNewConnection(60000));
+    QVERIFY(silent.nextPendingConnection()->waitForReadyRead(60000));
+    kill(static_cast<pid_t>(process.processId()), SIGINT);
+    QVERIFY(process.waitForFinished(60000));
+    QCOMPARE(process.exitCode(), 130);
+    QCOMPARE(process.readAllStandardError(), QByteArray("interrupted\n"));
+}
+
+void TestQuadrelctl::tellsAFullDisk()
+{
+    const SimulatorProcess unit;
+    ControlTool tool;
+    QProcess process;
+    process.setStandardOutputFile(QStringLiteral("/dev/full"));
+    tool.start(process, {QStringLiteral("info"), QStringLiteral("--unit"), unit.address()});
+    QVERIFY(process.waitForFinished(60000));
+    QCOMPARE(process.exitCode(), 1);
+    QCOMPARE(process.readAllStandardError(), QByteArray("the output can't be written\n"));
+}
+
+QTEST_GUILESS_MAIN(TestQuadrelctl)
+#include "tst_quadrelctl.moc"

@@ -1,0 +1,600 @@
+#include "devicemanagermodel.h"
+#include "settingsbeside.h"
+#include "unitsample.h"
+#include "unitserver.h"
+#include "unittransport.h"
+#include "unpackage.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QEventLoop>
+#include <QtCore/QThread>
+#include <QtCore/QTimer>
+#include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
+#include <QtNetwork/QUdpSocket>
+#include <QtTest/QtTest>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace QuadrelUnit;
+
+namespace {
+
+constexpr int longWait = 20000;
+constexpr int shortWait = 1000;
+const QString noError = QStringLiteral("no error");
+
+/** An UnPackage on a worker thread, behind the transport. */
+class Operations : public QObject {
+public:
+    Operations(int wait, const UnitAddress& address)
+    {
+        writeSettingsBeside(QStringLiteral("[Communication]\ntimeout=%1\n").arg(wait).toLatin1());
+        m_unit = std::make_unique<UnPackage>();
+        m_transport = std::make_unique<UnitTransport>(m_unit.get(), address, wait);
+        connect(m_unit.get(), &UnPackage::signal_errored, this,
+            [this](const QString& error) { finish(error); });
+        connect(m_unit.get(), &UnPackage::signal_finshed, this, [this] { finish(noError); });
+        connect(m_unit.get(), &UnPackage::signal_readFinished, this, [this] { finish(noError); });
+        m_unit->moveToThread(&m_worker);
+        m_worker.start();
+    }
+
+    ~Operations() override
+    {
+        m_worker.quit();
+        m_worker.wait();
+    }
+
+    UnPackage& unit() { return *m_unit; }
+    UnitTransport& transport() { return *m_transport; }
+
+    /** The error of one operation, or `noError`. */
+    QString run(DataPackageType type)
+    {
+        return await([this, type] { m_unit->slot_runReadPackage(type); });
+    }
+
+    QString readDevice()
+    {
+        return await([this] {
+            m_unit->blockSignals(true);
+            m_unit->slot_runReadPackage(ReservedType);
+            m_unit->blockSignals(false);
+            QString error;
+            const bool isRead = m_unit->readDeviceParameter(error);
+            m_transport->finishOperation();
+            QMetaObject::invokeMethod(
+                this, [this, isRead, error] { finish(isRead ? noError : error); });
+        });
+    }
+
+private:
+    QString await(const std::function<void()>& operation)
+    {
+        m_results.clear();
+        QMetaObject::invokeMethod(m_unit.get(), operation, Qt::QueuedConnection);
+        m_loop.exec();
+        // Whatever else is on its way would be a second closing signal.
+        QCoreApplication::processEvents();
+        return m_results.size() == 1 ? m_results.first() : m_results.join(QStringLiteral(" and "));
+    }
+
+    void finish(const QString& error)
+    {
+        m_results.append(error);
+        m_loop.quit();
+    }
+
+    std::unique_ptr<UnPackage> m_unit;
+    std::unique_ptr<UnitTransport> m_transport;
+    QThread m_worker;
+    QEventLoop m_loop;
+    QStringList m_results;
+};
+
+/** The simulated unit in this thread. */
+struct SampleUnit {
+    ControlUnit unit;
+    UnitServer server{&unit};
+
+    SampleUnit()
+    {
+        writeSample(unit.memory());
+        QString error;
+        if (!server.listen(QHostAddress::LocalHost, 0, &error))
+            qFatal("%s", qPrintable(error));
+    }
+
+    UnitAddress address(UnitAddress::Protocol protocol = UnitAddress::Tcp) const
+    {
+        return {protocol, QStringLiteral("127.0.0.1"), server.port()};
+    }
+};
+
+/** A TCP server that does to each request what a test wants. */
+class OddUnit : public QTcpServer {
+public:
+    using Answer = std::function<void(QTcpSocket& socket, const QByteArray& request)>;
+
+    explicit OddUnit(Answer answer)
+    {
+        if (!listen(QHostAddress::LocalHost, 0))
+            qFatal("cannot listen");
+        connect(this, &QTcpServer::newConnection, this, [this, answer] {
+            QTcpSocket* socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, socket,
+                [socket, answer] { answer(*socket, socket->readAll()); });
+        });
+    }
+
+    UnitAddress address() const
+    {
+        return {UnitAddress::Tcp, QStringLiteral("127.0.0.1"), serverPort()};
+    }
+};
+
+/** A reply with the label of `request`, as a unit makes it. */
+QByteArray replyTo(const QByteArray& request, const QByteArray& payload = QByteArray(32, 1))
+{
+    const UnitFrame read = UnitFrame::readRequest(
+        static_cast<quint8>(request.at(5)), 0xF0000000, static_cast<quint16>(payload.size()));
+    return UnitFrame::replyTo(read, payload).encode();
+}
+
+/** Keeps the processor busy on every core. */
+class BusyCores {
+public:
+    BusyCores()
+    {
+        for (unsigned i = 0; i < std::max(2U, std::thread::hardware_concurrency()); ++i)
+            m_threads.emplace_back([this] {
+                while (!m_stopping)
+                    m_count.fetch_add(1, std::memory_order_relaxed);
+            });
+    }
+    ~BusyCores()
+    {
+        m_stopping = true;
+        for (std::thread& thread : m_threads)
+            thread.join();
+    }
+
+private:
+    std::atomic<bool> m_stopping{false};
+    std::atomic<quint64> m_count{0};
+    std::vector<std::thread> m_threads;
+};
+
+} // namespace
+
+class TestCtlTransport : public QObject {
+    Q_OBJECT
+
+private slots:
+    void readsOverBothProtocols_data();
+    void readsOverBothProtocols();
+    void namesTheFault_data();
+    void namesTheFault();
+    void namesTheFaultOverUdp_data();
+    void namesTheFaultOverUdp();
+    void namesOddStreams_data();
+    void namesOddStreams();
+    void takesFramesInPieces();
+    void takesSeveralFramesAtOnce();
+    void dropsLateReplies();
+    void wakesAnOperationThatSleepsLate_data();
+    void wakesAnOperationThatSleepsLate();
+    void tellsAFailureToAnOperationThatSleepsLate();
+    void wakesNobodyAfterTheOperation();
+    void isRefused_data();
+    void isRefused();
+    void givesUpOnAnUnknownHost();
+    void givesUpConnecting();
+    void givesUpWaiting();
+    void connectsAnewAfterALoss();
+    void leavesAConnectionThatStoppedInMidFrame();
+    void abortsTheWait();
+    void abortsConnecting();
+    void refusesOperationsOnceAborted();
+    void awaitsTheLastReply();
+    void endsWithoutHavingBeenUsed();
+    void neverTimesOut_data();
+    void neverTimesOut();
+};
+
+void TestCtlTransport::readsOverBothProtocols_data()
+{
+    QTest::addColumn<int>("protocol");
+    QTest::newRow("tcp") << static_cast<int>(UnitAddress::Tcp);
+    QTest::newRow("udp") << static_cast<int>(UnitAddress::Udp);
+}
+
+void TestCtlTransport::readsOverBothProtocols()
+{
+    QFETCH(int, protocol);
+    SampleUnit sample;
+    Operations operations(longWait, sample.address(static_cast<UnitAddress::Protocol>(protocol)));
+    QCOMPARE(operations.run(ReadDataType), noError);
+    QCOMPARE(
+        DeviceManagerModel::Instance()->getCurrentSelectDevice().getSN(), Q_UINT64_C(310000001));
+    QCOMPARE(operations.transport().lastFailure(), QString());
+    QCOMPARE(operations.run(BackwordReadType), noError);
+}
+
+void TestCtlTransport::namesTheFault_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* name, FaultKind kind, const QString& error) {
+        QTest::newRow(name) << static_cast<int>(kind) << error;
+    };
+    row("drop", FaultKind::Drop, QStringLiteral("回读设备信息超时！"));
+    row("duplicate", FaultKind::Duplicate, noError);
+    row("corrupt", FaultKind::Corrupt,
+        QStringLiteral("UNIT sent a damaged reply: its checksum is wrong"));
+    row("wrong address", FaultKind::WrongAddress,
+        QStringLiteral("请求数据类型与返回数据类型不一致！"));
+    row("wrong length", FaultKind::WrongLength,
+        QStringLiteral("数据包长度与实际的数据包长度不一致！"));
+    row("wrong label", FaultKind::WrongLabel, QStringLiteral("回读设备信息超时！"));
+    row("cut", FaultKind::Cut,
+        QStringLiteral("UNIT closed the connection in the middle of a reply"));
+    row("close", FaultKind::Close, QStringLiteral("UNIT closed the connection without an answer"));
+}
+
+void TestCtlTransport::namesTheFault()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, error);
+    SampleUnit sample;
+    sample.server.faults().addNth(static_cast<FaultKind>(kind), 1);
+    Operations operations(shortWait, sample.address());
+    const QString unit = sample.address().toText();
+    QCOMPARE(operations.run(ReadDataType), error.replace(QStringLiteral("UNIT"), unit));
+    QCOMPARE(operations.run(ReadDataType), noError);
+}
+
+void TestCtlTransport::namesTheFaultOverUdp_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* name, FaultKind kind, const QString& error) {
+        QTest::newRow(name) << static_cast<int>(kind) << error;
+    };
+    row("drop", FaultKind::Drop, QStringLiteral("回读设备信息超时！"));
+    row("duplicate", FaultKind::Duplicate, noError);
+    row("corrupt", FaultKind::Corrupt,
+        QStringLiteral("UNIT sent a damaged reply: its checksum is wrong"));
+    row("truncate", FaultKind::Truncate,
+        QStringLiteral("UNIT sent something that is no reply of a unit"));
+    row("wrong label", FaultKind::WrongLabel, QStringLiteral("回读设备信息超时！"));
+}
+
+void TestCtlTransport::namesTheFaultOverUdp()
+{
+    QFETCH(int, kind);
+    QFETCH(QString, error);
+    SampleUnit sample;
+    sample.server.faults().addNth(static_cast<FaultKind>(kind), 1);
+    Operations operations(shortWait, sample.address(UnitAddress::Udp));
+    const QString unit = sample.address(UnitAddress::Udp).toText();
+    QCOMPARE(operations.run(ReadDataType), error.replace(QStringLiteral("UNIT"), unit));
+    QCOMPARE(operations.run(ReadDataType), noError);
+}
+
+void TestCtlTransport::namesOddStreams_data()
+{
+    QTest::addColumn<QByteArray>("stream");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<QString>("error");
+    const QString noReply = QStringLiteral("%1 sent something that is no reply of a unit");
+    const QByteArray request = UnitFrame::readRequest(0, 0xF0000000, 32).encode();
+    QByteArray oversize = replyTo(request);
+    oversize[10] = 1;
+    QTest::newRow("a byte of something else") << QByteArray("H") << false << noReply;
+    QTest::newRow("a web server") << QByteArray("HTTP/1.1 400 Bad Request\r\n\r\n") << true
+                                  << noReply;
+    QTest::newRow("the request itself") << request << false << noReply;
+    QTest::newRow("more than any frame holds") << oversize << false << noReply;
+    QTest::newRow("closed after a byte") << QByteArray(
+        "Q") << true << QStringLiteral("%1 closed the connection in the middle of a reply");
+    QTest::newRow("closed before the trailer") << replyTo(request).chopped(
+        2) << true << QStringLiteral("%1 closed the connection in the middle of a reply");
+    QTest::newRow("stops in the middle")
+        << replyTo(request).left(20) << false << QStringLiteral("回读设备信息超时！");
+}
+
+void TestCtlTransport::namesOddStreams()
+{
+    QFETCH(QByteArray, stream);
+    QFETCH(bool, closes);
+    QFETCH(QString, error);
+    OddUnit unit([stream, closes](QTcpSocket& socket, const QByteArray&) {
+        socket.write(stream);
+        if (closes)
+            socket.disconnectFromHost();
+    });
+    Operations operations(shortWait, unit.address());
+    QCOMPARE(operations.readDevice(), error.replace(QStringLiteral("%1"), unit.address().toText()));
+}
+
+void TestCtlTransport::takesFramesInPieces()
+{
+    OddUnit unit([](QTcpSocket& socket, const QByteArray& request) {
+        const QByteArray reply = replyTo(request);
+        for (int i = 0; i < reply.size(); ++i) {
+            socket.write(reply.mid(i, 1));
+            socket.flush();
+        }
+    });
+    Operations operations(longWait, unit.address());
+    QCOMPARE(operations.readDevice(), noError);
+}
+
+void TestCtlTransport::takesSeveralFramesAtOnce()
+{
+    // Replies of other labels come along with the right one, in front and behind.
+    OddUnit unit([](QTcpSocket& socket, const QByteArray& request) {
+        QByteArray other = request;
+        other[5] = static_cast<char>(other.at(5) + 1);
+        socket.write(replyTo(other, QByteArray(7, 7)) + replyTo(request) + replyTo(request)
+            + replyTo(other));
+    });
+    Operations operations(longWait, unit.address());
+    for (int i = 0; i < 10; ++i)
+        QCOMPARE(operations.readDevice(), noError);
+}
+
+void TestCtlTransport::dropsLateReplies()
+{
+    // The first request is answered together with the second: by then its reply is late.
+    QByteArray first;
+    OddUnit unit([&first](QTcpSocket& socket, const QByteArray& request) {
+        if (first.isEmpty())
+            first = request;
+        else
+            socket.write(replyTo(first, QByteArray(7, 7)) + replyTo(request));
+    });
+    Operations operations(shortWait, unit.address());
+    QCOMPARE(operations.readDevice(), QStringLiteral("回读设备信息超时！"));
+    QCOMPARE(operations.readDevice(), noError);
+}
+
+void TestCtlTransport::wakesAnOperationThatSleepsLate_data()
+{
+    readsOverBothProtocols_data();
+}
+
+void TestCtlTransport::wakesAnOperationThatSleepsLate()
+{
+    QFETCH(int, protocol);
+    SampleUnit sample;
+    Operations operations(longWait, sample.address(static_cast<UnitAddress::Protocol>(protocol)));
+    // The reply is in before the operation can sleep, at each exchange of a whole read.
+    connect(
+        &operations.unit(), &UnPackage::signal_sendPackage, &operations.unit(),
+        [&operations] { operations.transport().awaitLastReply(); }, Qt::DirectConnection);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QCOMPARE(operations.run(ReadDataType), noError);
+    QVERIFY(elapsed.elapsed() < longWait);
+}
+
+void TestCtlTransport::tellsAFailureToAnOperationThatSleepsLate()
+{
+    OddUnit unit([](QTcpSocket& socket, const QByteArray&) { socket.disconnectFromHost(); });
+    Operations operations(longWait, unit.address());
+    connect(
+        &operations.unit(), &UnPackage::signal_sendPackage, &operations.unit(),
+        [&operations] { operations.transport().awaitLastReply(); }, Qt::DirectConnection);
+    QCOMPARE(operations.run(BackwordReadType),
+        unit.address().toText() + QStringLiteral(" closed the connection without an answer"));
+}
+
+void TestCtlTransport::wakesNobodyAfterTheOperation()
+{
+    SampleUnit sample;
+    Operations operations(shortWait, sample.address());
+    QCOMPARE(operations.run(BackwordReadType), noError);
+    // Nothing was sent for this wait, so nothing may end it.
+    QString error;
+    QVERIFY(!operations.unit().waitResponsed(QStringLiteral("alone"), error));
+    QCOMPARE(error, QStringLiteral("alone超时！"));
+}
+
+void TestCtlTransport::isRefused_data()
+{
+    readsOverBothProtocols_data();
+}
+
+void TestCtlTransport::isRefused()
+{
+    QFETCH(int, protocol);
+    quint16 port = 0;
+    {
+        const SampleUnit sample;
+        port = sample.server.port();
+    }
+    const UnitAddress address{
+        static_cast<UnitAddress::Protocol>(protocol), QStringLiteral("127.0.0.1"), port};
+    Operations operations(longWait, address);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QCOMPARE(operations.readDevice(), address.toText() + QStringLiteral(" refused the connection"));
+    QVERIFY(elapsed.elapsed() < longWait);
+    QCOMPARE(operations.transport().lastFailure(),
+        address.toText() + QStringLiteral(" refused the connection"));
+}
+
+void TestCtlTransport::givesUpOnAnUnknownHost()
+{
+    const UnitAddress address{UnitAddress::Tcp, QStringLiteral("unit.invalid"), 3801};
+    Operations operations(shortWait, address);
+    const QString error = operations.readDevice();
+    QVERIFY2(error == QStringLiteral("tcp://unit.invalid:3801: no such host")
+            || error == QStringLiteral("tcp://unit.invalid:3801 does not answer"),
+        qPrintable(error));
+}
+
+/** A port whose queue of connections is full: the system lets further ones wait. */
+class FullPort {
+public:
+    FullPort()
+    {
+        m_listener = socket(AF_INET, SOCK_STREAM, 0);
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        auto* generic = reinterpret_cast<sockaddr*>(&address);
+        socklen_t size = sizeof(address);
+        bind(m_listener, generic, size);
+        listen(m_listener, 0);
+        getsockname(m_listener, generic, &size);
+        m_port = ntohs(address.sin_port);
+        for (int& filler : m_fillers) {
+            filler = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0);
+            connect(filler, generic, size);
+        }
+    }
+    ~FullPort()
+    {
+        for (const int filler : m_fillers)
+            close(filler);
+        close(m_listener);
+    }
+
+    UnitAddress address() const { return {UnitAddress::Tcp, QStringLiteral("127.0.0.1"), m_port}; }
+
+private:
+    int m_listener = -1;
+    int m_fillers[4] = {};
+    quint16 m_port = 0;
+};
+
+void TestCtlTransport::givesUpConnecting()
+{
+    const FullPort port;
+    Operations operations(shortWait, port.address());
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QCOMPARE(operations.readDevice(), port.address().toText() + QStringLiteral(" does not answer"));
+    QVERIFY(elapsed.elapsed() >= shortWait);
+}
+
+void TestCtlTransport::givesUpWaiting()
+{
+    OddUnit unit([](QTcpSocket&, const QByteArray&) {});
+    Operations operations(shortWait, unit.address());
+    QCOMPARE(operations.run(ReadDataType), QStringLiteral("回读设备信息超时！"));
+}
+
+void TestCtlTransport::connectsAnewAfterALoss()
+{
+    int answered = 0;
+    OddUnit unit([&answered](QTcpSocket& socket, const QByteArray& request) {
+        socket.write(replyTo(request));
+        socket.disconnectFromHost();
+        ++answered;
+    });
+    Operations operations(longWait, unit.address());
+    for (int i = 1; i <= 20; ++i) {
+        QCOMPARE(operations.readDevice(), noError);
+        QCOMPARE(answered, i);
+    }
+}
+
+void TestCtlTransport::leavesAConnectionThatStoppedInMidFrame()
+{
+    int requests = 0;
+    OddUnit unit([&requests](QTcpSocket& socket, const QByteArray& request) {
+        socket.write(requests++ == 0 ? replyTo(request).left(25) : replyTo(request));
+    });
+    Operations operations(shortWait, unit.address());
+    QCOMPARE(operations.readDevice(), QStringLiteral("回读设备信息超时！"));
+    QCOMPARE(operations.readDevice(), noError);
+}
+
+void TestCtlTransport::abortsTheWait()
+{
+    UnitTransport* transport = nullptr;
+    OddUnit unit([&transport](QTcpSocket&, const QByteArray&) {
+        transport->abort(QStringLiteral("enough"));
+    });
+    Operations operations(-1, unit.address());
+    transport = &operations.transport();
+    QCOMPARE(operations.run(ReadDataType), QStringLiteral("enough"));
+}
+
+void TestCtlTransport::abortsConnecting()
+{
+    const FullPort port;
+    Operations operations(-1, port.address());
+    QTimer::singleShot(
+        50, &operations, [&operations] { operations.transport().abort(QStringLiteral("enough")); });
+    QCOMPARE(operations.run(ReadDataType), QStringLiteral("enough"));
+}
+
+void TestCtlTransport::refusesOperationsOnceAborted()
+{
+    SampleUnit sample;
+    Operations operations(longWait, sample.address());
+    operations.transport().abort(QStringLiteral("enough"));
+    QCOMPARE(operations.run(BackwordReadType), QStringLiteral("enough"));
+    QCOMPARE(sample.server.faults().replies(), Q_UINT64_C(0));
+}
+
+void TestCtlTransport::awaitsTheLastReply()
+{
+    SampleUnit sample;
+    Operations operations(longWait, sample.address());
+    operations.unit().setRetainIP(false);
+    QCOMPARE(operations.run(SendResetType), noError);
+    QVERIFY(operations.transport().wasSent());
+    QEventLoop loop;
+    std::thread waiter([&operations, &loop] {
+        operations.transport().awaitLastReply();
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    loop.exec();
+    waiter.join();
+    QCOMPARE(sample.server.faults().replies(), Q_UINT64_C(1));
+}
+
+void TestCtlTransport::endsWithoutHavingBeenUsed()
+{
+    const SampleUnit sample;
+    const Operations operations(longWait, sample.address());
+}
+
+void TestCtlTransport::neverTimesOut_data()
+{
+    QTest::addColumn<int>("protocol");
+    QTest::addColumn<bool>("busy");
+    QTest::newRow("tcp") << static_cast<int>(UnitAddress::Tcp) << false;
+    QTest::newRow("tcp, busy cores") << static_cast<int>(UnitAddress::Tcp) << true;
+    QTest::newRow("udp") << static_cast<int>(UnitAddress::Udp) << false;
+    QTest::newRow("udp, busy cores") << static_cast<int>(UnitAddress::Udp) << true;
+}
+
+void TestCtlTransport::neverTimesOut()
+{
+    QFETCH(int, protocol);
+    QFETCH(bool, busy);
+    SampleUnit sample;
+    Operations operations(longWait, sample.address(static_cast<UnitAddress::Protocol>(protocol)));
+    const std::unique_ptr<BusyCores> load = busy ? std::make_unique<BusyCores>() : nullptr;
+    for (int i = 0; i < 1000; ++i)
+        QCOMPARE(operations.readDevice(), noError);
+}
+
+QTEST_GUILESS_MAIN(TestCtlTransport)
+#include "tst_ctltransport.moc"
