@@ -48,7 +48,7 @@ void TestUnitDiscovery::init()
     QVERIFY2(m_discovery->listen(QHostAddress::LocalHost, 0, &error), qPrintable(error));
     QVERIFY(m_discovery->port() != 0);
     m_searcher = std::make_unique<QUdpSocket>();
-    QVERIFY(m_searcher->bind(QHostAddress::LocalHost));
+    QVERIFY(m_searcher->bind(QHostAddress(QHostAddress::LocalHost)));
 }
 
 void TestUnitDiscovery::search(const QByteArray& text)

@@ -32,8 +32,9 @@ public:
     }
     ~Simulator()
     {
-        m_process.kill();
-        m_process.waitForFinished(patience);
+        m_process.terminate();
+        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(patience))
+            m_process.kill();
     }
 
     QProcess& process() { return m_process; }
@@ -234,7 +235,7 @@ void TestQuadrelsim::servesUdp()
     Simulator simulator;
     const quint16 port = simulator.port();
     QUdpSocket client;
-    QVERIFY2(client.bind(QHostAddress::LocalHost), qPrintable(client.errorString()));
+    QVERIFY(client.bind(QHostAddress(QHostAddress::LocalHost)));
     const UnitFrame request = UnitFrame::readRequest(1, 0xF0000000, 32);
     client.writeDatagram(request.encode(), QHostAddress::LocalHost, port);
     QVERIFY(client.waitForReadyRead(patience));
@@ -540,7 +541,7 @@ void TestQuadrelsim::answersSearches()
     const quint16 searchPort = simulator.port(QStringLiteral("answering searches on "));
     QVERIFY(searchPort != 0);
     QUdpSocket searcher;
-    QVERIFY2(searcher.bind(QHostAddress::LocalHost), qPrintable(searcher.errorString()));
+    QVERIFY(searcher.bind(QHostAddress(QHostAddress::LocalHost)));
     searcher.writeDatagram("Zorbe:", QHostAddress::LocalHost, searchPort);
     QVERIFY(searcher.waitForReadyRead(patience));
     QCOMPARE(searcher.receiveDatagram().data(),
@@ -556,7 +557,7 @@ void TestQuadrelsim::answersSearchesOddly()
     QVERIFY(simulator.port() != 0);
     const quint16 searchPort = simulator.port(QStringLiteral("answering searches on "));
     QUdpSocket searcher;
-    QVERIFY2(searcher.bind(QHostAddress::LocalHost), qPrintable(searcher.errorString()));
+    QVERIFY(searcher.bind(QHostAddress(QHostAddress::LocalHost)));
     searcher.writeDatagram("Zorbe:", QHostAddress::LocalHost, searchPort);
     QList<QByteArray> replies;
     while (replies.size() < 3) {

@@ -42,8 +42,9 @@ template <typename Test> CLI::Validator accept(Test test, const QString& complai
 {
     return CLI::Validator(
         [test, complaint](std::string& argument) {
-            return test(toText(argument)) ? std::string()
-                                          : complaint.arg(toText(argument)).toStdString();
+            return test(toText(argument))
+                ? std::string()
+                : QString(complaint).replace(QStringLiteral("%1"), toText(argument)).toStdString();
         },
         std::string());
 }
@@ -53,7 +54,7 @@ CLI::Option* addFile(CLI::App* app, const char* name, const QString& help, QStri
     const auto isName = [](const QString& text) { return !text.isEmpty(); };
     return addText(app, name, help, target)
         ->type_name("FILE")
-        ->check(accept(isName, Tool::tr("the name of the file is empty%1")));
+        ->check(accept(isName, Tool::tr("the name of the file is empty")));
 }
 
 CLI::Option* addUnit(CLI::App* app, UnitAddress& unit)
