@@ -32,18 +32,18 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS OFF)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME quadrelbll)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 # An edited settings file outlives an upgrade of the package.
 set(conffiles ${PROJECT_BINARY_DIR}/package/conffiles)
 file(WRITE ${conffiles} "/usr/${QUADRELBLL_TOOLS_DIR}/configWidget.ini\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${conffiles})
-set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "${PROJECT_DESCRIPTION}
- The shared library, quadrelctl, which configures a control unit from the
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
+    "The shared library, quadrelctl, which configures a control unit from the
  command line, and quadrelsim, a simulated control unit.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME quadrelbll-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "quadrelbll (= ${PROJECT_VERSION}), qtbase5-dev (>= 5.15)")
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "${PROJECT_DESCRIPTION} (development files)
- Headers, and what CMake and pkg-config need to link against the library.")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Headers, and what CMake and pkg-config need to link against the library.")
 include(CPack)

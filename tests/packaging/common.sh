@@ -22,11 +22,11 @@ stopUnit() {
 }
 trap stopUnit EXIT
 
-# startUnit PROGRAM: a simulated unit with the sample configuration; its port is in $port.
+# startUnit PROGRAM OPTION...: a simulated unit with the sample configuration; its port is in $port.
 startUnit() {
     local lines=$WORK/unit.out
     : >"$lines"
-    "$1" --port 0 --sample --serial 4711 >"$lines" &
+    "$@" --port 0 --sample --serial 4711 >"$lines" &
     unit=$!
     port=$(timeout 60 tail -n +1 -f --pid="$unit" "$lines" | sed -n '/^listening on /{s/.*://p;q}')
     [ -n "$port" ] || fail "the simulated unit does not listen"
