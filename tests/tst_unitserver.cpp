@@ -47,7 +47,7 @@ UnitFrame readInformation(quint8 label = 1)
 
 QByteArray informationReply(const ControlUnit& unit, quint8 label = 1)
 {
-    return UnitFrame::replyTo(readInformation(label), unit.settings().informationBlock()).encode();
+    return ControlUnit(unit.settings()).answer(readInformation(label)).reply.encode();
 }
 
 UnitFrame reset(bool keepsAddress)
