@@ -1,3 +1,4 @@
+#include "contexttranslator.h"
 #include "devicemodel.h"
 #include "eventmodel.h"
 #include "packagedevice.h"
@@ -11,24 +12,12 @@
 #include "triggertimemodel.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QTranslator>
 #include <QtTest/QTest>
 
 namespace {
 
 constexpr uint dataType = 0xF0010001;
 constexpr int slotSize = 512;
-
-/** Translates each text into itself, with its context in front. */
-class ContextTranslator : public QTranslator {
-public:
-    QString translate(const char* context, const char* source, const char* /*disambiguation*/,
-        int /*n*/) const override
-    {
-        return QString::fromUtf8(context) + QLatin1Char('|') + QString::fromUtf8(source);
-    }
-    bool isEmpty() const override { return false; }
-};
 
 } // namespace
 

@@ -1,4 +1,5 @@
 #include "devicemanagermodel.h"
+#include "modelmanagement.h"
 #include "settingsbeside.h"
 #include "unitsample.h"
 #include "unitserver.h"
@@ -83,9 +84,19 @@ private:
         m_results.clear();
         QMetaObject::invokeMethod(m_unit.get(), operation, Qt::QueuedConnection);
         m_loop.exec();
+        forgetDevice();
         // Whatever else is on its way would be a second closing signal.
         QCoreApplication::processEvents();
         return m_results.size() == 1 ? m_results.first() : m_results.join(QStringLiteral(" and "));
+    }
+
+    /** Each read leaves the models of the one before it behind. */
+    static void forgetDevice()
+    {
+        DeviceManagerModel* registry = DeviceManagerModel::Instance();
+        const DeviceModel device = registry->getCurrentSelectDevice();
+        const std::unique_ptr<ModelManagement> models(registry->getDeviceData(device));
+        registry->deleteDeviceData(device);
     }
 
     void finish(const QString& error)

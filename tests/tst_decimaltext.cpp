@@ -6,21 +6,9 @@ class TestDecimalText : public QObject {
     Q_OBJECT
 
 private slots:
-    void appendsNumbers();
     void readsWhatTheFrameworkReads_data();
     void readsWhatTheFrameworkReads();
 };
-
-void TestDecimalText::appendsNumbers()
-{
-    for (int number = 0; number <= 0xFFFF; ++number) {
-        for (const int digits : {1, 2}) {
-            QString text = QStringLiteral("x");
-            appendDecimal(text, static_cast<quint16>(number), digits);
-            QCOMPARE(text, QStringLiteral("x%1").arg(number, digits, 10, QLatin1Char('0')));
-        }
-    }
-}
 
 void TestDecimalText::readsWhatTheFrameworkReads_data()
 {

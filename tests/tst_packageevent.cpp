@@ -92,6 +92,7 @@ private slots:
     void limitsTheCommand();
     void appendsToTheModel();
     void shortFramesReadAsZeros();
+    void descriptionsRunIntoTheTrailer();
     void asymmetries_data();
     void asymmetries();
     void writesLists();
@@ -468,6 +469,25 @@ void TestPackageEvent::shortFramesReadAsZeros()
     QVERIFY(model.at(0) == eventOf(0, 0, {}));
 }
 
+void TestPackageEvent::descriptionsRunIntoTheTrailer()
+{
+    // The longest command leaves the slot 189 bytes, and the description claims 255. The trailer's
+    // bytes are read like any others, and behind them there is nothing but zeros.
+    QByteArray bytes = block(1, QByteArray(319, '\x20')).left(323);
+    bytes[322] = '\xFF';
+    for (int i = 0; i < 94; ++i)
+        bytes += hex("0041");
+    bytes += hex("00");
+    QByteArray frame = replyFrame(eventDataType, bytes);
+    frame.replace(frame.size() - 2, 2, hex("4243"));
+
+    EventModel model;
+    QString error;
+    QVERIFY(parse(frame, model, error));
+    QCOMPARE(model.at(0).getEventInstruction(),
+        QString(94, QLatin1Char('A')) + QLatin1Char('B') + QChar(0x4300));
+}
+
 void TestPackageEvent::asymmetries_data()
 {
     QTest::addColumn<int>("type");
@@ -526,6 +546,11 @@ void TestPackageEvent::listsKeepTheirStride()
         QCOMPARE(bytes.mid(1 + i * slotSize, slotSize),
             PackageEvent::createEventPackage(events[i]).left(slotSize));
     }
+    // What outgrew its slot is not overwritten: the next block is put in before it.
+    QCOMPARE(bytes,
+        '\x02' + PackageEvent::createEventPackage(events[0]).left(slotSize)
+            + PackageEvent::createEventPackage(events[1])
+            + PackageEvent::createEventPackage(events[0]).mid(slotSize));
 }
 
 void TestPackageEvent::readsLists()

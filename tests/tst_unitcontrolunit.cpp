@@ -15,7 +15,7 @@ QByteArray fromHex(const char* text)
 QByteArray read(ControlUnit& unit, quint32 address, int length)
 {
     return unit.answer(UnitFrame::readRequest(1, address, static_cast<quint16>(length)))
-        .reply.payload;
+        .reply.payload.left(length);
 }
 
 UnitAnswer write(ControlUnit& unit, quint32 address, const QByteArray& data)
@@ -48,6 +48,7 @@ private slots:
     void leavesTheWorksConfigured();
     void answersAReadWithWhatWasAskedFor_data();
     void answersAReadWithWhatWasAskedFor();
+    void sendsInfraredPortsBehindItsInformation();
     void answersAWriteWithoutData();
     void keepsWhatIsWritten_data();
     void keepsWhatIsWritten();
@@ -87,7 +88,8 @@ void TestUnitControlUnit::answersAReadWithWhatWasAskedFor_data()
 {
     QTest::addColumn<quint32>("address");
     QTest::addColumn<int>("length");
-    QTest::newRow("information") << quint32(0xF0000000) << 32;
+    QTest::newRow("part of the information") << quint32(0xF0000000) << 31;
+    QTest::newRow("more than the information") << quint32(0xF0000000) << 33;
     QTest::newRow("nothing") << quint32(0xF0000000) << 0;
     QTest::newRow("a record") << quint32(0xF0020001) << 512;
     QTest::newRow("clock") << quint32(0x02000011) << 6;
@@ -111,6 +113,17 @@ void TestUnitControlUnit::answersAReadWithWhatWasAskedFor()
     QVERIFY(!answer.restarts);
     QVERIFY(!answer.upgraded);
     QVERIFY(answer.notice.isEmpty());
+}
+
+void TestUnitControlUnit::sendsInfraredPortsBehindItsInformation()
+{
+    UnitSettings settings;
+    settings.infraredPorts = 200;
+    ControlUnit unit(settings);
+    const UnitFrame reply = unit.answer(UnitFrame::readRequest(1, 0xF0000000, 32)).reply;
+    QCOMPARE(reply.dataLength, quint16(32));
+    QCOMPARE(reply.payload, settings.informationBlock() + '\xC8');
+    QCOMPARE(unit.settings().infraredPorts, quint8(200));
 }
 
 void TestUnitControlUnit::answersAWriteWithoutData()

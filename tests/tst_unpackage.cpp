@@ -1,3 +1,4 @@
+#include "contexttranslator.h"
 #include "devicemanagermodel.h"
 #include "modelmanagement.h"
 #include "packageevent.h"
@@ -11,7 +12,9 @@
 #include "signallog.h"
 #include "unpackage.h"
 
+#include <QtCore/QEventLoop>
 #include <QtCore/QMetaMethod>
+#include <QtCore/QThread>
 #include <QtTest/QtTest>
 
 #include <memory>
@@ -133,6 +136,26 @@ Memory makeMemory(int events, int triggers, int timeTriggers)
     return memory;
 }
 
+void selectDevice(const QString& ip)
+{
+    DeviceModel device;
+    device.setIP(ip);
+    DeviceManagerModel::Instance()->setCurrentSelectDevice(device);
+}
+
+ModelManagement* selectedModels()
+{
+    auto* registry = DeviceManagerModel::Instance();
+    return registry->getDeviceData(registry->getCurrentSelectDevice());
+}
+
+/** Each read of a unit leaves the aggregate of the one before behind; here someone remembers it. */
+void rememberSelectedModels()
+{
+    static auto* const remembered = new QVector<ModelManagement*>;
+    remembered->append(selectedModels());
+}
+
 /** An operations object with its own wait time, the log of its signals and a unit behind it. */
 class Bench {
 public:
@@ -148,6 +171,8 @@ public:
         writeSettingsBeside("[Communication]\ntimeout=" + QByteArray::number(timeout) + "\n");
         operations = std::make_unique<UnPackage>();
         log = std::make_unique<SignalLog>(*operations);
+        QObject::connect(operations.get(), &UnPackage::signal_updateDeviced, operations.get(),
+            &rememberSelectedModels, Qt::DirectConnection);
         unit = std::make_unique<ScriptedUnit>(
             *operations, [script](const QByteArray& frame, int number) {
                 return script(RecordedRequest::fromFrame(frame), number);
@@ -192,17 +217,13 @@ public:
     std::unique_ptr<ScriptedUnit> unit;
 };
 
-void selectDevice(const QString& ip)
+/** Answers like a unit with this memory, but fails at one frame. */
+Bench failingAt(int failing, const Memory& memory)
 {
-    DeviceModel device;
-    device.setIP(ip);
-    DeviceManagerModel::Instance()->setCurrentSelectDevice(device);
-}
-
-ModelManagement* selectedModels()
-{
-    auto* registry = DeviceManagerModel::Instance();
-    return registry->getDeviceData(registry->getCurrentSelectDevice());
+    return Bench([=](const RecordedRequest& request, int number) {
+        return number == failing ? ScriptedUnit::failure(QStringLiteral("断线"))
+                                 : ScriptedUnit::reply(faithfulReply(memory, request));
+    });
 }
 
 } // namespace
@@ -237,15 +258,22 @@ private slots:
     void dispatch_success_data();
     void dispatch_success();
     void dispatch_resetsState();
+    void dispatch_tellsTheDeviceOfTheStart();
+    void dispatch_onAWorkerThread();
 
     void readDevice();
+    void readDevice_fillsThePlacedRecord();
+    void readDevice_failureChangesNothing();
     void readDevice_keepsOldAggregate();
     void readDevice_staleReply();
 
     void sendConfig();
+    void sendConfig_takesLinesAfterPorts();
     void sendConfig_emptyLists();
     void readConfig();
     void configNumber();
+    void configNumber_isNotChecked_data();
+    void configNumber_isNotChecked();
     void readConfig_secondBlockFails();
 
     void sendEvent_data();
@@ -254,6 +282,7 @@ private slots:
     void readEvents_counts_data();
     void readEvents_counts();
     void readEvents_appends();
+    void readEvents_failureKeepsWhatWasRead();
 
     void sendTrigger_data();
     void sendTrigger();
@@ -265,10 +294,16 @@ private slots:
     void readTriggers_counts();
     void readTriggers_numbersEachKind();
 
+    void readTriggers_failureLeavesThemUnnumbered();
+    void readTimeTriggers_failureLeavesThemUnnumbered();
+    void failedWriteLeavesTheRegistry_data();
+    void failedWriteLeavesTheRegistry();
+
     void readData_emptyUnit();
     void readData_fullUnit();
     void readData_twice();
     void readData_failingEvents();
+    void readData_emptiesListsButNotTheConfiguration();
     void unknownDeviceGetsAggregate();
 
     void clock_read_data();
@@ -284,6 +319,7 @@ private slots:
     void network();
     void network_badAddresses_data();
     void network_badAddresses();
+    void network_failures();
     void network_errorStaysSet();
     void reset_data();
     void reset();
@@ -294,6 +330,7 @@ private slots:
     void upgrade_sizes();
     void upgrade_secondRun();
     void upgrade_failsMidway();
+    void upgrade_newPackageStartsOver();
     void progress_data();
     void progress();
     void remark_data();
@@ -303,6 +340,11 @@ private slots:
     void faults_data();
     void faults();
     void lateReply();
+
+    void labels_translated_data();
+    void labels_translated();
+    void networkLabel_translated();
+    void messages_translated();
 };
 
 void UnPackageTest::init()
@@ -389,7 +431,9 @@ void UnPackageTest::settings_data()
     QTest::newRow("no key") << QByteArray("[Search]\ntimeout=5000\n");
     QTest::newRow("no number") << QByteArray("[Communication]\ntimeout=soon\n");
     QTest::newRow("zero") << QByteArray("[Communication]\ntimeout=0\n");
-    QTest::newRow("negative, but not -1") << QByteArray("[Communication]\ntimeout=-2\n");
+    for (const char* value : {"-2", "-1000", "-2147483648", "4294967296", "1,2", "@Invalid()"})
+        QTest::newRow(value) << "[Communication]\ntimeout=" + QByteArray(value) + "\n";
+    QTest::newRow("key of another group") << QByteArray("timeout=-1\n[Upgrade]\ntimeout=-1\n");
     QTest::newRow("not a settings file") << QByteArray("\x00\xff\xfe]]=[\n", 8);
     QTest::newRow("empty") << QByteArray();
 }
@@ -556,6 +600,58 @@ void UnPackageTest::dispatch_success()
     QCOMPARE(bench.log->entries.last(), closing);
     QCOMPARE(bench.log->entries.filter(QStringLiteral("errored")), QStringList());
     QCOMPARE(bench.traffic().first(), firstFrame);
+    for (const RecordedRequest& request : bench.requests()) {
+        QVERIFY(request.text.isEmpty());
+        if (request.write)
+            QCOMPARE(int(request.length), request.data.size());
+    }
+}
+
+void UnPackageTest::dispatch_tellsTheDeviceOfTheStart()
+{
+    const Memory memory = makeMemory(0, 0, 0);
+    Bench bench([memory](const RecordedRequest& request, int) {
+        selectDevice(QStringLiteral("10.3.3.3"));
+        return ScriptedUnit::reply(faithfulReply(memory, request));
+    });
+    bench.run(BackwordReadType);
+    QCOMPARE(bench.log->entries.last(), QStringLiteral("finshed:192.168.1.10"));
+    QCOMPARE(DeviceManagerModel::Instance()->getCurrentSelectDevice().getIP(),
+        QStringLiteral("10.3.3.3"));
+}
+
+/** As an application does it: slots reached and signals taken through queued connections. */
+void UnPackageTest::dispatch_onAWorkerThread()
+{
+    Bench bench(makeMemory(2, 1, 1));
+    UnPackage* operations = bench.operations.get();
+    QThread worker;
+    operations->moveToThread(&worker);
+    worker.start();
+
+    const QThread* emitter = nullptr;
+    connect(
+        operations, &UnPackage::signal_readFinished, operations,
+        [&] { emitter = QThread::currentThread(); }, Qt::DirectConnection);
+    QString closing;
+    QEventLoop loop;
+    connect(operations, &UnPackage::signal_readFinished, &loop, [&](DeviceModel device) {
+        closing = device.getIP();
+        loop.quit();
+    });
+    connect(operations, &UnPackage::signal_errored, &loop, [&](const QString& error) {
+        closing = error;
+        loop.quit();
+    });
+    QVERIFY(QMetaObject::invokeMethod(operations, "slot_runReadPackage", Qt::QueuedConnection,
+        Q_ARG(DataPackageType, ReadDataType)));
+    loop.exec();
+    bench.unit->operationClosed();
+    worker.quit();
+    worker.wait();
+    QCOMPARE(closing, QStringLiteral("10.0.0.7"));
+    QCOMPARE(emitter, &worker);
+    QCOMPARE(selectedModels()->getEventModel()->size(), 2);
 }
 
 void UnPackageTest::dispatch_resetsState()
@@ -582,6 +678,36 @@ void UnPackageTest::readDevice()
     QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
     QCOMPARE(device.getModelId(), quint16(0x7209));
     QVERIFY(*selectedModels()->getDeviceModel() == device);
+}
+
+void UnPackageTest::readDevice_fillsThePlacedRecord()
+{
+    Bench bench(makeMemory(0, 0, 0));
+    DeviceModel placed;
+    placed.setName(QStringLiteral("Halle 3"));
+    placed.setPattern(QStringLiteral("pattern"));
+    placed.setType(QStringLiteral("type"));
+    bench.operations->setDeviceModel(placed);
+    QString error;
+    QVERIFY(bench.call(&UnPackage::readDeviceParameter, error));
+    DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
+    QCOMPARE(device.getName(), QStringLiteral("Halle 3"));
+    QCOMPARE(device.getPattern(), QStringLiteral("pattern"));
+    QCOMPARE(device.getType(), QStringLiteral("type"));
+    QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
+}
+
+void UnPackageTest::readDevice_failureChangesNothing()
+{
+    Bench bench([](const RecordedRequest& request, int) {
+        return ScriptedUnit::reply(replyFrame(request.address, informationBlock(7).left(31)));
+    });
+    QString error;
+    QVERIFY(!bench.call(&UnPackage::readDeviceParameter, error));
+    QCOMPARE(error, QStringLiteral("数据包长度与实际的数据包长度不一致！"));
+    QVERIFY(bench.log->entries.isEmpty());
+    QCOMPARE(DeviceManagerModel::Instance()->getCurrentSelectDevice().getIP(),
+        QStringLiteral("192.168.1.10"));
 }
 
 void UnPackageTest::readDevice_keepsOldAggregate()
@@ -628,6 +754,22 @@ void UnPackageTest::sendConfig()
     QVERIFY(*selectedModels()->getConfigModel() == configuration);
 }
 
+void UnPackageTest::sendConfig_takesLinesAfterPorts()
+{
+    // The IO list is taken only once the unit has answered the serial block.
+    UnPackage* operations = nullptr;
+    Bench bench([&](const RecordedRequest& request, int number) {
+        if (number == 0)
+            operations->setConfigModel(makeConfiguration(5, 4));
+        return ScriptedUnit::reply(replyFrame(request.address, QByteArray()));
+    });
+    operations = bench.operations.get();
+    operations->setConfigModel(makeConfiguration(2, 3));
+    bench.run(SendConfigType);
+    QCOMPARE(bench.traffic(),
+        (QStringList{QStringLiteral("w f0001000 14"), QStringLiteral("w f0001100 8")}));
+}
+
 void UnPackageTest::sendConfig_emptyLists()
 {
     Bench bench;
@@ -663,6 +805,40 @@ void UnPackageTest::configNumber()
         (QStringList{QStringLiteral("w f0001000 63"), QStringLiteral("w f0001100 24")}));
 }
 
+void UnPackageTest::configNumber_isNotChecked_data()
+{
+    QTest::addColumn<int>("ports");
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<QStringList>("traffic");
+    QTest::newRow("none") << 0 << 0 << QStringList{"r f0001000 0", "r f0001100 0"};
+    QTest::newRow("most") << 9362 << 32767 << QStringList{"r f0001000 65534", "r f0001100 65534"};
+    QTest::newRow("below 0") << -1 << 12 << QStringList{"r f0001000 4294967289"};
+    QTest::newRow("too many") << 10000 << 12 << QStringList{"r f0001000 70000"};
+    QTest::newRow("largest") << 0x7FFFFFFF << 12 << QStringList{"r f0001000 2147483641"};
+}
+
+void UnPackageTest::configNumber_isNotChecked()
+{
+    QFETCH(int, ports);
+    QFETCH(int, lines);
+    QFETCH(QStringList, traffic);
+    // A unit gives what its 16-bit length field can tell.
+    Bench bench([](const RecordedRequest& request, int) {
+        return ScriptedUnit::reply(
+            replyFrame(request.address, QByteArray(int(request.length & 0xFFFF), '\0')));
+    });
+    bench.operations->setConfigNumber(ports, lines);
+    QString error;
+    const bool read = bench.call(&UnPackage::readConfigParameter, error);
+    QCOMPARE(bench.traffic(), traffic);
+    QCOMPARE(read, traffic.size() == 2);
+    QCOMPARE(error, read ? QString() : QStringLiteral("数据包长度与请求数据长度不一致！"));
+    if (read) {
+        QCOMPARE(selectedModels()->getConfigModel()->getComInfo().size(), ports);
+        QCOMPARE(selectedModels()->getConfigModel()->getIOType().size(), lines);
+    }
+}
+
 void UnPackageTest::readConfig_secondBlockFails()
 {
     selectDevice(QStringLiteral("10.9.9.9"));
@@ -673,12 +849,12 @@ void UnPackageTest::readConfig_secondBlockFails()
     });
     SystemModel old = makeConfiguration(1, 1);
     bench.operations->setConfigModel(old);
-    selectedModels();
     QString error;
     QVERIFY(!bench.call(&UnPackage::readConfigParameter, error));
     QCOMPARE(error, QStringLiteral("断线"));
     QVERIFY(bench.log->entries.isEmpty());
-    QVERIFY(*selectedModels()->getConfigModel() == SystemModel());
+    const std::unique_ptr<ModelManagement> fresh(selectedModels());
+    QVERIFY(*fresh->getConfigModel() == SystemModel());
 
     // The working copy holds the new serial list and the old IO list, and that is what a write
     // sends.
@@ -764,6 +940,19 @@ void UnPackageTest::readEvents_appends()
     QVERIFY(bench.call(&UnPackage::readEventParameter, error));
     QVERIFY(bench.call(&UnPackage::readEventParameter, error));
     QCOMPARE(selectedModels()->getEventModel()->size(), 4);
+}
+
+void UnPackageTest::readEvents_failureKeepsWhatWasRead()
+{
+    Bench bench = failingAt(3, makeMemory(4, 0, 0));
+    QString error;
+    QVERIFY(!bench.call(&UnPackage::readEventParameter, error));
+    QCOMPARE(error, QStringLiteral("断线"));
+    QVERIFY(bench.log->entries.isEmpty());
+
+    bench.run(SendEventType);
+    QCOMPARE(bench.requests().at(4).data, hex("02"));
+    QVERIFY(*selectedModels()->getEventModel() == makeEvents(2));
 }
 
 void UnPackageTest::sendTrigger_data()
@@ -915,6 +1104,70 @@ void UnPackageTest::readTriggers_numbersEachKind()
     QCOMPARE(triggers->at(2).getTriggerEvent(), QStringLiteral("(ID:0)"));
 }
 
+void UnPackageTest::readTriggers_failureLeavesThemUnnumbered()
+{
+    Bench bench = failingAt(4, makeMemory(0, 5, 0));
+    QString error;
+    QVERIFY(!bench.call(&UnPackage::readTriggerParameter, error));
+    QVERIFY(bench.log->entries.isEmpty());
+    bench.run(SendTriggerType);
+    TriggerModel* triggers = selectedModels()->getTriggerModel();
+    QCOMPARE(triggers->size(), 3);
+    for (int i = 0; i < triggers->size(); ++i)
+        QCOMPARE(triggers->at(i).getTriggerId(), TriggerInfo().getTriggerId());
+}
+
+void UnPackageTest::readTimeTriggers_failureLeavesThemUnnumbered()
+{
+    Bench bench = failingAt(4, makeMemory(0, 0, 5));
+    QString error;
+    QVERIFY(!bench.call(&UnPackage::readTimeTriggerParameter, error));
+    QVERIFY(bench.log->entries.isEmpty());
+    bench.run(SendTimeTriggerType);
+    TriggerTimeModel* triggers = selectedModels()->getTriggerTimeModel();
+    QCOMPARE(triggers->size(), 3);
+    for (int i = 0; i < triggers->size(); ++i)
+        QCOMPARE(triggers->at(i).getTriggerId(), TriggerTimeInfo().getTriggerId());
+}
+
+void UnPackageTest::failedWriteLeavesTheRegistry_data()
+{
+    QTest::addColumn<DataPackageType>("type");
+    QTest::addColumn<int>("failing");
+    const auto rows = [](const char* name, DataPackageType type, int steps) {
+        for (int step = 0; step < steps; ++step)
+            QTest::addRow("%s, step %d", name, step) << type << step;
+    };
+    rows("configuration", SendConfigType, 2);
+    rows("events", SendEventType, 3);
+    rows("triggers", SendTriggerType, 3);
+    rows("time triggers", SendTimeTriggerType, 3);
+}
+
+void UnPackageTest::failedWriteLeavesTheRegistry()
+{
+    QFETCH(DataPackageType, type);
+    QFETCH(int, failing);
+    selectDevice(QStringLiteral("10.4.%1.%2").arg(type).arg(failing));
+    auto* stored = new ModelManagement;
+    auto* registry = DeviceManagerModel::Instance();
+    registry->setDeviceData(registry->getCurrentSelectDevice(), stored);
+
+    Bench bench = failingAt(failing, Memory());
+    bench.operations->setConfigModel(makeConfiguration(2, 2));
+    bench.operations->setEventModel(makeEvents(5));
+    bench.operations->setTriggerModel(makeTriggers(3));
+    bench.operations->setTimeTriggerModel(makeTimeTriggers(2));
+    bench.run(type);
+    QCOMPARE(bench.log->entries, QStringList{QStringLiteral("errored:断线")});
+    QCOMPARE(bench.unit->frames().size(), failing + 1);
+    QCOMPARE(selectedModels(), stored);
+    QVERIFY(*stored->getConfigModel() == SystemModel());
+    QCOMPARE(stored->getEventModel()->size(), 0);
+    QCOMPARE(stored->getTriggerModel()->size(), 0);
+    QCOMPARE(stored->getTriggerTimeModel()->size(), 0);
+}
+
 void UnPackageTest::readData_emptyUnit()
 {
     Bench bench(makeMemory(0, 0, 0));
@@ -972,11 +1225,32 @@ void UnPackageTest::readData_failingEvents()
     QCOMPARE(selectedModels()->getEventModel()->size(), 0);
 }
 
+void UnPackageTest::readData_emptiesListsButNotTheConfiguration()
+{
+    Bench bench = failingAt(0, makeMemory(0, 0, 0));
+    bench.operations->setConfigModel(makeConfiguration(1, 2));
+    bench.operations->setEventModel(makeEvents(5));
+    bench.operations->setTriggerModel(makeTriggers(3));
+    bench.operations->setTimeTriggerModel(makeTimeTriggers(2));
+    bench.run(ReadDataType);
+    QCOMPARE(bench.log->entries, QStringList{QStringLiteral("errored:断线")});
+
+    bench.run(SendConfigType);
+    bench.run(SendEventType);
+    bench.run(SendTriggerType);
+    QCOMPARE(bench.traffic().mid(1),
+        (QStringList{QStringLiteral("w f0001000 7"), QStringLiteral("w f0001100 4"),
+            QStringLiteral("w f0020000 1"), QStringLiteral("w f0010000 1")}));
+    QCOMPARE(bench.requests().at(3).data, hex("00"));
+    QCOMPARE(bench.requests().at(4).data, hex("00"));
+}
+
 void UnPackageTest::unknownDeviceGetsAggregate()
 {
     selectDevice(QStringLiteral("10.7.7.7"));
-    ModelManagement* fresh = selectedModels();
-    QVERIFY(selectedModels() != fresh);
+    const std::unique_ptr<ModelManagement> fresh(selectedModels());
+    const std::unique_ptr<ModelManagement> another(selectedModels());
+    QVERIFY(fresh != another);
     Bench bench;
     bench.operations->setConfigModel(makeConfiguration(1, 2));
     bench.run(SendConfigType);
@@ -1069,6 +1343,18 @@ void UnPackageTest::clock_writeReportsBeforeReply()
     QCOMPARE(bench.log->entries,
         (QStringList{
             QStringLiteral("backread:2026/11/14  06:05:49"), QStringLiteral("errored:断线")}));
+
+    writeSettingsBeside("[Communication]\ntimeout=0\n");
+    UnPackage operations;
+    QStringList order;
+    connect(&operations, &UnPackage::signal_sendPackage, &operations,
+        [&] { order.append(QStringLiteral("frame")); });
+    connect(&operations, &UnPackage::signal_backread, &operations,
+        [&] { order.append(QStringLiteral("backread")); });
+    QString error;
+    QVERIFY(!operations.backwordwrite(error));
+    QCOMPARE(error, QStringLiteral("同步本地时间超时！"));
+    QCOMPARE(order, (QStringList{QStringLiteral("frame"), QStringLiteral("backread")}));
 }
 
 void UnPackageTest::setBytesFromInt_data()
@@ -1160,6 +1446,25 @@ void UnPackageTest::network_badAddresses()
     QVERIFY(bench.log->entries.isEmpty());
 }
 
+void UnPackageTest::network_failures()
+{
+    // Neither the reason nor any other signal than the closing one goes out.
+    writeSettingsBeside("[Communication]\ntimeout=0\n");
+    UnPackage operations;
+    SignalLog log(operations);
+    int frames = 0;
+    connect(&operations, &UnPackage::signal_sendPackage, &operations, [&] { ++frames; });
+    const QString ip = QStringLiteral("1.2.3.4");
+    operations.slot_SendQuadrelNetWork(QStringLiteral("old"), ip, ip, ip);
+    QCOMPARE(frames, 1);
+    operations.slot_SendQuadrelNetWork(
+        QStringLiteral("old"), QStringLiteral("1.2.3"), QStringLiteral("m"), QString());
+    QCOMPARE(frames, 1);
+    QCOMPARE(log.entries,
+        (QStringList{QStringLiteral("finishnetwork:old,1.2.3.4,0"),
+            QStringLiteral("finishnetwork:old,1.2.3,0")}));
+}
+
 void UnPackageTest::network_errorStaysSet()
 {
     Bench bench;
@@ -1201,6 +1506,9 @@ void UnPackageTest::reset_withoutUnit()
     QString error;
     QVERIFY(operations.sendReset(error));
     QVERIFY(error.isEmpty());
+    log.entries.clear();
+    operations.slot_runReadPackage(SendResetType);
+    QCOMPARE(log.entries, QStringList{QStringLiteral("finshed:192.168.1.10")});
 }
 
 void UnPackageTest::upgrade_controlWords()
@@ -1325,6 +1633,26 @@ void UnPackageTest::upgrade_failsMidway()
     QCOMPARE(requests.at(4).address, 0x06000000U);
     QCOMPARE(requests.at(4).data, QByteArray(904, 'a'));
     QCOMPARE(bench.log->entries.last(), QStringLiteral("finshedUpgrade:v2"));
+}
+
+void UnPackageTest::upgrade_newPackageStartsOver()
+{
+    Bench bench = failingAt(5, Memory());
+    bench.operations->setUpgradePackage(
+        QByteArray(100, 's'), QByteArray(5000, 'a'), QStringLiteral("v2"));
+    bench.run(UpgradeDeviceType);
+    QCOMPARE(bench.log->entries.last(), QStringLiteral("errored:断线"));
+    bench.operations->setUpgradePackage(
+        QByteArray(10, 't'), QByteArray(3000, 'b'), QStringLiteral("v3"));
+    bench.run(UpgradeDeviceType);
+    const auto requests = bench.requests().mid(6);
+    QCOMPARE(requests.size(), 10 + 2 + 1);
+    QCOMPARE(requests.at(0).data, hex("c20b0000"));
+    QCOMPARE(requests.at(2).data, hex("b80b0000"));
+    QCOMPARE(requests.at(4).data, QByteArray(2048, 'b'));
+    QCOMPARE(requests.at(5).data, QByteArray(952, 'b'));
+    QCOMPARE(requests.last().data, QByteArray(10, 't'));
+    QCOMPARE(bench.log->entries.last(), QStringLiteral("finshedUpgrade:v3"));
 }
 
 void UnPackageTest::progress_data()
@@ -1556,6 +1884,104 @@ void UnPackageTest::lateReply()
         bench.run(BackwordReadType);
     } while (bench.log->entries.last().startsWith(QStringLiteral("errored")));
     QCOMPARE(bench.log->entries.first(), QStringLiteral("backread:2026/01/09 07:05:03"));
+}
+
+namespace {
+
+const struct {
+    const char* name;
+    bool (UnPackage::*operation)(QString&);
+    const char* label;
+} labelledOperations[] = {
+    {"readDeviceParameter", &UnPackage::readDeviceParameter, "回读设备信息"},
+    {"readConfigParameter", &UnPackage::readConfigParameter, "回读配置参数"},
+    {"readEventParameter", &UnPackage::readEventParameter, "回读事件参数"},
+    {"readTriggerParameter", &UnPackage::readTriggerParameter, "回读触发参数"},
+    {"readTimeTriggerParameter", &UnPackage::readTimeTriggerParameter, "回读触发参数"},
+    {"readData", &UnPackage::readData, "回读设备信息"},
+    {"sendConfig", &UnPackage::sendConfig, "配置参数"},
+    {"sendEvent", &UnPackage::sendEvent, "配置参数"},
+    {"sendTrigger", &UnPackage::sendTrigger, "配置参数"},
+    {"sendTimeTrigger", &UnPackage::sendTimeTrigger, "配置参数"},
+    {"sendReset", &UnPackage::sendReset, "配置参数"},
+    {"backwordread", &UnPackage::backwordread, "校时回读"},
+    {"backwordwrite", &UnPackage::backwordwrite, "同步本地时间"},
+    {"upgradeDevcie", &UnPackage::upgradeDevcie, "升级"},
+    {"updateRemark", &UnPackage::updateRemark, "升级"},
+};
+
+/** Remembers what was looked up, for texts that nobody is shown. */
+class LookupRecorder : public ContextTranslator {
+public:
+    QString translate(
+        const char* context, const char* source, const char* disambiguation, int n) const override
+    {
+        lookups.append(ContextTranslator::translate(context, source, disambiguation, n));
+        return lookups.last();
+    }
+
+    mutable QStringList lookups;
+};
+
+} // namespace
+
+void UnPackageTest::labels_translated_data()
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < int(std::size(labelledOperations)); ++i)
+        QTest::newRow(labelledOperations[i].name) << i;
+}
+
+void UnPackageTest::labels_translated()
+{
+    QFETCH(int, index);
+    const auto& told = labelledOperations[index];
+    const QString label = QString::fromUtf8(told.label);
+    writeSettingsBeside("[Communication]\ntimeout=0\n");
+    UnPackage operations;
+    QString error;
+    QVERIFY(!(operations.*told.operation)(error));
+    QCOMPARE(error, label + QStringLiteral("超时！"));
+
+    ContextTranslator translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    QVERIFY(!(operations.*told.operation)(error));
+    QCOMPARE(error, QStringLiteral("UnPackage|") + label + QStringLiteral("UnPackage|超时！"));
+}
+
+void UnPackageTest::networkLabel_translated()
+{
+    writeSettingsBeside("[Communication]\ntimeout=0\n");
+    UnPackage operations;
+    LookupRecorder translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const QString ip = QStringLiteral("1.2.3.4");
+    QVERIFY(!operations.sendNetWork(ip, ip, ip));
+    QCOMPARE(translator.lookups,
+        (QStringList{QStringLiteral("UnPackage|网络设置"), QStringLiteral("UnPackage|超时！")}));
+}
+
+void UnPackageTest::messages_translated()
+{
+    ContextTranslator translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+
+    Bench upgraded;
+    upgraded.run(UpgradeDeviceType);
+    QCOMPARE(upgraded.log->entries.first(),
+        QStringLiteral("updateProgress:UnPackage|升级中\n11UnPackage|%"));
+    QCOMPARE(upgraded.log->entries.at(10), QStringLiteral("updateProgress:UnPackage|重连设备中"));
+
+    Bench shortClock(
+        [](const RecordedRequest&, int) { return ScriptedUnit::reply(QByteArray(23, '\0')); });
+    shortClock.run(BackwordReadType);
+    QCOMPARE(shortClock.log->entries,
+        QStringList{QStringLiteral("errored:UnPackage|数据包长度小于最小数据包长度！")});
+
+    // What the transport says is not the library's to translate.
+    Bench failing = failingAt(0, Memory());
+    failing.run(BackwordReadType);
+    QCOMPARE(failing.log->entries, QStringList{QStringLiteral("errored:断线")});
 }
 
 QTEST_GUILESS_MAIN(UnPackageTest)

@@ -40,13 +40,17 @@ ControlUnit::ControlUnit(const UnitSettings& settings)
 
 UnitSettings ControlUnit::settings() const
 {
-    return UnitSettings::fromInformationBlock(
+    UnitSettings settings = UnitSettings::fromInformationBlock(
         m_memory.read(Address::information, Address::informationLength));
+    settings.infraredPorts = static_cast<quint8>(m_memory.read(Address::infraredPorts, 1).at(0));
+    return settings;
 }
 
 void ControlUnit::setSettings(const UnitSettings& settings)
 {
     m_memory.write(Address::information, settings.informationBlock());
+    m_memory.write(
+        Address::infraredPorts, QByteArray(1, static_cast<char>(settings.infraredPorts)));
 }
 
 UnitAnswer ControlUnit::answer(const UnitFrame& request)
@@ -55,6 +59,9 @@ UnitAnswer ControlUnit::answer(const UnitFrame& request)
         return write(request);
     UnitAnswer answer;
     answer.reply = UnitFrame::replyTo(request, read(request.address, request.dataLength));
+    // Readers of the block take the number of infra-red ports from the byte behind it.
+    if (request.address == Address::information && request.dataLength == Address::informationLength)
+        answer.reply.payload.append(m_memory.read(Address::infraredPorts, 1));
     return answer;
 }
 

@@ -31,6 +31,8 @@ struct UnitSettings {
     quint8 serialPorts = 9;
     quint8 ioLines = 12;
     quint8 relays = 8;
+    /** Stands behind the information block, not in it. */
+    quint8 infraredPorts = 4;
 
     /** The 13 bytes of the network cell. */
     QByteArray networkCell() const;

@@ -73,6 +73,12 @@ ToolResult ControlTool::run(const QStringList& arguments)
 void ControlTool::start(QProcess& process, const QStringList& arguments)
 {
     process.setStandardInputFile(QProcess::nullDevice());
+    if (!m_locale.isEmpty()) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("LANGUAGE"));
+        environment.insert(QStringLiteral("LC_ALL"), m_locale);
+        process.setProcessEnvironment(environment);
+    }
     process.start(m_program, arguments);
 }
 

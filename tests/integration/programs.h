@@ -39,6 +39,9 @@ public:
 
     explicit ControlTool(const QByteArray& settings = usualSettings());
 
+    /** The locale that the tool finds, such as "zh_CN.UTF-8"; the test's own until it is set. */
+    void setLocale(const QString& locale) { m_locale = locale; }
+
     ToolResult run(const QStringList& arguments);
     /** The same on a terminal: output and errors both come back in `output`, `input` is typed. */
     ToolResult runOnTerminal(const QStringList& arguments, const QByteArray& input = {});
@@ -52,4 +55,5 @@ public:
 private:
     QTemporaryDir m_folder;
     QString m_program;
+    QString m_locale;
 };

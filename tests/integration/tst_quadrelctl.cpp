@@ -18,6 +18,8 @@ private slots:
     void refusesWrongUsage();
     void helps_data();
     void helps();
+    void speaksALanguage_data();
+    void speaksALanguage();
     void showsInformation_data();
     void showsInformation();
     void showsInformationAsJson();
@@ -53,6 +55,8 @@ void TestQuadrelctl::refusesWrongUsage_data()
     row("dance");
     row("info");
     row("info|--unit");
+    row("info|--unit|tcp://127.0.0.1:1|--language|fr");
+    row("info|--unit|tcp://127.0.0.1:1|--language");
     row("info|--unit|nonsense://x");
     row("info|--unit|tcp://127.0.0.1:0");
     row("info|--unit|tcp://127.0.0.1:1|--dance");
@@ -116,6 +120,60 @@ void TestQuadrelctl::helps()
     QCOMPARE(result.errors, QString());
 }
 
+void TestQuadrelctl::speaksALanguage_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<bool>("chinese");
+    const auto row = [](const char* name, const char* locale, const QStringList& arguments,
+                         bool chinese) {
+        QTest::newRow(name) << QString::fromLatin1(locale) << arguments << chinese;
+    };
+    const QString option = QStringLiteral("--language");
+    const QString zh = QStringLiteral("zh");
+    const QString en = QStringLiteral("en");
+    const QString show = QStringLiteral("show");
+    const QString file = QStringLiteral("/nowhere");
+    row("no locale", "C.UTF-8", {show, file}, false);
+    row("English", "en_US.UTF-8", {show, file}, false);
+    row("Chinese", "zh_CN.UTF-8", {show, file}, true);
+    row("Chinese of another place", "zh_TW.UTF-8", {show, file}, true);
+    row("another language", "de_DE.UTF-8", {show, file}, false);
+    row("option before the command", "en_US.UTF-8", {option, zh, show, file}, true);
+    row("option behind the command", "zh_CN.UTF-8", {show, file, option, en}, false);
+    row("option with =", "zh_CN.UTF-8", {option + QStringLiteral("=en"), show, file}, false);
+}
+
+/** The library's texts and the tool's own, those of wrong usage and of help among them. */
+void TestQuadrelctl::speaksALanguage()
+{
+    QFETCH(QString, locale);
+    QFETCH(QStringList, arguments);
+    QFETCH(bool, chinese);
+    ControlTool tool;
+    tool.setLocale(locale);
+    const ToolResult failure = tool.run(arguments);
+    QCOMPARE(failure.exitCode, 1);
+    QCOMPARE(failure.errors,
+        chinese ? QStringLiteral("/nowhere: 打开文件失败！\n")
+                : QStringLiteral("/nowhere: The file could not be opened!\n"));
+
+    const QStringList words = arguments.filter(QStringLiteral("--")).isEmpty()
+        ? QStringList()
+        : QStringList{
+            QStringLiteral("--language"), chinese ? QStringLiteral("zh") : QStringLiteral("en")};
+    const ToolResult usage = tool.run(words + QStringList{QStringLiteral("info")});
+    QCOMPARE(usage.exitCode, 2);
+    QCOMPARE(usage.errors,
+        chinese ? QStringLiteral("缺少 --unit\n用 --help 查看更多信息。\n")
+                : QStringLiteral("--unit is required\nRun with --help for more information.\n"));
+    const ToolResult help = tool.run(words + QStringList{QStringLiteral("--help")});
+    QCOMPARE(help.exitCode, 0);
+    QVERIFY2(help.output.contains(chinese ? QStringLiteral("查找网络上的设备")
+                                          : QStringLiteral("Find the units on the network")),
+        qPrintable(help.output));
+}
+
 void TestQuadrelctl::showsInformation_data()
 {
     QTest::addColumn<bool>("isUdp");
@@ -168,12 +226,13 @@ void TestQuadrelctl::tellsFaults_data()
     const auto row = [](const char* fault, const QString& error) {
         QTest::newRow(fault) << QString::fromLatin1(fault) << error;
     };
-    const QString timeout = QStringLiteral("回读设备信息超时！");
+    const QString timeout = QStringLiteral("Reading back the device information timed out!");
     row("drop@1", timeout);
     row("wrong-label@1", timeout);
     row("delay:5000@1", timeout);
-    row("wrong-address@1", QStringLiteral("请求数据类型与返回数据类型不一致！"));
-    row("wrong-length@1", QStringLiteral("数据包长度与实际的数据包长度不一致！"));
+    row("wrong-address@1",
+        QStringLiteral("The type of the returned data is not the type that was requested!"));
+    row("wrong-length@1", QStringLiteral("The length of the packet is not its actual length!"));
     row("corrupt@1", QStringLiteral("UNIT sent a damaged reply: its checksum is wrong"));
     row("cut@1", QStringLiteral("UNIT closed the connection in the middle of a reply"));
     row("close@1", QStringLiteral("UNIT closed the connection without an answer"));
@@ -226,7 +285,7 @@ void TestQuadrelctl::tellsWhatIsNoUnit()
     if (command != QStringLiteral("reset --default-address")) {
         const ToolResult silent = ControlTool("[Communication]\ntimeout=300\n").run(arguments);
         QCOMPARE(silent.exitCode, 1);
-        QVERIFY2(silent.errors.contains(QStringLiteral("超时！")), qPrintable(silent.errors));
+        QVERIFY2(silent.errors.contains(QStringLiteral("timed out!")), qPrintable(silent.errors));
     }
 
     server.close();

@@ -182,7 +182,7 @@ void TestQuadrelctlUnit::upgrades()
     QCOMPARE(
         result.output, QStringLiteral("The unit is back with version 9.8.7.6; it was 1.0.0.0.\n"));
     QVERIFY(result.errors.contains(QStringLiteral("100 % sent\n")));
-    QVERIFY(result.errors.contains(QStringLiteral("重连设备中\n")));
+    QVERIFY(result.errors.contains(QStringLiteral("Reconnecting to the device\n")));
     QVERIFY(!result.errors.contains(QLatin1Char('\r')));
     const QByteArray addressedLine = unit.waitForLine("image addressed");
     QCOMPARE(addressedLine, digestLine("addressed", image(addressed, 2)));
@@ -213,7 +213,7 @@ void TestQuadrelctlUnit::refusesBadDescriptors()
         QStringLiteral("tcp://127.0.0.1:1"), QStringLiteral("--streamed"), file,
         QStringLiteral("--addressed"), file, QStringLiteral("--descriptor"), descriptor});
     QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.errors, descriptor + QStringLiteral(": 文件中无触发数据！\n"));
+    QCOMPARE(result.errors, descriptor + QStringLiteral(": The file holds no trigger data!\n"));
 }
 
 void TestQuadrelctlUnit::refusesBadImages_data()

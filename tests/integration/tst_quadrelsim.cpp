@@ -211,7 +211,8 @@ void TestQuadrelsim::servesItsInformation()
     QVERIFY(reply);
     QCOMPARE(reply->label, quint8(200));
     QCOMPARE(reply->address, quint32(0xF0000000));
-    QCOMPARE(reply->payload, UnitSettings().informationBlock());
+    QCOMPARE(int(reply->dataLength), 32);
+    QCOMPARE(reply->payload, UnitSettings().informationBlock() + '\4');
     QCOMPARE(client.read(0xF0010000, 1), QByteArray(1, '\0'));
 }
 
@@ -219,11 +220,11 @@ void TestQuadrelsim::reportsItsSettings()
 {
     Simulator simulator(words("--model 0x1234 --serial 18446744073709551615 --firmware 4.3.2.1 "
                               "--ports 4 --io 8 --relays 255 --ip 10.0.0.7 --mask 255.0.0.0 "
-                              "--gateway 10.0.0.1 --dhcp --link-down"));
+                              "--infrared 254 --gateway 10.0.0.1 --dhcp --link-down"));
     Client client(simulator.port());
     QCOMPARE(client.read(0xF0000000, 32),
         QByteArray::fromHex("3412 04030201 ffffffffffffffff 01 0700000a 000000ff 0100000a"
-                            "00 00 04 08 ff"));
+                            "00 00 04 08 ff fe"));
     // Four ports and eight lines have their settings; the ones behind have none.
     QCOMPARE(
         client.read(0xF0001000 + 3 * 7, 14), QByteArray::fromHex("00c20100080100 00000000000000"));
@@ -239,8 +240,9 @@ void TestQuadrelsim::servesUdp()
     const UnitFrame request = UnitFrame::readRequest(1, 0xF0000000, 32);
     client.writeDatagram(request.encode(), QHostAddress::LocalHost, port);
     QVERIFY(client.waitForReadyRead(patience));
-    QCOMPARE(client.receiveDatagram().data(),
-        UnitFrame::replyTo(request, UnitSettings().informationBlock()).encode());
+    UnitFrame reply = UnitFrame::replyTo(request, UnitSettings().informationBlock());
+    reply.payload += '\4';
+    QCOMPARE(client.receiveDatagram().data(), reply.encode());
 }
 
 void TestQuadrelsim::endsCleanly_data()
@@ -363,7 +365,7 @@ void TestQuadrelsim::refusesGarbage()
     QVERIFY(simulator.waitForError(
         QStringLiteral("the bytes do not begin as a frame does; connection dropped\n")));
     Client other(port);
-    QCOMPARE(other.read(0xF0000000, 32), UnitSettings().informationBlock());
+    QCOMPARE(other.read(0xF0000000, 31), UnitSettings().informationBlock().left(31));
 }
 
 void TestQuadrelsim::tellsEachRequest()
@@ -437,7 +439,7 @@ void TestQuadrelsim::laysOptionsOverItsMemory()
     settings.model = 5;
     settings.serialNumber = 78;
     settings.ip = {10, 0, 0, 9};
-    QCOMPARE(client.read(0xF0000000, 32), settings.informationBlock());
+    QCOMPARE(client.read(0xF0000000, 31), settings.informationBlock().left(31));
 }
 
 void TestQuadrelsim::refusesAForeignMemory()

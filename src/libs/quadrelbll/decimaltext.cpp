@@ -1,18 +1,5 @@
 #include "decimaltext.h"
 
-void appendDecimal(QString& text, quint16 number, int digits)
-{
-    // Writes the digits from the last to the first, without a text for each number.
-    constexpr int maximumDigits = 5;
-    QChar buffer[maximumDigits];
-    int first = maximumDigits;
-    while (first > 0 && (number != 0 || maximumDigits - first < digits)) {
-        buffer[--first] = QLatin1Char(static_cast<char>('0' + number % 10));
-        number /= 10;
-    }
-    text.append(buffer + first, maximumDigits - first);
-}
-
 int decimalNumber(const QStringRef& text)
 {
     // Blocks are full of short plain numbers. The framework has all other forms, signs and blanks.

@@ -2,6 +2,7 @@
 
 #include "decimaltext.h"
 #include "replyframe.h"
+#include "textwriter.h"
 
 int EventIdList::idInItem(const QStringRef& item)
 {
@@ -27,16 +28,16 @@ QByteArray EventIdList::fromText(const QString& text)
 
 QString EventIdList::read(const ReplyFrame& frame, int offset, int count, const Words& words)
 {
-    constexpr int digits = 3;
-    QString text;
-    text.reserve(
-        count * (words.opening.size() + digits + words.closing.size() + words.separator.size()));
+    constexpr int maximumDigits = 3;
+    const int maximumItemSize =
+        words.separator.size() + words.opening.size() + maximumDigits + words.closing.size();
+    TextWriter writer(count * maximumItemSize);
     for (int i = 0; i < count; ++i) {
         if (i > 0)
-            text += words.separator;
-        text += words.opening;
-        appendDecimal(text, frame.payloadByte(offset + i));
-        text += words.closing;
+            writer.add(words.separator);
+        writer.add(words.opening);
+        writer.addDecimal(frame.payloadByte(offset + i));
+        writer.add(words.closing);
     }
-    return text;
+    return writer.text();
 }

@@ -3,14 +3,23 @@
 #include <QtCore/QList>
 
 /**
- * The operations in which the four list models differ from the framework's list.
+ * The operations in which the four list models differ from the framework's list, and one that saves
+ * the readers of replies a copy.
  *
  * All else that they promise is the list's own behaviour: assignment between lists that share their
  * data does nothing, comparison looks at the sharing first, at the sizes next and at the records
- * last, and a copy is shared until one side writes. The framework's list warns of a bad index in
- * these two.
+ * last, and a copy is shared until one side writes. The framework's insertion and removal warn of a
+ * bad index.
  */
 namespace ListOperations {
+
+/** Appends a record with its defaults, for the caller to fill in its place in the list. */
+template <typename Record> Record& appendBlank(QList<Record>& list)
+{
+    static const Record blank;
+    list.append(blank);
+    return list.last();
+}
 
 /** Inserts before `index`; an index at or below 0 means the front, one at or past the size the end.
  */

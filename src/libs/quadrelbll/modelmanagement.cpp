@@ -1,19 +1,10 @@
 #include "modelmanagement.h"
 
-#include <QtCore/QLatin1String>
+#include "eventidlist.h"
+
 #include <QtCore/QList>
 
 namespace {
-
-// Without a ")" the length is negative, which means to the end of the text. Without an "ID:" the
-// search for ")" starts at the last character and the text rarely reads as a number, which gives 0.
-int referredId(const QString& text)
-{
-    const QLatin1String mark("ID:");
-    const int start = text.indexOf(mark);
-    const int end = text.indexOf(QLatin1Char(')'), start);
-    return text.midRef(start + mark.size(), end - start - mark.size()).toInt();
-}
 
 template <typename Model> void destroy(Model*& model)
 {
@@ -116,7 +107,7 @@ void ModelManagement::setTriggerType(bool type)
 
 QString ModelManagement::getEventNamefromId(QString text)
 {
-    const int id = referredId(text);
+    const int id = EventIdList::idInItem(QStringRef(&text));
     const QList<EventInfo> events = m_eventModel->getEventInfo();
     for (const EventInfo& event : events) {
         if (event.id == id)

@@ -1,8 +1,8 @@
 #include "packagedevice.h"
 
-#include "decimaltext.h"
 #include "devicemodel.h"
 #include "replyframe.h"
+#include "textwriter.h"
 
 #include <QtCore/QVector>
 
@@ -31,14 +31,14 @@ constexpr int octetCount = 4;
 
 QString dottedText(quint8 first, quint8 second, quint8 third, quint8 fourth)
 {
-    QString text;
-    text.reserve(octetCount * 4);
-    appendDecimal(text, first);
+    constexpr int maximumSize = sizeof("255.255.255.255") - 1;
+    TextWriter writer(maximumSize);
+    writer.addDecimal(first);
     for (const quint8 octet : {second, third, fourth}) {
-        text += QLatin1Char('.');
-        appendDecimal(text, octet);
+        writer.add(QLatin1Char('.'));
+        writer.addDecimal(octet);
     }
-    return text;
+    return writer.text();
 }
 
 QString versionText(const ReplyFrame& frame)

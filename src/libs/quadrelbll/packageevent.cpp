@@ -1,8 +1,8 @@
 #include "packageevent.h"
 
-#include "decimaltext.h"
 #include "descriptiontext.h"
 #include "eventmodel.h"
+#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
 
@@ -43,13 +43,10 @@ quint16 delayMilliseconds(const QString& protocol)
 /** The units of a delay with the fraction that they may have, and the suffix. */
 QString delayText(quint16 milliseconds)
 {
-    QString text;
-    appendDecimal(text, milliseconds / delayUnit);
-    const quint16 fraction = milliseconds % delayUnit;
-    if (fraction != 0) {
-        text += QLatin1Char('.');
-        appendDecimal(text, fraction);
-    }
+    QString text = QString::number(milliseconds / delayUnit);
+    const int fraction = milliseconds % delayUnit;
+    if (fraction != 0)
+        text += QLatin1Char('.') + QString::number(fraction);
     return text + delaySuffix();
 }
 
@@ -160,8 +157,8 @@ void setDescription(EventInfo& event, const QString& description)
     event.setEventName(description.mid(nameStart, nameEnd < 0 ? -1 : nameEnd - nameStart));
 }
 
-/** The event of the block that starts at the payload's offset `block`. */
-EventInfo eventAt(const ReplyFrame& frame, int block)
+/** Reads the block that starts at the payload's offset `block`. */
+void readEvent(const ReplyFrame& frame, int block, EventInfo& event)
 {
     const Command command = {
         frame, block + commandOffset, frame.payloadWord(block + commandLengthOffset)};
@@ -169,13 +166,11 @@ EventInfo eventAt(const ReplyFrame& frame, int block)
     const int descriptionLength = frame.payloadByte(descriptionOffset);
     const EventInfo::EventType type = typeOf(command);
 
-    EventInfo event;
     event.setEventId(frame.payloadByte(block + idOffset));
     event.setEventProtocolType(true);
     event.setEventType(type);
     event.setEventProtocol(protocolOf(type, command));
     setDescription(event, DescriptionText::read(frame, descriptionOffset + 1, descriptionLength));
-    return event;
 }
 
 } // namespace
@@ -223,7 +218,7 @@ bool PackageEvent::parseEventPackage(
         error = tr("有效数据长度超出范围！");
         return false;
     }
-    model.push_back(eventAt(frame, 0));
+    readEvent(frame, 0, ListOperations::appendBlank(model.m_events));
     return true;
 }
 
@@ -238,8 +233,10 @@ bool PackageEvent::parseEventListPackage(
         return false;
     }
     const int count = frame.payloadByte(countOffset);
-    for (int i = 0; i < count; ++i)
-        model.push_back(eventAt(frame, firstBlockOffset + i * RecordBlock::slotSize));
+    for (int i = 0; i < count; ++i) {
+        readEvent(frame, firstBlockOffset + i * RecordBlock::slotSize,
+            ListOperations::appendBlank(model.m_events));
+    }
     return true;
 }
 

@@ -3,15 +3,15 @@
 #include "bcd.h"
 #include "decimaltext.h"
 #include "eventidlist.h"
+#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
+#include "textwriter.h"
 #include "triggertail.h"
 #include "triggertimemodel.h"
 
 #include <QtCore/QRegExp>
 #include <QtCore/QStringList>
-
-#include <algorithm>
 
 namespace {
 
@@ -33,6 +33,9 @@ constexpr quint8 everydayByte = 1;
 constexpr quint8 weeklyByte = 2;
 
 constexpr quint8 noEndByte = 0xFF;
+
+/** The first two digits of every year; the block has room for the last two only. */
+constexpr quint8 century = 20;
 
 // A byte of 0xFF is no error: it reads as 165.
 constexpr int longestDate = sizeof("20165/165/165") - 1;
@@ -129,15 +132,14 @@ void storeSchedule(RecordBlock& block, TriggerTimeInfo& trigger)
 /** The date with the century that the block has no room for. */
 QString dateText(const ReplyFrame& frame, int offset)
 {
-    QString text;
-    text.reserve(longestDate);
-    text += QLatin1String("20");
-    appendDecimal(text, Bcd::toNumber(frame.payloadByte(offset)));
-    text += QLatin1Char('/');
-    appendDecimal(text, Bcd::toNumber(frame.payloadByte(offset + 1)), 2);
-    text += QLatin1Char('/');
-    appendDecimal(text, Bcd::toNumber(frame.payloadByte(offset + 2)), 2);
-    return text;
+    TextWriter writer(longestDate);
+    writer.addDecimal(century);
+    writer.addDecimal(Bcd::toNumber(frame.payloadByte(offset)));
+    writer.add(QLatin1Char('/'));
+    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset + 1)));
+    writer.add(QLatin1Char('/'));
+    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset + 2)));
+    return writer.text();
 }
 
 QString endDateText(const ReplyFrame& frame)
@@ -150,20 +152,23 @@ QString endDateText(const ReplyFrame& frame)
 
 QString timeText(const ReplyFrame& frame, int offset)
 {
-    QString text;
-    text.reserve(longestTime);
-    appendDecimal(text, Bcd::toNumber(frame.payloadByte(offset)), 2);
-    text += QLatin1Char(':');
-    appendDecimal(text, Bcd::toNumber(frame.payloadByte(offset + 1)), 2);
-    return text;
+    TextWriter writer(longestTime);
+    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset)));
+    writer.add(QLatin1Char(':'));
+    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset + 1)));
+    return writer.text();
 }
 
 /** The bits up to the highest that is set, the lowest first; "0" if none is. */
 QString weeklyText(quint8 bits)
 {
-    QString text = QString::number(bits, 2);
-    std::reverse(text.begin(), text.end());
-    return text;
+    constexpr int maximumSize = 8;
+    TextWriter writer(maximumSize);
+    do {
+        writer.add(bits & 1 ? QLatin1Char('1') : QLatin1Char('0'));
+        bits >>= 1;
+    } while (bits != 0);
+    return writer.text();
 }
 
 /** The ids by the rule of the list form: what is left of an item without these characters. */
@@ -239,15 +244,15 @@ bool PackageTimeTrigger::parseTimeTriggerPackage(
     if (!acceptTail(tail, error))
         return false;
 
-    model.push_back(readTrigger(frame, tail));
+    readTrigger(frame, tail, ListOperations::appendBlank(model.m_triggers));
     return true;
 }
 
-TriggerTimeInfo PackageTimeTrigger::readTrigger(const ReplyFrame& frame, const TriggerTail& tail)
+void PackageTimeTrigger::readTrigger(
+    const ReplyFrame& frame, const TriggerTail& tail, TriggerTimeInfo& trigger)
 {
     const TriggerTimeInfo::RepetMode mode = modeOf(frame.payloadByte(modeOffset));
     const QString startDate = dateText(frame, startDateOffset);
-    TriggerTimeInfo trigger;
     trigger.setTriggerType(mode);
     trigger.setStartDate(startDate);
     trigger.setEndDate(mode == TriggerTimeInfo::ONCE ? startDate : endDateText(frame));
@@ -255,7 +260,6 @@ TriggerTimeInfo PackageTimeTrigger::readTrigger(const ReplyFrame& frame, const T
     trigger.setSelectWeekly(weeklyText(frame.payloadByte(weekBitsOffset)));
     trigger.setTriggerEvent(eventText(tail));
     trigger.setTriggerInstruction(tail.description());
-    return trigger;
 }
 
 int PackageTimeTrigger::weeklyTextToBits(QString text)

@@ -60,5 +60,6 @@ private:
     static bool acceptFrame(const ReplyFrame& frame, uint dataType, int dataLength, QString& error);
     static bool acceptTail(const TriggerTail& tail, QString& error);
     static QString eventText(const TriggerTail& tail);
-    static TriggerTimeInfo readTrigger(const ReplyFrame& frame, const TriggerTail& tail);
+    static void readTrigger(
+        const ReplyFrame& frame, const TriggerTail& tail, TriggerTimeInfo& trigger);
 };

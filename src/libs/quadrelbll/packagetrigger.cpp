@@ -1,6 +1,7 @@
 #include "packagetrigger.h"
 
 #include "eventidlist.h"
+#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
 #include "selectormask.h"
@@ -149,14 +150,7 @@ bool PackageTrigger::parseTriggerPackage(
     if (!acceptTail(tail, error))
         return false;
 
-    model.push_back(readTrigger(frame, serial, bodyLength, tail));
-    return true;
-}
-
-TriggerInfo PackageTrigger::readTrigger(
-    const ReplyFrame& frame, bool serial, int bodyLength, const TriggerTail& tail)
-{
-    TriggerInfo trigger;
+    TriggerInfo& trigger = ListOperations::appendBlank(model.m_triggers);
     trigger.setTriggerProtocolType(true);
     if (serial)
         readSerialBody(frame, bodyLength, trigger);
@@ -164,7 +158,7 @@ TriggerInfo PackageTrigger::readTrigger(
         readInputBody(frame, trigger);
     trigger.setTriggerEvent(eventText(tail));
     trigger.setTriggerInstruction(tail.description());
-    return trigger;
+    return true;
 }
 
 void PackageTrigger::readInputBody(const ReplyFrame& frame, TriggerInfo& trigger)

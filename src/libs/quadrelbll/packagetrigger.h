@@ -61,8 +61,6 @@ public:
 private:
     static bool acceptFrame(const ReplyFrame& frame, uint dataType, int dataLength, QString& error);
     static bool acceptTail(const TriggerTail& tail, QString& error);
-    static TriggerInfo readTrigger(
-        const ReplyFrame& frame, bool serial, int bodyLength, const TriggerTail& tail);
     static void readInputBody(const ReplyFrame& frame, TriggerInfo& trigger);
     static QString lowLevelText();
     static QString highLevelText();

@@ -12,12 +12,11 @@
 #include "packageupgrade.h"
 #include "protocolcreate.h"
 #include "settingsfile.h"
+#include "textwriter.h"
 
 #include <QtCore/QMutexLocker>
 #include <QtCore/QSettings>
 #include <QtCore/QStringList>
-
-#include <algorithm>
 
 namespace {
 
@@ -58,6 +57,12 @@ template <typename Store> void updateRegistry(Store store)
     registry->setDeviceData(device, models);
 }
 
+/** The bytes of so many records. The number is the application's and unchecked: it wraps. */
+unsigned int bytesOf(int records, int recordLength)
+{
+    return static_cast<unsigned int>(records) * static_cast<unsigned int>(recordLength);
+}
+
 /** Numbers the records of a list model from 0, which is all that their id says. */
 template <typename Model> void numberRecords(Model& model)
 {
@@ -68,20 +73,21 @@ template <typename Model> void numberRecords(Model& model)
     model.setTriggerInfo(records);
 }
 
-QString twoDigits(int value)
-{
-    return QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'));
-}
-
 /** The clock cell as text. The year's leading zero is missing, so that year 5 reads as 205. */
 QString clockText(const QByteArray& cell)
 {
-    int field[6];
-    std::transform(cell.begin(), cell.end(), field,
-        [](char byte) { return Bcd::toNumber(static_cast<quint8>(byte)); });
-    return QStringLiteral("20%1/%2/%3 %4:%5:%6")
-        .arg(QString::number(field[0]), twoDigits(field[1]), twoDigits(field[2]),
-            twoDigits(field[3]), twoDigits(field[4]), twoDigits(field[5]));
+    constexpr int longestText = 25;
+    const auto number = [&](int i) { return Bcd::toNumber(static_cast<quint8>(cell.at(i))); };
+    TextWriter writer(longestText);
+    writer.add(QStringLiteral("20"));
+    writer.addDecimal(number(0));
+    const char separators[] = {'/', '/', ' ', ':', ':'};
+    int field = 1;
+    for (const char separator : separators) {
+        writer.add(QLatin1Char(separator));
+        writer.addTwoDigits(number(field++));
+    }
+    return writer.text();
 }
 
 /** The clock cell of a text like "2026/11/14  06:05:49"; the century has no place in it. */
@@ -98,10 +104,13 @@ QByteArray clockCell(const QString& text)
     return cell;
 }
 
-/** The next bytes of an image; what has been sent is given free only with the last of them. */
+/**
+ * The next bytes of an image. Cutting each from the front would move the rest every time; so `sent`
+ * counts them, and the image is emptied with the last.
+ */
 QByteArray takeChunk(QByteArray& image, int& sent, int length)
 {
-    const QByteArray chunk = image.mid(sent, length);
+    QByteArray chunk = image.mid(sent, length);
     sent += chunk.size();
     if (sent == image.size()) {
         image.clear();
@@ -116,9 +125,9 @@ UnPackage* UnPackage::m_unPackageInstance = new UnPackage(nullptr);
 
 UnPackage::UnPackage(QObject* parent)
     : QObject(parent)
-    , m_errorText(QStringLiteral(""))
-    , m_upgradeName(QStringLiteral(""))
-    , m_timingCheck(QStringLiteral(""))
+    , m_errorText(QLatin1String(""))
+    , m_upgradeName(QLatin1String(""))
+    , m_timingCheck(QLatin1String(""))
 {
     qRegisterMetaType<DataPackageType>("DataPackageType");
     const QSettings settings(settingsFilePath(), QSettings::IniFormat);
@@ -231,10 +240,10 @@ void UnPackage::quitWaitDelay()
 
 void UnPackage::slot_runReadPackage(DataPackageType type)
 {
-    m_errorText = QStringLiteral("");
+    m_errorText = QLatin1String("");
     m_hasError = false;
     m_recvPackage.clear();
-    QString error = QStringLiteral("");
+    QString error = QLatin1String("");
     const DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
     if (runOperation(type, error))
         emitFinished(type, device);
@@ -295,10 +304,11 @@ void UnPackage::slot_SendQuadrelNetWork(
     emit signal_finishnetwork(oldIp, newIp, result);
 }
 
-bool UnPackage::readBlock(unsigned int address, int length, const QString& label, QString& error)
+bool UnPackage::readBlock(
+    unsigned int address, unsigned int length, const QString& label, QString& error)
 {
     PackageRequestProto3rd* request =
-        KVProtocolParser::Get_CommonRead(getLabels(), address, static_cast<unsigned int>(length));
+        KVProtocolParser::Get_CommonRead(getLabels(), address, length);
     sendPackage(request->ParseSendRequest());
     return waitResponsed(label, error);
 }
@@ -313,7 +323,7 @@ bool UnPackage::writeBlock(
 void UnPackage::sendWrite(unsigned int address, const QByteArray& data)
 {
     PackageRequestProto3rd* request = KVProtocolParser::Set_CommonWrite(
-        getLabels(), address, static_cast<unsigned int>(data.size()), data, QStringLiteral(""));
+        getLabels(), address, static_cast<unsigned int>(data.size()), data, QLatin1String(""));
     sendPackage(request->ParseSendRequest());
 }
 
@@ -350,13 +360,13 @@ bool UnPackage::sendConfig(QString& error)
 
 bool UnPackage::readConfigParameter(QString& error)
 {
-    const auto readPart = [&](unsigned int address, int length) {
+    const auto readPart = [&](unsigned int address, unsigned int length) {
         return readBlock(address, length, tr("回读配置参数"), error)
             && ProtocolCreate::parseConfigPackage(
-                address, m_recvPackage, static_cast<uint>(length), m_configModel, error);
+                address, m_recvPackage, length, m_configModel, error);
     };
-    if (!readPart(serialAddress, m_comNumber * m_comLength)
-        || !readPart(ioAddress, m_ioNumber * m_ioLength))
+    if (!readPart(serialAddress, bytesOf(m_comNumber, m_comLength))
+        || !readPart(ioAddress, bytesOf(m_ioNumber, m_ioLength)))
         return false;
 
     updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
@@ -417,8 +427,7 @@ bool UnPackage::readTable(const RecordTable& table, int& count, ParseCount parse
         count = 0;
 
     for (int n = 0; n < count; ++n) {
-        const unsigned int address =
-            table.countAddress + 1 + static_cast<unsigned int>(n * table.recordLength);
+        const unsigned int address = table.countAddress + 1 + bytesOf(n, table.recordLength);
         if (!readBlock(address, table.recordLength, table.label, error) || !parseRecord(address))
             return false;
     }
@@ -622,12 +631,10 @@ void UnPackage::updateProgressBar(double value, double total)
 
 bool UnPackage::upgradeDevcie(QString& error)
 {
-    const auto streamedLeft = [this] { return m_streamedImage.size() - m_streamedSent; };
-    const auto addressedLeft = [this] { return m_addressedImage.size() - m_addressedSent; };
-    const auto bothLeft = [&] {
-        return static_cast<uint>(streamedLeft()) + static_cast<uint>(addressedLeft());
-    };
-    const double total = static_cast<double>(bothLeft()) + upgradeControlBytes;
+    const auto streamedLeft = [this] { return uint(m_streamedImage.size() - m_streamedSent); };
+    const auto addressedLeft = [this] { return uint(m_addressedImage.size() - m_addressedSent); };
+    const auto bothLeft = [&] { return streamedLeft() + addressedLeft(); };
+    const double total = double(bothLeft()) + upgradeControlBytes;
     double written = 0;
     const auto write = [&](unsigned int address, const QByteArray& data) {
         if (!writeBlock(address, data, tr("升级"), error))
@@ -642,26 +649,22 @@ bool UnPackage::upgradeDevcie(QString& error)
             && write(upgradeSizeAddress, PackageUpgrade::createSizePackage(size))
             && write(upgradeCommandAddress, PackageUpgrade::createCommandPackage(2, image));
     };
+    const auto writeImage = [&](QByteArray& image, int& sent, uint address, int step) {
+        for (; !image.isEmpty(); address += static_cast<uint>(step)) {
+            if (!write(address, takeChunk(image, sent, m_upgradeChunkLength)))
+                return false;
+        }
+        return true;
+    };
 
-    if (!writeControlWords(0, static_cast<uint>(addressedLeft()), 1))
-        return false;
-    unsigned int address = addressedImageAddress;
-    while (addressedLeft() > 0) {
-        if (!write(address, takeChunk(m_addressedImage, m_addressedSent, m_upgradeChunkLength)))
-            return false;
-        address += static_cast<unsigned int>(m_upgradeChunkLength);
-    }
-
-    if (!write(upgradeStartAddress, PackageUpgrade::createStartWordPackage(0x7209))
+    if (!writeControlWords(0, addressedLeft(), 1)
+        || !writeImage(
+            m_addressedImage, m_addressedSent, addressedImageAddress, m_upgradeChunkLength)
+        || !write(upgradeStartAddress, PackageUpgrade::createStartWordPackage(0x7209))
         || !write(upgradeWordAddress, PackageUpgrade::createWordPackage(0))
-        || !writeControlWords(
-            static_cast<uint>(addressedLeft()), static_cast<uint>(streamedLeft()), 2))
+        || !writeControlWords(addressedLeft(), streamedLeft(), 2)
+        || !writeImage(m_streamedImage, m_streamedSent, streamedImageAddress, 0))
         return false;
-    while (streamedLeft() > 0) {
-        if (!write(streamedImageAddress,
-                takeChunk(m_streamedImage, m_streamedSent, m_upgradeChunkLength)))
-            return false;
-    }
     emit signal_updateProgress(tr("重连设备中"));
     return true;
 }

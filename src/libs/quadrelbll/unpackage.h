@@ -14,8 +14,11 @@
 #include <QtCore/QString>
 #include <QtCore/QWaitCondition>
 
-/** What UnPackage::slot_runReadPackage runs, and the signal that closes it on success. */
-enum DataPackageType {
+/**
+ * What UnPackage::slot_runReadPackage runs, and the signal that closes it on success. Any other
+ * 32-bit value is allowed too, and runs as little as ReservedType.
+ */
+enum DataPackageType : int {
     SendConfigType = 0,      ///< UnPackage::sendConfig, then `signal_finshed`
     SendEventType = 1,       ///< UnPackage::sendEvent, then `signal_finshed`
     SendTriggerType = 2,     ///< UnPackage::sendTrigger, then `signal_finshed`
@@ -53,18 +56,21 @@ Q_DECLARE_METATYPE(DataPackageType)
  * each exchange times out at once, and -1 for no limit. The singleton is made while the library is
  * loaded; without an application object at that time the file is sought at "/configWidget.ini".
  *
- * **Failures.** Every operation returns false and puts the reason into its `error`:
+ * **Failures.** Every operation but sendNetWork() returns false and puts the reason into its
+ * `error`. All texts of the library pass through tr() in the context of the class that raises them.
  *
- * | Reason | Text |
- * |---|---|
- * | no reply within the wait time | the label of the step, such as "回读设备信息", followed by
- * "超时！" | | setError() woke the wait | the text given to it | | the reply did not suit the
- * request | the decoder's: too short "数据包长度小于最小数据包长度！", wrong address
- * "请求数据类型与返回数据类型不一致！", wrong length "数据包长度与实际的数据包长度不一致！" (for
- * the serial and IO blocks "数据包长度与请求数据长度不一致！") | | the block did not hold together
- * | the decoder's: "数据包不完整！", "有效数据长度超出范围！",
- * "触发数据超出最大范围，最多为316个字节！", "触发事件个数已超出最大个数，最大为128个事件！",
- * "描述信息数长度有误！" |
+ * - No reply within the wait time: the label of the operation, followed by "超时！". The labels are
+ *   told with the operations.
+ * - setError() woke the wait: the text that was given to it.
+ * - The reply does not answer the request: "数据包长度小于最小数据包长度！" if it is too short,
+ *   "请求数据类型与返回数据类型不一致！" for another address,
+ *   "数据包长度与实际的数据包长度不一致！" for another length, and
+ *   "数据包长度与请求数据长度不一致！" for another length of the serial or IO block.
+ * - The block does not hold together: "数据包不完整！", "有效数据长度超出范围！",
+ *   "触发数据超出最大范围，最多为316个字节！",
+ *   "触发事件个数已超出最大个数，最大为128个事件！" or "描述信息数长度有误！".
+ *
+ * Replies to writes are not looked at: that one comes is the whole confirmation.
  */
 class QUADRELBLL_EXPORT UnPackage : public QObject {
     Q_OBJECT
@@ -110,8 +116,9 @@ public:
     /** Emits `signal_sendPackage(package)`. */
     void sendPackage(QByteArray package);
     /**
-     * Sleeps until the frame just sent is answered or the wait time has run out. `label` names the
-     * step in the text of a timeout. True leaves `error` as it was.
+     * Sleeps until the frame just sent is answered or the wait time has run out. True leaves
+     * `error` as it was. False puts `label` and "超时！" into it if no one woke the wait, whether
+     * or not a failure is set, and else the text given to setError().
      */
     bool waitResponsed(QString label, QString& error);
 
@@ -133,34 +140,38 @@ public:
     /**
      * Reads the device information block, 32 bytes at 0xF0000000, makes the unit the selected
      * device and stores a new ModelManagement for it in the registry. The registry does not own it,
-     * and an earlier one is left behind. Emits `signal_updateDeviced`.
+     * and an earlier one is left behind. Emits `signal_updateDeviced`. Label: "回读设备信息".
      */
     bool readDeviceParameter(QString& error);
     /**
      * Writes the serial block at 0xF0001000 and, once that is answered, the IO block at 0xF0001100.
-     * Updates the registry and emits `signal_updateConfiged`.
+     * Updates the registry and emits `signal_updateConfiged`. Label: "配置参数".
      */
     bool sendConfig(QString& error);
     /**
      * Reads both configuration blocks, as long as setConfigNumber() says. Updates the registry and
      * emits `signal_updateConfiged`. A failure of the second leaves the first in the working copy.
+     * Label: "回读配置参数".
      */
     bool readConfigParameter(QString& error);
     /**
      * Writes the count byte at 0xF0020000 and then the events, four to a write, 2048 bytes apart
-     * from 0xF0020001 on. Updates the registry and emits `signal_updateEvented`.
+     * from 0xF0020001 on. Updates the registry and emits `signal_updateEvented`. The number of
+     * events is not limited; only its low 8 bits go out as the count. Label: "配置参数".
      */
     bool sendEvent(QString& error);
     /**
      * Appends the unit's events to the working copy, block by block. A count over 128 reads as an
-     * empty table. Updates the registry and emits `signal_updateEvented`.
+     * empty table. Updates the registry and emits `signal_updateEvented`. After a failure the
+     * working copy keeps the events that were read. Label: "回读事件参数".
      */
     bool readEventParameter(QString& error);
     /**
      * Writes the count byte at 0xF0010000 and then all triggers and all time triggers behind them,
      * four to a write, 2048 bytes apart from 0xF0010001 on. A model that was not placed goes out as
      * it stands: an empty one leaves no entry of its kind on the unit. Updates the registry and
-     * emits `signal_updateTriggered`, then `signal_updateTimeTriggered`.
+     * emits `signal_updateTriggered`, then `signal_updateTimeTriggered`. The number of entries is
+     * not limited; only its low 8 bits go out as the count. Label: "配置参数".
      */
     bool sendTrigger(QString& error);
     /** The same as sendTrigger(): both kinds share one table. */
@@ -168,7 +179,8 @@ public:
     /**
      * Walks the whole trigger table, appends its serial and IO triggers to the working copy and
      * numbers them from 0. A count over 64 reads as an empty table. Updates the registry and emits
-     * `signal_updateTriggered`.
+     * `signal_updateTriggered`. After a failure the working copy keeps the triggers that were read,
+     * without numbers. Label: "回读触发参数".
      */
     bool readTriggerParameter(QString& error);
     /** The same walk for the time triggers, ending in `signal_updateTimeTriggered`. */
@@ -181,22 +193,25 @@ public:
     /**
      * Reads the clock, 6 bytes at 0x02000011, and reports it by `signal_backread`, as in
      * "2026/01/09 07:05:03", with one blank. A reply under 24 bytes fails with
-     * "数据包长度小于最小数据包长度！".
+     * "数据包长度小于最小数据包长度！"; its address and length are not compared. The year has no
+     * leading zero: the cell's year 5 reads as "205/...". Label: "校时回读".
      */
     bool backwordread(QString& error);
     /**
      * Sets the clock to the time placed by setTimingCheck(). `signal_backread` reports that text
-     * before the reply is awaited, whether or not the unit accepts it.
+     * before the reply is awaited, whether or not the unit accepts it. The century is dropped, and
+     * a part that is no number counts as 0. Label: "同步本地时间".
      */
     bool backwordwrite(QString& error);
     /**
      * Writes the reset command, one byte at 0xF000001C. The reply is awaited only if the unit keeps
-     * its address; else the result is true at once.
+     * its address; else the result is true at once. Label: "配置参数".
      */
     bool sendReset(QString& error);
     /**
      * Gives the unit a fixed address: 13 bytes at 0xF000000E. False without a frame if one of the
-     * three texts has fewer than four parts. The reason of a failure is not told.
+     * three texts has fewer than four parts between dots; further parts are ignored, and a part
+     * that is no number counts as 0. The reason of a failure is not told.
      */
     bool sendNetWork(QString ip, QString subnet, QString gateway);
     /**
@@ -209,12 +224,19 @@ public:
     /**
      * Writes both images to the unit, at most 2048 bytes a frame, between the control words that
      * the unit expects. Progress goes out by `signal_updateProgress` after each exchange. There is
-     * no resume: a failed upgrade starts over with setUpgradePackage().
+     * no resume: a failed upgrade starts over with setUpgradePackage(). After the last exchange
+     * `signal_updateProgress` says "重连设备中"; the unit is not waited for. Label: "升级".
      */
     bool upgradeDevcie(QString& error);
-    /** Emits the progress text for `value` of `total`, rounded to a whole percentage. */
+    /**
+     * Emits `signal_updateProgress` for `value` of `total`, rounded to a whole percentage:
+     * "升级中", a line break, the number and "%".
+     */
     void updateProgressBar(double value, double total);
-    /** Writes the remark of the last setUpgradePackage(), 90 bytes, at 0x18201000. */
+    /**
+     * Writes the remark of the last setUpgradePackage(), 90 bytes, at 0x18201000; without one, an
+     * empty block. Label: "升级".
+     */
     bool updateRemark(QString& error);
 
 signals:
@@ -230,7 +252,7 @@ signals:
     void signal_finshedUpgrade(QString);
     /** `UpdateRemarkType` is done. */
     void signal_finshedUpdateRemark();
-    /** A text for a progress display. */
+    /** A text for the progress display of an upgrade, see updateProgressBar(). */
     void signal_updateProgress(QString progress);
     /** The unit's time as it was read, or the time that was sent. */
     void signal_backread(QString read);
@@ -276,7 +298,7 @@ private:
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
     bool readEverything(QString& error);
-    bool readBlock(unsigned int address, int length, const QString& label, QString& error);
+    bool readBlock(unsigned int address, unsigned int length, const QString& label, QString& error);
     bool writeBlock(
         unsigned int address, const QByteArray& data, const QString& label, QString& error);
     void sendWrite(unsigned int address, const QByteArray& data);
@@ -288,6 +310,7 @@ private:
         ParseRecord parseRecord, QString& error);
     QByteArray encodeTableEntry(int index);
 
+    // The unit's memory: bytes of blocks and cells, and the numbers of records in its tables.
     int m_comNumber = 9;
     int m_ioNumber = 12;
     int m_comLength = 7;
@@ -301,15 +324,13 @@ private:
     int m_timeTriggerHeadLength = 1;
     int m_timeTriggerCount = 0;
     int m_timeTriggerLength = 512;
-    [[maybe_unused]] int m_spareLength = 20;
+    [[maybe_unused]] int m_spareLength = 20; // of the unit's map; no operation needs it
     int m_deviceLength = 32;
     int m_upgradeChunkLength = 2048;
     int m_clockLength = 6;
     QByteArray m_recvPackage;
     QByteArray m_streamedImage;
     QByteArray m_addressedImage;
-    int m_streamedSent = 0;
-    int m_addressedSent = 0;
     QByteArray m_upgradeRemark;
     bool m_hasError = false;
     QString m_errorText;
@@ -325,6 +346,9 @@ private:
     DeviceModel m_deviceModel;
     QString m_upgradeName;
     QString m_timingCheck;
+    // How much of each image is gone already.
+    int m_streamedSent = 0;
+    int m_addressedSent = 0;
 
     static UnPackage* m_unPackageInstance;
 };

@@ -13,13 +13,17 @@
  */
 class KVProtocolParser {
 public:
-    /** A request for `length` bytes at `address`, marked with `label`. */
+    /**
+     * A request for `length` bytes at `address`, marked with `label`. Only the low 16 bits of the
+     * length travel: the reply to a longer one tells another length than was asked for.
+     */
     static PackageRequestProto3rd* Get_CommonRead(
         unsigned char label, unsigned int address, unsigned int length);
 
     /**
      * A request that writes `data` at `address`, marked with `label`. `length` is the size of
-     * `data`. `text` has no place in the frame.
+     * `data`, and no unit takes more than QuadrelFrame::maximumPayload bytes at once. `text` has no
+     * place in the frame.
      */
     static PackageRequestProto3rd* Set_CommonWrite(unsigned char label, unsigned int address,
         unsigned int length, QByteArray data, const QString& text);

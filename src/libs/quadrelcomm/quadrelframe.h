@@ -15,9 +15,9 @@
  * | 6 | 2 | reserved, 0 |
  * | 8 | 4 | payload length: bytes that follow the head; 0 in a read request and a write reply |
  * | 12 | 4 | address on the unit |
- * | 16 | 2 | data length: bytes asked for, or bytes carried |
+ * | 16 | 2 | data length: bytes asked for in a read and its reply, bytes carried in a write |
  * | 18 | payload length | payload |
- * | 18 + payload length | 2 | CRC-16 of all bytes before it (qChecksum, ISO 3309) |
+ * | 18 + payload length | 2 | CRC-16 of all bytes before it (ISO 3309), see checksum() |
  */
 namespace QuadrelFrame {
 

@@ -1,4 +1,5 @@
 #include "console.h"
+#include "language.h"
 #include "options.h"
 #include "tool.h"
 
@@ -38,5 +39,6 @@ int run(int argc, char** argv)
 extern "C" Q_DECL_EXPORT int quadrelctlRun(int argc, char** argv)
 {
     qInstallMessageHandler(handleMessage);
+    Language::install(Language::fromArguments(QCoreApplication::arguments()));
     return run(argc, argv);
 }

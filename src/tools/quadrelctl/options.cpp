@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
 
 #include <memory>
 #include <string>
@@ -72,6 +73,57 @@ void addJson(CLI::App* app, bool& json)
     addFlag(app, "--json", Tool::tr("Print JSON"), json);
 }
 
+/** Usage and options in the user's language; subcommands inherit the labels and not the help. */
+void translate(CLI::App& app)
+{
+    app.set_help_flag("-h,--help", Tool::tr("Print this help and exit").toStdString());
+    const std::string options = Tool::tr("Options").toStdString();
+    app.option_defaults()->group(options);
+    app.get_help_ptr()->group(options);
+    const auto label = [&app](const char* key, const QString& text) {
+        app.get_formatter()->label(key, text.toStdString());
+    };
+    label("Usage", Tool::tr("Usage"));
+    label("OPTIONS", Tool::tr("OPTIONS"));
+    label("SUBCOMMAND", Tool::tr("COMMAND"));
+    label("Positionals", Tool::tr("Arguments"));
+    label("REQUIRED", Tool::tr("(required)"));
+}
+
+/** The parser's complaint in the user's language, or as it stands if none of these. */
+QString usageText(const QString& complaint)
+{
+    struct Form {
+        const char* pattern;
+        QString text;
+    };
+    const Form forms[] = {
+        {"^A subcommand is required$", Tool::tr("a command is required")},
+        {"^Exactly 1 option from \\[(.+)\\] is required.*",
+            Tool::tr("exactly one of these is required: %1")},
+        {"^(.+) is required$", Tool::tr("%1 is required")},
+        {"^(.+): 1 required .+ missing$", Tool::tr("%1: its argument is missing")},
+        {"^The following arguments? .+ not expected: (.+)$", Tool::tr("not expected: %1")},
+        {"^(.+): (.+) not in \\{(.+)\\}$", Tool::tr("%1: %2 is none of %3")},
+    };
+    for (const Form& form : forms) {
+        const auto match = QRegularExpression(QString::fromLatin1(form.pattern)).match(complaint);
+        if (!match.hasMatch())
+            continue;
+        QString text = form.text;
+        for (const QString& part : match.capturedTexts().mid(1))
+            text = text.arg(part);
+        return text;
+    }
+    return complaint;
+}
+
+std::string failureMessage(const CLI::App*, const CLI::Error& error)
+{
+    const QString text = usageText(QString::fromStdString(error.what()));
+    return Tool::tr("%1\nRun with --help for more information.\n").arg(text).toStdString();
+}
+
 /** A subcommand with options of its own, which live as long as the command may run. */
 template <typename Options> struct Subcommand {
     Subcommand(CLI::App& app, CommandLine& line, const char* name, const QString& help,
@@ -79,6 +131,9 @@ template <typename Options> struct Subcommand {
         : app(app.add_subcommand(name, help.toStdString()))
         , options(std::make_shared<Options>())
     {
+        translate(*this->app);
+        this->app->group(Tool::tr("Commands").toStdString());
+        this->app->fallthrough();
         this->app->callback(
             [&line, run, options = options] { line.command = [run, options] { run(*options); }; });
     }
@@ -102,9 +157,11 @@ void addRead(CLI::App& app, CommandLine& line)
     CLI::Option* unit = addUnit(read.app, read.options->unit);
     CLI::Option* discover = addFlag(read.app, "--discover",
         Tool::tr("Read the only unit that a search of the network finds"), read.options->discover);
-    CLI::Option_group* where = read.app->add_option_group("where");
-    where->add_options(unit, discover);
-    where->require_option(1);
+    read.app->parse_complete_callback([unit, discover] {
+        const std::size_t given = (unit->count() ? 1U : 0U) + (discover->count() ? 1U : 0U);
+        if (given != 1)
+            throw CLI::RequiredError::Option(1, 1, given, "--unit,--discover");
+    });
     addJson(read.app, read.options->json);
     addFile(read.app, "--save", Tool::tr("Save to a project file"), read.options->file);
 }
@@ -235,8 +292,17 @@ CommandLine CommandLine::parse(int argc, char** argv)
 {
     CLI::App app(Tool::tr("Configure a control unit over the network.").toStdString());
     app.name("quadrelctl");
-    app.set_version_flag(
-        "--version", ("quadrelctl " + QCoreApplication::applicationVersion()).toStdString());
+    translate(app);
+    app.set_version_flag("--version",
+        ("quadrelctl " + QCoreApplication::applicationVersion()).toStdString(),
+        Tool::tr("Print the version and exit").toStdString());
+    app.failure_message(failureMessage);
+    // What it says has been taken into account already.
+    app.add_option_function<std::string>(
+           "--language", [](const std::string&) {},
+           Tool::tr("The language of all texts, instead of the locale's: zh or en").toStdString())
+        ->type_name("LANGUAGE")
+        ->check(CLI::IsMember({"zh", "en"}));
     app.require_subcommand(1);
     CommandLine line;
     addDiscover(app, line);

@@ -2,6 +2,7 @@
 
 #include "console.h"
 #include "devicemanagermodel.h"
+#include "modelmanagement.h"
 #include "tool.h"
 #include "unittransport.h"
 
@@ -95,6 +96,7 @@ void Session::run(DataPackageType type)
 
 void Session::readDevice()
 {
+    forgetDevice();
     // A direct call does not clear the failure of an earlier operation; this does, and sends
     // nothing.
     run(ReservedType);
@@ -115,6 +117,7 @@ void Session::readEverything()
     readDevice();
     DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
     m_unit->setConfigNumber(device.getComNumber(), device.getIoNumber());
+    forgetDevice();
 
     const QObject blocks;
     const auto show = [&blocks, this](auto signal, const QString& text) {
@@ -127,6 +130,15 @@ void Session::readEverything()
     show(&UnPackage::signal_updateTimeTriggered, Tool::tr("time triggers read"));
     run(ReadDataType);
     Console::endProgress();
+}
+
+/** Each read leaves the models of the one before it behind; nothing here needs them any more. */
+void Session::forgetDevice()
+{
+    DeviceManagerModel* registry = DeviceManagerModel::Instance();
+    const DeviceModel device = registry->getCurrentSelectDevice();
+    const std::unique_ptr<ModelManagement> models(registry->getDeviceData(device));
+    registry->deleteDeviceData(device);
 }
 
 void Session::sendNetwork(

@@ -58,6 +58,7 @@ private:
     void await(const std::function<void()>& start);
     void finish(const std::optional<QString>& error = std::nullopt);
     void throwIfInterrupted() const;
+    void forgetDevice();
 
     const Settings m_settings;
     UnPackage* const m_unit;

@@ -112,6 +112,11 @@ void addUnitOptions(CLI::App& app, SimOptions& options)
         ->type_name("COUNT")
         ->check(CLI::Range(0, 255))
         ->group(group);
+    addNumber(
+        app, options, "--infrared", &UnitSettings::infraredPorts, "Infra-red ports (default 4)")
+        ->type_name("COUNT")
+        ->check(CLI::Range(0, 255))
+        ->group(group);
     addFourBytes(app, options, "--ip", &UnitSettings::ip,
         "Address that the unit reports (default 192.168.1.100)")
         ->type_name("ADDRESS")
