@@ -1,5 +1,6 @@
 #include "unitframe.h"
 
+#include "framechecksum.h"
 #include "quadrelframe.h"
 
 #include <QtCore/QtEndian>
@@ -48,8 +49,7 @@ QByteArray UnitFrame::encode() const
     qToLittleEndian<quint32>(address, bytes + addressOffset);
     qToLittleEndian<quint16>(dataLength, bytes + dataLengthOffset);
     std::copy(payload.begin(), payload.end(), bytes + payloadOffset);
-    qToLittleEndian<quint16>(
-        qChecksum(bytes, static_cast<uint>(checkedSize), Qt::ChecksumIso3309), bytes + checkedSize);
+    qToLittleEndian<quint16>(checksum(bytes, checkedSize), bytes + checkedSize);
     return frame;
 }
 

@@ -1,5 +1,6 @@
 #include "unitframereader.h"
 
+#include "framechecksum.h"
 #include "quadrelframe.h"
 
 #include <QtCore/QtEndian>
@@ -75,7 +76,7 @@ QString UnitFrameReader::checkError(const UnitFrame& frame) const
 {
     const int checkedSize = headSize + frame.payload.size();
     const char* bytes = m_buffer.constData();
-    const quint16 expected = qChecksum(bytes, static_cast<uint>(checkedSize), Qt::ChecksumIso3309);
+    const quint16 expected = checksum(bytes, checkedSize);
     const quint16 found = qFromLittleEndian<quint16>(bytes + checkedSize);
     if (found != expected)
         return QStringLiteral("the CRC is 0x%1 and should be 0x%2")

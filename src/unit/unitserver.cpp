@@ -22,6 +22,8 @@ void sendBytes(QTcpSocket* connection, const UnitDelivery& delivery)
 {
     for (const QByteArray& piece : delivery.pieces)
         connection->write(piece);
+    // Not at the event loop's next turn: the other side waits for it.
+    connection->flush();
     if (delivery.closes)
         connection->disconnectFromHost();
 }
@@ -88,8 +90,10 @@ void UnitServer::takeConnections()
         connection->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         m_connections.append(connection);
         const auto reader = std::make_shared<UnitFrameReader>();
+        const QString peer =
+            QStringLiteral("tcp ") + endpoint(connection->peerAddress(), connection->peerPort());
         connect(connection, &QTcpSocket::readyRead, this,
-            [this, connection, reader] { takeBytes(connection, *reader); });
+            [this, connection, reader, peer] { takeBytes(connection, *reader, peer); });
         connect(connection, &QTcpSocket::disconnected, this, [this, connection] {
             m_connections.removeOne(connection);
             connection->deleteLater();
@@ -97,10 +101,9 @@ void UnitServer::takeConnections()
     }
 }
 
-void UnitServer::takeBytes(QTcpSocket* connection, UnitFrameReader& reader)
+void UnitServer::takeBytes(QTcpSocket* connection, UnitFrameReader& reader, const QString& peer)
 {
     reader.feed(connection->readAll());
-    const QString peer = endpoint(connection->peerAddress(), connection->peerPort());
     const QPointer<QTcpSocket> guard(connection);
     const Send send = [guard](const UnitDelivery& delivery) {
         if (guard && guard->state() == QAbstractSocket::ConnectedState)
@@ -110,10 +113,10 @@ void UnitServer::takeBytes(QTcpSocket* connection, UnitFrameReader& reader)
         const std::optional<UnitFrame> request = reader.next();
         if (!request)
             break;
-        serve(*request, QStringLiteral("tcp ") + peer, send);
+        serve(*request, peer, send);
     }
     if (reader.isBroken() && connection->state() == QAbstractSocket::ConnectedState) {
-        emit refused(QStringLiteral("tcp %1: %2; connection dropped").arg(peer, reader.error()));
+        emit refused(QStringLiteral("%1: %2; connection dropped").arg(peer, reader.error()));
         connection->abort();
     }
 }

@@ -57,7 +57,7 @@ private:
     bool open(const QHostAddress& address, quint16 port, QString* error);
     bool openOnce(const QHostAddress& address, quint16 port, QString* error);
     void takeConnections();
-    void takeBytes(QTcpSocket* connection, UnitFrameReader& reader);
+    void takeBytes(QTcpSocket* connection, UnitFrameReader& reader, const QString& peer);
     void takeDatagrams();
     void serve(const UnitFrame& request, const QString& peer, const Send& send);
     void finish(const UnitDelivery& delivery, bool restarts, const Send& send);

@@ -1,7 +1,6 @@
 #include "unpackage.h"
 
 #include "bcd.h"
-#include "decimaltext.h"
 #include "devicemanagermodel.h"
 #include "kvprotocolparser.h"
 #include "modelmanagement.h"
@@ -13,6 +12,7 @@
 #include "packageupgrade.h"
 #include "protocolcreate.h"
 #include "settingsfile.h"
+#include "textwriter.h"
 
 #include <QtCore/QMutexLocker>
 #include <QtCore/QSettings>
@@ -76,16 +76,18 @@ template <typename Model> void numberRecords(Model& model)
 /** The clock cell as text. The year's leading zero is missing, so that year 5 reads as 205. */
 QString clockText(const QByteArray& cell)
 {
+    constexpr int longestText = 25;
     const auto number = [&](int i) { return Bcd::toNumber(static_cast<quint8>(cell.at(i))); };
-    QString text = QStringLiteral("20");
-    appendDecimal(text, number(0));
+    TextWriter writer(longestText);
+    writer.add(QStringLiteral("20"));
+    writer.addDecimal(number(0));
     const char separators[] = {'/', '/', ' ', ':', ':'};
     int field = 1;
     for (const char separator : separators) {
-        text += QLatin1Char(separator);
-        appendDecimal(text, number(field++), 2);
+        writer.add(QLatin1Char(separator));
+        writer.addTwoDigits(number(field++));
     }
-    return text;
+    return writer.text();
 }
 
 /** The clock cell of a text like "2026/11/14  06:05:49"; the century has no place in it. */
@@ -108,7 +110,7 @@ QByteArray clockCell(const QString& text)
  */
 QByteArray takeChunk(QByteArray& image, int& sent, int length)
 {
-    const QByteArray chunk = image.mid(sent, length);
+    QByteArray chunk = image.mid(sent, length);
     sent += chunk.size();
     if (sent == image.size()) {
         image.clear();
@@ -123,9 +125,9 @@ UnPackage* UnPackage::m_unPackageInstance = new UnPackage(nullptr);
 
 UnPackage::UnPackage(QObject* parent)
     : QObject(parent)
-    , m_errorText(QStringLiteral(""))
-    , m_upgradeName(QStringLiteral(""))
-    , m_timingCheck(QStringLiteral(""))
+    , m_errorText(QLatin1String(""))
+    , m_upgradeName(QLatin1String(""))
+    , m_timingCheck(QLatin1String(""))
 {
     qRegisterMetaType<DataPackageType>("DataPackageType");
     const QSettings settings(settingsFilePath(), QSettings::IniFormat);
@@ -238,10 +240,10 @@ void UnPackage::quitWaitDelay()
 
 void UnPackage::slot_runReadPackage(DataPackageType type)
 {
-    m_errorText = QStringLiteral("");
+    m_errorText = QLatin1String("");
     m_hasError = false;
     m_recvPackage.clear();
-    QString error = QStringLiteral("");
+    QString error = QLatin1String("");
     const DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
     if (runOperation(type, error))
         emitFinished(type, device);
@@ -321,7 +323,7 @@ bool UnPackage::writeBlock(
 void UnPackage::sendWrite(unsigned int address, const QByteArray& data)
 {
     PackageRequestProto3rd* request = KVProtocolParser::Set_CommonWrite(
-        getLabels(), address, static_cast<unsigned int>(data.size()), data, QStringLiteral(""));
+        getLabels(), address, static_cast<unsigned int>(data.size()), data, QLatin1String(""));
     sendPackage(request->ParseSendRequest());
 }
 

@@ -1,5 +1,6 @@
 #include "kvprotocolparser.h"
 
+#include "framechecksum.h"
 #include "quadrelframe.h"
 
 #include <QtCore/QtEndian>
@@ -24,8 +25,7 @@ QByteArray makeFrame(Kind kind, unsigned char label, unsigned int address, unsig
     std::copy(payload.begin(), payload.end(), bytes + payloadOffset);
 
     const int checkedSize = headSize + payload.size();
-    const quint16 checksum = qChecksum(bytes, static_cast<uint>(checkedSize), Qt::ChecksumIso3309);
-    qToLittleEndian<quint16>(checksum, bytes + checkedSize);
+    qToLittleEndian<quint16>(checksum(bytes, checkedSize), bytes + checkedSize);
     return frame;
 }
 

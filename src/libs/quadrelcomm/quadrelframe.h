@@ -17,7 +17,7 @@
  * | 12 | 4 | address on the unit |
  * | 16 | 2 | data length: bytes asked for in a read and its reply, bytes carried in a write |
  * | 18 | payload length | payload |
- * | 18 + payload length | 2 | CRC-16 of all bytes before it (qChecksum, ISO 3309) |
+ * | 18 + payload length | 2 | CRC-16 of all bytes before it (ISO 3309), see checksum() |
  */
 namespace QuadrelFrame {
 

@@ -1,5 +1,6 @@
 #include "replyreader.h"
 
+#include "framechecksum.h"
 #include "quadrelframe.h"
 
 #include <QtCore/QtEndian>
@@ -32,7 +33,7 @@ quint32 payloadLength(const QByteArray& bytes)
 bool hasRightChecksum(const QByteArray& frame)
 {
     const int checkedSize = frame.size() - trailerSize;
-    return qChecksum(frame.constData(), static_cast<uint>(checkedSize), Qt::ChecksumIso3309)
+    return checksum(frame.constData(), checkedSize)
         == qFromLittleEndian<quint16>(frame.constData() + checkedSize);
 }
 

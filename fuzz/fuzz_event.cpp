@@ -1,0 +1,21 @@
+#include "eventmodel.h"
+#include "fuzzreply.h"
+#include "packageevent.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr quint32 address = 0xF0020001;
+    FuzzInput input(data, size);
+    const FuzzReply reply(input, address, 512);
+    EventModel model;
+    const auto parse = [&](const QByteArray& frame, int length, QString& error) {
+        return PackageEvent::parseEventPackage(
+            address, frame, static_cast<uint>(length), model, error);
+    };
+    if (checkedParse(reply, parse, [&] { return model.size() == 0; })) {
+        require(model.size() <= 1, "a block holds one record at most");
+        for (int i = 0; i < model.size(); ++i)
+            PackageEvent::createEventPackage(model.at(i));
+    }
+    return 0;
+}

@@ -1,0 +1,20 @@
+#include "fuzzreply.h"
+#include "packagetrigger.h"
+#include "triggermodel.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    constexpr quint32 address = 0xF0010001;
+    FuzzInput input(data, size);
+    const FuzzReply reply(input, address, 512);
+    TriggerModel model;
+    const auto parse = [&](const QByteArray& frame, int length, QString& error) {
+        return PackageTrigger::parseTriggerPackage(address, frame, length, model, error);
+    };
+    if (checkedParse(reply, parse, [&] { return model.size() == 0; })) {
+        require(model.size() <= 1, "a block holds one record at most");
+        for (int i = 0; i < model.size(); ++i)
+            PackageTrigger::createTriggerPackage(model.at(i));
+    }
+    return 0;
+}

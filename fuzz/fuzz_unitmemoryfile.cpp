@@ -1,0 +1,19 @@
+#include "controlunit.h"
+#include "inputfile.h"
+#include "unitmemoryfile.h"
+
+using namespace QuadrelUnit;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static InputFile input;
+    input.setContent(data, size);
+    ControlUnit unit;
+    const UnitMemory before = unit.memory();
+    UnitMemoryFile file(input.path(), &unit);
+    QString error;
+    const bool loaded = file.load(&error);
+    require(loaded == error.isEmpty(), "only a failure has a reason");
+    require(loaded || unit.memory() == before, "a failure leaves the unit alone");
+    return 0;
+}

@@ -1,0 +1,4 @@
+#pragma once
+
+/** Ends the program, which makes the input a finding, unless the condition holds. */
+void require(bool holds, const char* what);

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QtCore/QString>
+
+/** Whether the unit of an operation answers. */
+enum class Unit { Answers, IsSilent };
+
+/** Sets the clock of a unit, and returns the signal that closed the operation. */
+QString closingSignalOfOperation(Unit unit);
