@@ -7,6 +7,8 @@
 
 int main(int argc, char** argv)
 {
+    // The framework's own event loop makes half as many system calls for a request.
+    qputenv("QT_NO_GLIB", "1");
     QCoreApplication application(argc, argv);
     int exitCode = EXIT_SUCCESS;
     const std::optional<SimOptions> options = parseOptions(argc, argv, &exitCode);

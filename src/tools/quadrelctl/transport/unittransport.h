@@ -120,6 +120,10 @@ private:
 
     WakeSignal m_receiverWake;
     WakeSignal m_cancel;
+    // Of the receiver's thread alone.
     std::vector<char> m_buffer;
+    std::chrono::steady_clock::time_point m_lastInput;
+    /** Until then the receiver does not sleep. */
+    std::chrono::steady_clock::time_point m_awakeUntil;
     std::thread m_receiver;
 };

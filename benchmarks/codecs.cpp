@@ -1,0 +1,204 @@
+#include "comparison.h"
+#include "eventmodel.h"
+#include "packageevent.h"
+#include "packagetimetrigger.h"
+#include "packagetrigger.h"
+#include "timing.h"
+#include "triggermodel.h"
+#include "triggertimemodel.h"
+#include "unitframe.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+constexpr int recordsInTurn = 3000;
+constexpr quint32 address = 0xF0020001;
+
+/** The texts of the records, as they are read and written. */
+const QString command = QStringLiteral("4c 01 00 25 10 03 52 01 10 00 0b 50 4f 57 45 52 20 4f 4e");
+const QString description = QStringLiteral("打开投影机 1");
+const QString events = QStringLiteral("(ID:1);(ID:5);(ID:3);(ID:128)");
+const QString startDate = QStringLiteral("2024/09/02");
+const QString endDate = QStringLiteral("2026/06/30");
+const QString timeOfDay = QStringLiteral("07:45");
+const QString days = QStringLiteral("11111");
+
+QByteArray replyWith(const QByteArray& block)
+{
+    using QuadrelUnit::UnitFrame;
+    const auto length = static_cast<quint16>(block.size());
+    return UnitFrame::replyTo(UnitFrame::readRequest(0, address, length), block).encode();
+}
+
+/** The framework's part in each encoder: the bytes of a slot, and the texts brought into form. */
+void makeSlot(const QString& hexText)
+{
+    QByteArray block(512, '\0');
+    QByteArray bytes = QByteArray::fromHex(hexText.toLatin1());
+    QString text = QString::fromUtf8(description.toUtf8());
+    benchmark::DoNotOptimize(block);
+    benchmark::DoNotOptimize(bytes);
+    benchmark::DoNotOptimize(text);
+}
+
+struct EventCodec {
+    using Record = EventInfo;
+    using Model = EventModel;
+
+    static Record makeRecord()
+    {
+        EventInfo event;
+        event.setEventId(7);
+        event.setEventProtocolType(true);
+        event.setEventType(EventInfo::EVENT_TYPE_0);
+        event.setEventProtocol(command);
+        event.setEventInstruction(description);
+        return event;
+    }
+
+    static QByteArray encode(const Record& event)
+    {
+        return PackageEvent::createEventPackage(event);
+    }
+    static void makeSlot() { ::makeSlot(command); }
+
+    static bool decode(const QByteArray& reply, Model& model)
+    {
+        QString error;
+        return PackageEvent::parseEventPackage(address, reply, 512, model, error);
+    }
+};
+
+struct SerialTriggerCodec {
+    using Record = TriggerInfo;
+    using Model = TriggerModel;
+
+    static Record makeRecord()
+    {
+        TriggerInfo trigger;
+        trigger.setTriggerProtocolType(true);
+        trigger.setTriggerType(TriggerInfo::COM);
+        trigger.setCOMSelect(COM_A_1);
+        trigger.setTriggerParameter(command);
+        trigger.setTriggerEvent(events);
+        trigger.setTriggerInstruction(description);
+        return trigger;
+    }
+
+    static QByteArray encode(const Record& trigger)
+    {
+        return PackageTrigger::createTriggerPackage(trigger);
+    }
+    static void makeSlot() { ::makeSlot(command); }
+
+    static bool decode(const QByteArray& reply, Model& model)
+    {
+        QString error;
+        return PackageTrigger::parseTriggerPackage(address, reply, 512, model, error);
+    }
+};
+
+struct TimeTriggerCodec {
+    using Record = TriggerTimeInfo;
+    using Model = TriggerTimeModel;
+
+    static Record makeRecord()
+    {
+        TriggerTimeInfo trigger;
+        trigger.setTriggerType(TriggerTimeInfo::WEEKLY);
+        trigger.setStartDate(startDate);
+        trigger.setEndDate(endDate);
+        trigger.setTriggerTime(timeOfDay);
+        trigger.setSelectWeekly(days);
+        trigger.setTriggerEvent(events);
+        trigger.setTriggerInstruction(description);
+        return trigger;
+    }
+
+    static QByteArray encode(const Record& trigger)
+    {
+        return PackageTimeTrigger::createTimeTriggerPackage(trigger);
+    }
+    // A time trigger has no hexadecimal text.
+    static void makeSlot() { ::makeSlot(QString()); }
+
+    static bool decode(const QByteArray& reply, Model& model)
+    {
+        QString error;
+        return PackageTimeTrigger::parseTimeTriggerPackage(address, reply, 512, model, error);
+    }
+};
+
+/** A model that took many records would measure the memory of the machine. */
+constexpr int recordsInModel = 64;
+
+template <typename Codec> class Decode : public Comparison {
+public:
+    double ours() override
+    {
+        typename Codec::Model model;
+        return 1000 * microsecondsPerCall(recordsInTurn, [&] {
+            if (model.size() == recordsInModel)
+                model.clear();
+            if (!Codec::decode(m_reply, model))
+                qFatal("a reply was refused");
+        });
+    }
+
+    double reference() override
+    {
+        return 1000 * microsecondsPerCall(recordsInTurn, [] {
+            typename Codec::Record record = Codec::makeRecord();
+            benchmark::DoNotOptimize(record);
+        });
+    }
+
+private:
+    const QByteArray m_reply = replyWith(Codec::encode(Codec::makeRecord()));
+};
+
+template <typename Codec> class Encode : public Comparison {
+public:
+    double ours() override
+    {
+        return 1000 * microsecondsPerCall(recordsInTurn, [this] {
+            QByteArray block = Codec::encode(m_record);
+            benchmark::DoNotOptimize(block);
+        });
+    }
+
+    double reference() override
+    {
+        return 1000 * microsecondsPerCall(recordsInTurn, [] { Codec::makeSlot(); });
+    }
+
+private:
+    const typename Codec::Record m_record = Codec::makeRecord();
+};
+
+template <typename Codec> Row decodeRow(const char* name)
+{
+    return {
+        name, "ns", {Limit::RatioAtMost, 3}, 101, [] { return std::make_unique<Decode<Codec>>(); }};
+}
+
+template <typename Codec> Row encodeRow(const char* name)
+{
+    return {name, "ns", {Limit::RatioAtMost, 1.6}, 101,
+        [] { return std::make_unique<Encode<Codec>>(); }};
+}
+
+} // namespace
+
+std::vector<Row> codecRows()
+{
+    return {
+        decodeRow<EventCodec>("decode event / fill record"),
+        decodeRow<SerialTriggerCodec>("decode serial trigger / fill record"),
+        decodeRow<TimeTriggerCodec>("decode time trigger / fill record"),
+        encodeRow<EventCodec>("encode event / bytes and texts"),
+        encodeRow<SerialTriggerCodec>("encode serial trigger / bytes and texts"),
+        encodeRow<TimeTriggerCodec>("encode time trigger / bytes and texts"),
+    };
+}

@@ -1,0 +1,164 @@
+#include "comparison.h"
+#include "kvprotocolparser.h"
+#include "packagedevice.h"
+#include "timing.h"
+#include "unitaddresses.h"
+#include "unitframe.h"
+#include "unitsettings.h"
+#include "unpackage.h"
+
+#include <QtCore/QDeadlineTimer>
+#include <QtCore/QMutex>
+#include <QtCore/QWaitCondition>
+
+#include <thread>
+
+namespace {
+
+using namespace QuadrelUnit;
+
+constexpr int exchangesInTurn = 300;
+constexpr std::chrono::microseconds wakePause(20);
+
+/** Hands something to another thread, over the framework's mutex and condition. */
+template <typename Item> class Mailbox {
+public:
+    void put(Item item)
+    {
+        const QMutexLocker locker(&m_mutex);
+        m_item = std::move(item);
+        m_full = true;
+        m_condition.wakeOne();
+    }
+
+    Item take()
+    {
+        return take(QDeadlineTimer(QDeadlineTimer::Forever), [] {});
+    }
+
+    /** Calls `repeat`, with the box locked and empty, each time that `pause` has gone by. */
+    template <typename Pause, typename Repeat> Item take(Pause pause, Repeat repeat)
+    {
+        const QMutexLocker locker(&m_mutex);
+        while (!m_full) {
+            if (!m_condition.wait(&m_mutex, QDeadlineTimer(pause)))
+                repeat();
+        }
+        m_full = false;
+        return std::move(m_item);
+    }
+
+private:
+    QMutex m_mutex;
+    QWaitCondition m_condition;
+    bool m_full = false;
+    Item m_item{};
+};
+
+/** An empty frame ends the thread that answers. */
+class AnsweredUnPackage {
+public:
+    AnsweredUnPackage()
+        : m_reply(deviceReply())
+    {
+        QObject::connect(
+            &m_unPackage, &UnPackage::signal_sendPackage, &m_unPackage,
+            [this](const QByteArray& frame) { m_frames.put(frame); }, Qt::DirectConnection);
+        m_answering = std::thread([this] { answerFrames(); });
+    }
+
+    ~AnsweredUnPackage()
+    {
+        m_frames.put(QByteArray());
+        m_answering.join();
+    }
+
+    /** As each operation does it, with the decoder of the block that has 32 bytes. */
+    void exchange()
+    {
+        QString error;
+        PackageRequestProto3rd* request = KVProtocolParser::Get_CommonRead(
+            m_unPackage.getLabels(), Address::information, Address::informationLength);
+        m_unPackage.sendPackage(request->ParseSendRequest());
+        if (!m_unPackage.waitResponsed(QStringLiteral("device"), error)
+            || !PackageDevice::parseDevicePackage(
+                Address::information, m_reply, Address::informationLength, m_device, error))
+            qFatal("an exchange failed: %s", qPrintable(error));
+    }
+
+private:
+    static QByteArray deviceReply()
+    {
+        const UnitFrame request =
+            UnitFrame::readRequest(0, Address::information, Address::informationLength);
+        return UnitFrame::replyTo(request, UnitSettings().informationBlock()).encode();
+    }
+
+    void answerFrames()
+    {
+        // A reply that comes before the operation sleeps wakes nobody.
+        const auto wakeAgain = [this] { m_unPackage.quitWaitDelay(); };
+        while (!m_frames.take(wakePause, wakeAgain).isEmpty())
+            m_unPackage.setRecvPackage(m_reply);
+    }
+
+    const QByteArray m_reply;
+    UnPackage m_unPackage{nullptr};
+    DeviceModel m_device;
+    Mailbox<QByteArray> m_frames;
+    std::thread m_answering;
+};
+
+/** Two threads that do nothing but wake each other. */
+class PingPong {
+public:
+    PingPong()
+        : m_other([this] {
+            while (m_there.take())
+                m_back.put(true);
+        })
+    {
+    }
+
+    ~PingPong()
+    {
+        m_there.put(false);
+        m_other.join();
+    }
+
+    void exchange()
+    {
+        m_there.put(true);
+        m_back.take();
+    }
+
+private:
+    Mailbox<bool> m_there;
+    Mailbox<bool> m_back;
+    std::thread m_other;
+};
+
+class SignalExchange : public Comparison {
+public:
+    double ours() override
+    {
+        return microsecondsPerCall(exchangesInTurn, [this] { m_unPackage.exchange(); });
+    }
+
+    double reference() override
+    {
+        return microsecondsPerCall(exchangesInTurn, [this] { m_pingPong.exchange(); });
+    }
+
+private:
+    AnsweredUnPackage m_unPackage;
+    PingPong m_pingPong;
+};
+
+} // namespace
+
+std::vector<Row> signalExchangeRows()
+{
+    return {{"exchange by signal / thread ping-pong", "us", {Limit::RatioAtMost, 1.25}, 101,
+        [] { return std::make_unique<SignalExchange>(); }}};
+}
