@@ -130,7 +130,7 @@ void TestQuadrelctlFiles::leavesTheOldFileOnFailure_data()
     QTest::addColumn<QString>("target");
     QTest::newRow("a folder") << QStringLiteral("folder");
     QTest::newRow("a folder that is not there") << QStringLiteral("nowhere/p.xml");
-    QTest::newRow("a device") << QStringLiteral("/dev/null");
+    QTest::newRow("a pipe") << QStringLiteral("pipe");
 }
 
 void TestQuadrelctlFiles::leavesTheOldFileOnFailure()
@@ -139,6 +139,7 @@ void TestQuadrelctlFiles::leavesTheOldFileOnFailure()
     const SimulatorProcess unit;
     ControlTool tool;
     QVERIFY(QDir(tool.path(QString())).mkdir(QStringLiteral("folder")));
+    QCOMPARE(mkfifo(qPrintable(tool.path(QStringLiteral("pipe"))), 0600), 0);
     const QString path = QDir(tool.path(QString())).absoluteFilePath(target);
     const ToolResult result = tool.run(
         {QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"), path});

@@ -246,9 +246,10 @@ void LibraryModel::store(const std::function<void(ModelManagement&)>& change, co
     const DeviceModel device = m_registry.getCurrentSelectDevice();
     ModelManagement* models = m_registry.getDeviceData(device);
     // A device that the registry does not know gets an aggregate, which is stored.
-    if (!owns(models))
+    if (models && !owns(models))
         m_models.emplace_back(models);
-    change(*models);
+    if (models)
+        change(*models);
     m_registry.setDeviceData(device, models);
     m_signals.append(QLatin1String(signal));
 }

@@ -36,6 +36,7 @@ public:
     bool retainIp = true;
     QString clock;
     void setUpgrade(const QByteArray& first, const QByteArray& second, const QString& name);
+    void setDevice(const DeviceModel& device) { m_device = device; }
     void setReply(const QByteArray& reply) { m_buffer = reply; }
     void setError(const QString& error);
 

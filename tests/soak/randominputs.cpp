@@ -117,7 +117,8 @@ TriggerTimeModel RandomInputs::timeTriggers()
 
 QString RandomInputs::clock()
 {
-    const QDateTime time = QDateTime::fromSecsSinceEpoch(946684800 + below(0x7FFFFFFF), Qt::UTC);
+    const QDateTime time =
+        QDateTime::fromSecsSinceEpoch(946684800 + qint64(below(0x7FFFFFFF)), Qt::UTC);
     return time.toString(QStringLiteral("yyyy/MM/dd  HH:mm:ss"));
 }
 

@@ -79,6 +79,7 @@ public:
 
 private:
     void placeInputs();
+    void forgetModels();
     void wakeNobody();
     void begin();
     void dispatch();
@@ -150,10 +151,25 @@ void Soak::placeInputs()
         m_model.ioNumber = m_inputs.chance(0.7) ? 12 : m_inputs.below(16);
         m_operations.setConfigNumber(m_model.comNumber, m_model.ioNumber);
     }
+    if (m_inputs.chance(0.05)) {
+        DeviceModel device;
+        device.setName(m_inputs.text(8));
+        m_operations.setDeviceModel(device);
+        m_model.setDevice(device);
+    }
+    if (m_inputs.chance(0.01))
+        forgetModels();
     m_model.retainIp = m_inputs.chance(0.7);
     m_operations.setRetainIP(m_model.retainIp);
     m_model.clock = m_inputs.clock();
     m_operations.setTimingCheck(m_model.clock);
+}
+
+/** The application stores no models for the selected device; the library must live with that. */
+void Soak::forgetModels()
+{
+    for (DeviceManagerModel* registry : {DeviceManagerModel::Instance(), &m_model.registry()})
+        registry->setDeviceData(registry->getCurrentSelectDevice(), nullptr);
 }
 
 /** What a transport may do between operations; all of it but the failure flag goes unnoticed. */
@@ -298,7 +314,8 @@ void Soak::checkAfterwards()
     m_aggregates.insert(models);
     ModelManagement* expected = m_model.registry().getDeviceData(selected);
     const std::unique_ptr<ModelManagement> unknown(m_model.owns(expected) ? nullptr : expected);
-    compare("models", textOf(*models), textOf(*expected));
+    compare(
+        "models", models ? textOf(*models) : QString(), expected ? textOf(*expected) : QString());
 
     if (m_unit.memory() != m_model.unit().memory())
         throw Difference{QStringLiteral("the unit's memory")};

@@ -21,6 +21,23 @@ bool hasUsableAddress()
         [](const QHostAddress& address) { return !address.isLoopback(); });
 }
 
+/** A reply may also have been heard under the IPv6 form of the unit's address, as another unit. */
+FoundUnits withoutMappedTwins(const FoundUnits& found)
+{
+    FoundUnits units;
+    for (auto it = found.begin(); it != found.end(); ++it) {
+        bool isIpv4 = false;
+        const QHostAddress ipv4(QHostAddress(it.key()).toIPv4Address(&isIpv4));
+        const QString address = isIpv4 ? ipv4.toString() : it.key();
+        if (address != it.key() && found.contains(address))
+            continue;
+        serverData unit = it.value();
+        unit.ip = address;
+        units.insert(address, unit);
+    }
+    return units;
+}
+
 } // namespace
 
 FoundUnits searchNetwork(const std::optional<QString>& upgradeName)
@@ -35,7 +52,7 @@ FoundUnits searchNetwork(const std::optional<QString>& upgradeName)
     QEventLoop loop;
     QObject::connect(search, &SearchDevice::signal_updateDeviceList, &loop,
         [&units, &loop](const FoundUnits& found) {
-            units = found;
+            units = withoutMappedTwins(found);
             loop.quit();
         });
 
