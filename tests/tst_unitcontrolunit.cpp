@@ -15,7 +15,7 @@ QByteArray fromHex(const char* text)
 QByteArray read(ControlUnit& unit, quint32 address, int length)
 {
     return unit.answer(UnitFrame::readRequest(1, address, static_cast<quint16>(length)))
-        .reply.payload.left(length);
+        .reply.payload;
 }
 
 UnitAnswer write(ControlUnit& unit, quint32 address, const QByteArray& data)
@@ -88,7 +88,7 @@ void TestUnitControlUnit::answersAReadWithWhatWasAskedFor_data()
 {
     QTest::addColumn<quint32>("address");
     QTest::addColumn<int>("length");
-    QTest::newRow("part of the information") << quint32(0xF0000000) << 31;
+    QTest::newRow("information") << quint32(0xF0000000) << 32;
     QTest::newRow("more than the information") << quint32(0xF0000000) << 33;
     QTest::newRow("nothing") << quint32(0xF0000000) << 0;
     QTest::newRow("a record") << quint32(0xF0020001) << 512;
@@ -117,13 +117,17 @@ void TestUnitControlUnit::answersAReadWithWhatWasAskedFor()
 
 void TestUnitControlUnit::sendsInfraredPortsBehindItsInformation()
 {
-    UnitSettings settings;
-    settings.infraredPorts = 200;
-    ControlUnit unit(settings);
-    const UnitFrame reply = unit.answer(UnitFrame::readRequest(1, 0xF0000000, 32)).reply;
-    QCOMPARE(reply.dataLength, quint16(32));
-    QCOMPARE(reply.payload, settings.informationBlock() + '\xC8');
-    QCOMPARE(unit.settings().infraredPorts, quint8(200));
+    for (int ports = 0; ports < 256; ++ports) {
+        UnitSettings settings;
+        settings.infraredPorts = static_cast<quint8>(ports);
+        ControlUnit unit(settings);
+        QCOMPARE(int(unit.settings().infraredPorts), ports);
+        const quint8 label = static_cast<quint8>(ports * 7);
+        const QByteArray frame =
+            unit.answer(UnitFrame::readRequest(label, 0xF0000000, 32)).reply.encode();
+        QCOMPARE(frame.size(), 52);
+        QCOMPARE(int(static_cast<quint8>(frame.at(50))), ports);
+    }
 }
 
 void TestUnitControlUnit::answersAWriteWithoutData()

@@ -118,7 +118,7 @@ void TestUnitServer::answersOverTcp()
     client.send(readInformation(254));
     TRY_COMPARE(client.bytes(), informationReply(*m_unit, 254));
     client.send(UnitFrame::writeRequest(0, 0xF0020000, "\x05"));
-    TRY_COMPARE(client.bytes().size(), 53 + 20);
+    TRY_COMPARE(client.bytes().size(), 52 + 20);
     QCOMPARE(m_unit->memory().read(0xF0020000, 1), QByteArray("\x05"));
 }
 
@@ -515,7 +515,7 @@ void TestUnitServer::tellsOfChangesAndNotices()
     QSignalSpy notices(m_server.get(), &UnitServer::notice);
     Client client(m_server->port());
     client.send(readInformation());
-    TRY_COMPARE(client.bytes().size(), 53);
+    TRY_COMPARE(client.bytes().size(), 52);
     QVERIFY(changed.isEmpty());
     client.send(UnitFrame::writeRequest(1, 0xF0001000, "x"));
     TRY_COMPARE(changed.size(), 1);

@@ -7,7 +7,8 @@
 namespace {
 
 constexpr int wakeInterval = 2; // ms
-constexpr int lengthOffset = 16;
+constexpr int payloadLengthOffset = 8;
+constexpr quint32 maximumPayload = 65535;
 constexpr int headAndTrailer = 20;
 
 } // namespace
@@ -70,15 +71,19 @@ void UnitLink::send(const QByteArray& frame)
 void UnitLink::receive()
 {
     m_received += m_socket.readAll();
-    if (m_received.size() < headAndTrailer)
-        return;
-    const int size =
-        headAndTrailer + qFromLittleEndian<quint16>(m_received.constData() + lengthOffset);
-    if (m_received.size() < size)
-        return;
-    const QByteArray reply = m_received.left(size);
-    m_received.remove(0, size);
-    deliver(reply);
+    while (m_received.size() >= headAndTrailer) {
+        const auto payload =
+            qFromLittleEndian<quint32>(m_received.constData() + payloadLengthOffset);
+        if (payload > maximumPayload) {
+            fail(QStringLiteral("this is no reply of a unit"));
+            return;
+        }
+        const int size = headAndTrailer + static_cast<int>(payload);
+        if (m_received.size() < size)
+            return;
+        deliver(m_received.left(size));
+        m_received.remove(0, size);
+    }
 }
 
 void UnitLink::deliver(const QByteArray& reply)

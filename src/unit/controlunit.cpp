@@ -61,7 +61,7 @@ UnitAnswer ControlUnit::answer(const UnitFrame& request)
     answer.reply = UnitFrame::replyTo(request, read(request.address, request.dataLength));
     // Readers of the block take the number of infra-red ports from the byte behind it.
     if (request.address == Address::information && request.dataLength == Address::informationLength)
-        answer.reply.payload.append(m_memory.read(Address::infraredPorts, 1));
+        answer.reply.steerTrailer(settings().infraredPorts);
     return answer;
 }
 

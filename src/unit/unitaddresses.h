@@ -7,7 +7,7 @@ namespace QuadrelUnit::Address {
 
 constexpr quint32 information = 0xF0000000;
 constexpr int informationLength = 32;
-/** Right behind the block, and sent along with it: a reader takes it from there. */
+/** Right behind the block, where a reader of it looks. */
 constexpr quint32 infraredPorts = information + informationLength;
 constexpr quint32 version = 0xF0000002;
 /** DHCP, address, mask and gateway: the 13 bytes of the information block that can be written. */

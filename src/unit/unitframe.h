@@ -13,6 +13,7 @@ struct UnitFrame {
     /** Bytes asked for in a read request, bytes carried in a write request and a read reply. */
     quint16 dataLength = 0;
     QByteArray payload;
+    quint16 reserved = 0;
 
     static UnitFrame readRequest(quint8 label, quint32 address, quint16 length);
     /** A request that writes `data`, of which no more than 65535 bytes fit. */
@@ -22,6 +23,10 @@ struct UnitFrame {
 
     bool isReadRequest() const;
     bool isWriteRequest() const;
+
+    /** Chooses the reserved field so that the byte behind the payload, the CRC's low one, is
+     * `byte`. */
+    void steerTrailer(quint8 byte);
 
     /** The frame as it travels, with its CRC. */
     QByteArray encode() const;

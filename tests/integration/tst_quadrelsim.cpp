@@ -1,3 +1,4 @@
+#include "controlunit.h"
 #include "unitframe.h"
 #include "unitframereader.h"
 #include "unitsettings.h"
@@ -212,7 +213,7 @@ void TestQuadrelsim::servesItsInformation()
     QCOMPARE(reply->label, quint8(200));
     QCOMPARE(reply->address, quint32(0xF0000000));
     QCOMPARE(int(reply->dataLength), 32);
-    QCOMPARE(reply->payload, UnitSettings().informationBlock() + '\4');
+    QCOMPARE(reply->payload, UnitSettings().informationBlock());
     QCOMPARE(client.read(0xF0010000, 1), QByteArray(1, '\0'));
 }
 
@@ -224,7 +225,7 @@ void TestQuadrelsim::reportsItsSettings()
     Client client(simulator.port());
     QCOMPARE(client.read(0xF0000000, 32),
         QByteArray::fromHex("3412 04030201 ffffffffffffffff 01 0700000a 000000ff 0100000a"
-                            "00 00 04 08 ff fe"));
+                            "00 00 04 08 ff"));
     // Four ports and eight lines have their settings; the ones behind have none.
     QCOMPARE(
         client.read(0xF0001000 + 3 * 7, 14), QByteArray::fromHex("00c20100080100 00000000000000"));
@@ -240,9 +241,8 @@ void TestQuadrelsim::servesUdp()
     const UnitFrame request = UnitFrame::readRequest(1, 0xF0000000, 32);
     client.writeDatagram(request.encode(), QHostAddress::LocalHost, port);
     QVERIFY(client.waitForReadyRead(patience));
-    UnitFrame reply = UnitFrame::replyTo(request, UnitSettings().informationBlock());
-    reply.payload += '\4';
-    QCOMPARE(client.receiveDatagram().data(), reply.encode());
+    QCOMPARE(
+        client.receiveDatagram().data(), QuadrelUnit::ControlUnit().answer(request).reply.encode());
 }
 
 void TestQuadrelsim::endsCleanly_data()
@@ -365,7 +365,7 @@ void TestQuadrelsim::refusesGarbage()
     QVERIFY(simulator.waitForError(
         QStringLiteral("the bytes do not begin as a frame does; connection dropped\n")));
     Client other(port);
-    QCOMPARE(other.read(0xF0000000, 31), UnitSettings().informationBlock().left(31));
+    QCOMPARE(other.read(0xF0000000, 32), UnitSettings().informationBlock());
 }
 
 void TestQuadrelsim::tellsEachRequest()
@@ -439,7 +439,7 @@ void TestQuadrelsim::laysOptionsOverItsMemory()
     settings.model = 5;
     settings.serialNumber = 78;
     settings.ip = {10, 0, 0, 9};
-    QCOMPARE(client.read(0xF0000000, 31), settings.informationBlock().left(31));
+    QCOMPARE(client.read(0xF0000000, 32), settings.informationBlock());
 }
 
 void TestQuadrelsim::refusesAForeignMemory()

@@ -38,20 +38,19 @@
  * replaces the model and leaves `error` alone. On failure it returns false with one of these texts
  * (or the one of its own section) in `error` and leaves the model alone:
  *
- * | `error` | When |
- * |---|---|
- * | "打开文件失败！" | the file cannot be opened |
- * | "XML嵌套层数过多！" | the elements are nested deeper than 1,000 levels, the root being level 1
- * | | the XML parser's message | the file is not well-formed XML | | "XML节点为空！" | the parsed
- * document is null |
+ * - "打开文件失败！": the file cannot be opened
+ * - "XML嵌套层数过多！": the elements are nested deeper than 1,000 levels, the root being level 1
+ * - the XML parser's message: the file is not well-formed XML
+ * - "XML节点为空！": the parsed document is null
  *
  * Inside a section a reader is lenient: a record of the wrong shape is skipped, a missing value is
  * empty or 0, and a text that is no number is 0.
  *
  * **Language.** The words "Deal", "Delay", "Hex", "ASCII", "COM" and "IO" and the labels of the
  * lines pass through tr() when they are written and again when they are compared, and so do all
- * messages. A file is read by an application in the language that wrote it; the names of elements
- * are the same in all languages.
+ * messages. A translation must leave those words alone, as the one that comes with the library
+ * does: a file can be read only where its words are the ones that wrote it. The names of elements
+ * are never translated.
  *
  * Time triggers, project records, the names of events and the ids of triggers have no form in a
  * file. The functions are reentrant, but two calls on one file at a time are the caller's to keep

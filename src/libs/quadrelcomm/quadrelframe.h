@@ -12,10 +12,10 @@
  * | 0 | 4 | magic, the bytes of "QDRL" |
  * | 4 | 1 | kind, see Kind |
  * | 5 | 1 | label: a reply repeats that of its request |
- * | 6 | 2 | reserved, 0 |
+ * | 6 | 2 | reserved: 0 in a request, not looked at in a reply |
  * | 8 | 4 | payload length: bytes that follow the head; 0 in a read request and a write reply |
  * | 12 | 4 | address on the unit |
- * | 16 | 2 | data length: bytes asked for in a read and its reply, bytes carried in a write |
+ * | 16 | 2 | data length: bytes asked for, or bytes carried |
  * | 18 | payload length | payload |
  * | 18 + payload length | 2 | CRC-16 of all bytes before it (ISO 3309), see checksum() |
  */
@@ -26,6 +26,7 @@ constexpr char magic[] = {'Q', 'D', 'R', 'L'};
 constexpr int magicOffset = 0;
 constexpr int kindOffset = 4;
 constexpr int labelOffset = 5;
+constexpr int reservedOffset = 6;
 constexpr int payloadLengthOffset = 8;
 constexpr int addressOffset = 12;
 constexpr int dataLengthOffset = 16;

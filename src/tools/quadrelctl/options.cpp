@@ -111,8 +111,8 @@ QString usageText(const QString& complaint)
         if (!match.hasMatch())
             continue;
         QString text = form.text;
-        for (const QString& part : match.capturedTexts().mid(1))
-            text = text.arg(part);
+        for (int part = 1; part <= match.lastCapturedIndex(); ++part)
+            text = text.arg(match.captured(part));
         return text;
     }
     return complaint;
