@@ -243,9 +243,9 @@ private:
 std::vector<Row> projectFileRows()
 {
     return {
-        {"read project file / three DOM parses", "ms", {Limit::RatioAtMost, 1.2}, 51,
+        {"read project file / three DOM parses", "ms", {Limit::RatioAtMost, 1.2}, 151,
             [] { return std::make_unique<ReadProject>(); }},
-        {"write project file / DOM loads and saves", "ms", {Limit::RatioAtMost, 1.35}, 51,
+        {"write project file / DOM loads and saves", "ms", {Limit::RatioAtMost, 1.35}, 151,
             [] { return std::make_unique<WriteProject>(); }},
         {"read 20000 settings / 2000 settings", "ms", {Limit::RatioAtMost, 11}, 11,
             [] { return std::make_unique<ReadGrowth>(); }},

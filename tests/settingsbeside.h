@@ -4,8 +4,9 @@
 #include <QtCore/QFile>
 
 /**
- * Writes the settings file beside the running test; an object made afterwards reads it. The framework
- * keeps a parsed file as long as its size and time look the same, so each file is a line longer.
+ * Writes the settings file beside the running test; an object made afterwards reads it. The
+ * framework keeps a parsed file as long as its size and time look the same, so each file is a line
+ * longer.
  */
 inline void writeSettingsBeside(const QByteArray& contents)
 {

@@ -4,9 +4,24 @@
 #include "replyframe.h"
 #include "textwriter.h"
 
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+/** Of the first "ID:" or -1. The framework's search takes longer to set up than an item is long. */
+int indexOfWord(const QStringRef& item)
+{
+    constexpr char16_t word[] = {u'I', u'D', u':'};
+    const QChar* found = std::search(item.begin(), item.end(), std::begin(word), std::end(word));
+    return found == item.end() ? -1 : static_cast<int>(found - item.begin());
+}
+
+} // namespace
+
 int EventIdList::idInItem(const QStringRef& item)
 {
-    const int start = item.indexOf(u"ID:");
+    const int start = indexOfWord(item);
     const int end = item.indexOf(QLatin1Char(')'), start);
     return decimalNumber(item.mid(start + 3, end - start - 3));
 }
@@ -14,15 +29,13 @@ int EventIdList::idInItem(const QStringRef& item)
 QByteArray EventIdList::fromText(const QString& text)
 {
     const QLatin1Char separator(';');
-    QByteArray ids;
-    ids.reserve(text.count(separator) + 1);
+    QByteArray ids(text.count(separator) + 1, Qt::Uninitialized);
     int start = 0;
-    int end = 0;
-    do {
-        end = text.indexOf(separator, start);
-        ids.append(static_cast<char>(idInItem(text.midRef(start, end < 0 ? -1 : end - start))));
+    for (char& id : ids) {
+        const int end = text.indexOf(separator, start);
+        id = static_cast<char>(idInItem(text.midRef(start, end < 0 ? -1 : end - start)));
         start = end + 1;
-    } while (end >= 0);
+    }
     return ids;
 }
 

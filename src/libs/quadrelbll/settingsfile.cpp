@@ -5,7 +5,7 @@
 QString settingsFilePath()
 {
     // The framework warns when it is asked for the folder before there is an application.
-    const QString folder
-        = QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString();
+    const QString folder =
+        QCoreApplication::instance() ? QCoreApplication::applicationDirPath() : QString();
     return folder + QStringLiteral("/configWidget.ini");
 }

@@ -4,6 +4,7 @@
 
 /**
  * The settings file beside the application. Without an application object, as when the library is
- * linked directly and so loaded before main, the folder is empty and the file is sought at the root.
+ * linked directly and so loaded before main, the folder is empty and the file is sought at the
+ * root.
  */
 QString settingsFilePath();

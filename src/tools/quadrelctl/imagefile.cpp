@@ -13,7 +13,7 @@ QByteArray loadImage(const QString& path)
         throw CommandFailure{Tool::tr("%1: not a regular file").arg(path)};
     if (!file.open(QIODevice::ReadOnly))
         throw CommandFailure{QStringLiteral("%1: %2").arg(path, file.errorString())};
-    const QByteArray image = file.readAll();
+    QByteArray image = file.readAll();
     if (file.error() != QFileDevice::NoError)
         throw CommandFailure{QStringLiteral("%1: %2").arg(path, file.errorString())};
     if (image.isEmpty())

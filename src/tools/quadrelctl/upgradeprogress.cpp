@@ -42,9 +42,9 @@ void UpgradeProgress::show(const QString& text)
 QString UpgradeProgress::bar(int percent) const
 {
     const int filled = barWidth * percent / 100;
-    const double seconds = std::max<qint64>(1, m_elapsed.elapsed()) / 1000.0;
+    const double seconds = std::max(1.0, static_cast<double>(m_elapsed.elapsed())) / 1000;
     const double rate = static_cast<double>(m_totalBytes) * percent / 100 / seconds;
-    const int left = percent == 0 ? 0 : static_cast<int>(seconds * (100 - percent) / percent + 0.5);
+    const int left = percent == 0 ? 0 : qRound(seconds * (100 - percent) / percent);
     return Tool::tr("[%1%2] %3 %  %4 KiB/s  %5 s left")
         .arg(QString(filled, QLatin1Char('#')), QString(barWidth - filled, QLatin1Char('.')),
             QString::number(percent), QString::number(rate / 1024, 'f', 0), QString::number(left));

@@ -19,7 +19,7 @@ constexpr std::chrono::microseconds longestWakePause = 4ms;
  */
 constexpr std::chrono::microseconds promptExchange = 150us;
 /** More than any datagram, and many frames of a stream. */
-constexpr std::size_t receiveBufferSize = 128 * 1024;
+constexpr std::size_t receiveBufferSize = std::size_t{128} * 1024;
 
 } // namespace
 

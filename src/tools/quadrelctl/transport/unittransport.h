@@ -31,6 +31,9 @@ class UnPackage;
  * has come. All this happens under one mutex, which each new frame takes first: a wake that belongs
  * to one exchange can never reach the next.
  *
+ * While replies follow each other fast, as from a unit on this machine, the receiving thread stays
+ * awake between them and offers its processor to others; otherwise it sleeps.
+ *
  * A reply is taken for the frame in flight by its label; late and repeated replies are dropped. A
  * failure ends the exchange with UnPackage::setError() and a text that names the unit. The
  * connection is made when a frame needs one, and made anew after a loss.
