@@ -54,16 +54,15 @@ ScriptedUnit::Reaction nextReaction(FuzzInput& input, const QByteArray& request)
     }
 }
 
-void checkRegistry(bool accepted)
+void checkRegistry()
 {
     DeviceManagerModel* registry = DeviceManagerModel::Instance();
     const DeviceModel device = registry->getCurrentSelectDevice();
     ModelManagement* models = registry->getDeviceData(device);
+    // The numbers of ports and lines have no limit: they end with the reply.
     require(models->getEventModel()->size() <= 128, "a unit has 128 events at most");
     const int triggers = models->getTriggerModel()->size() + models->getTriggerTimeModel()->size();
     require(triggers <= 2 * 64, "a unit has 64 triggers at most, and each kind walks over them");
-    if (accepted)
-        require(models->getConfigModel()->getComInfo().size() >= 9, "all ports were read");
     // The library leaves it behind by design; here it would be a leak.
     registry->deleteDeviceData(device);
     delete models;
@@ -89,6 +88,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         log.entries.filter(QRegularExpression(QStringLiteral("^readFinished"))).size();
     require(failures + successes == 1, "one closing signal");
     if (log.entries.contains(QStringLiteral("updateDeviced")))
-        checkRegistry(successes == 1);
+        checkRegistry();
     return 0;
 }
