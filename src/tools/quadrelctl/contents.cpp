@@ -29,7 +29,7 @@ QList<int> eventIds(const QString& eventText)
         const int start = item.indexOf(QStringLiteral("ID:")) + 3;
         const int end = item.indexOf(QLatin1Char(')'), start);
         // An item without an id is stored as id 0.
-        ids.append(start < 3 ? 0 : item.mid(start, end - start).toInt() & 0xFF);
+        ids.append(start < 3 ? 0 : item.midRef(start, end - start).toInt() & 0xFF);
     }
     return ids;
 }

@@ -10,7 +10,8 @@ namespace {
 QJsonArray idsToJson(const QString& eventText)
 {
     QJsonArray ids;
-    for (const int id : eventIds(eventText))
+    const QList<int> stored = eventIds(eventText);
+    for (const int id : stored)
         ids.append(id);
     return ids;
 }
@@ -18,7 +19,8 @@ QJsonArray idsToJson(const QString& eventText)
 QJsonArray serialPortsToJson(SystemModel config)
 {
     QJsonArray ports;
-    for (ComInfo port : config.getComInfo())
+    const QList<ComInfo> records = config.getComInfo();
+    for (ComInfo port : records)
         ports.append(QJsonObject{{QStringLiteral("port"), ports.size() + 1},
             {QStringLiteral("baudRate"), port.getBaudRate()},
             {QStringLiteral("dataBits"), port.getDataBits()},
@@ -30,7 +32,8 @@ QJsonArray serialPortsToJson(SystemModel config)
 QJsonArray ioLinesToJson(SystemModel config)
 {
     QJsonArray lines;
-    for (const IOType type : config.getIOType())
+    const QList<IOType> types = config.getIOType();
+    for (const IOType type : types)
         lines.append(QJsonObject{
             {QStringLiteral("line"), lines.size() + 1}, {QStringLiteral("type"), type}});
     return lines;
@@ -39,7 +42,8 @@ QJsonArray ioLinesToJson(SystemModel config)
 QJsonArray eventsToJson(EventModel model)
 {
     QJsonArray events;
-    for (EventInfo event : model.getEventInfo())
+    const QList<EventInfo> records = model.getEventInfo();
+    for (EventInfo event : records)
         events.append(QJsonObject{{QStringLiteral("id"), event.getEventId()},
             {QStringLiteral("name"), event.getEventName()},
             {QStringLiteral("type"), event.getEventType()},
@@ -52,7 +56,8 @@ QJsonArray eventsToJson(EventModel model)
 QJsonArray triggersToJson(TriggerModel model)
 {
     QJsonArray triggers;
-    for (TriggerInfo trigger : model.getTriggerInfo())
+    const QList<TriggerInfo> records = model.getTriggerInfo();
+    for (TriggerInfo trigger : records)
         triggers.append(QJsonObject{{QStringLiteral("id"), trigger.getTriggerId()},
             {QStringLiteral("kind"), triggerKind(trigger)},
             {QStringLiteral("line"), triggerLine(trigger)},
@@ -66,7 +71,8 @@ QJsonArray triggersToJson(TriggerModel model)
 QJsonArray timeTriggersToJson(TriggerTimeModel model)
 {
     QJsonArray triggers;
-    for (TriggerTimeInfo trigger : model.getTriggerInfo())
+    const QList<TriggerTimeInfo> records = model.getTriggerInfo();
+    for (TriggerTimeInfo trigger : records)
         triggers.append(QJsonObject{{QStringLiteral("id"), trigger.getTriggerId()},
             {QStringLiteral("repeat"), repeatMode(trigger)},
             {QStringLiteral("startDate"), trigger.getStartDate()},

@@ -25,7 +25,8 @@ EventNames eventNames(const Contents& contents)
 {
     EventNames names;
     EventModel events = contents.events.value_or(EventModel());
-    for (EventInfo event : events.getEventInfo()) {
+    const QList<EventInfo> records = events.getEventInfo();
+    for (EventInfo event : records) {
         if (!names.contains(event.getEventId()))
             names.insert(event.getEventId(), event.getEventName());
     }
@@ -36,7 +37,8 @@ EventNames eventNames(const Contents& contents)
 QString namedEvents(const QString& eventText, const EventNames& names)
 {
     QStringList items;
-    for (const int id : eventIds(eventText))
+    const QList<int> ids = eventIds(eventText);
+    for (const int id : ids)
         items.append(QStringLiteral("%1 %2").arg(QString::number(id), names.value(id)).trimmed());
     return items.join(QStringLiteral(", "));
 }
@@ -61,7 +63,8 @@ Table serialPortTable(SystemModel config)
     Table table({Tool::tr("Port"), Tool::tr("Baud rate"), Tool::tr("Data bits"),
         Tool::tr("Stop bits"), Tool::tr("Inspection")});
     int number = 0;
-    for (ComInfo port : config.getComInfo())
+    const QList<ComInfo> records = config.getComInfo();
+    for (ComInfo port : records)
         table.addRow({QString::number(++number), QString::number(port.getBaudRate()),
             QString::number(port.getDataBits()), QString::number(port.getStopBits()),
             inspection(port.getInspectionType())});
@@ -72,7 +75,8 @@ Table ioLineTable(SystemModel config)
 {
     Table table({Tool::tr("Line"), Tool::tr("Type")});
     int number = 0;
-    for (const IOType type : config.getIOType())
+    const QList<IOType> types = config.getIOType();
+    for (const IOType type : types)
         table.addRow({QString::number(++number), QString::number(type)});
     return table;
 }
@@ -81,7 +85,8 @@ Table eventTable(EventModel model)
 {
     Table table({Tool::tr("Id"), Tool::tr("Name"), Tool::tr("Type"), Tool::tr("Command"),
         Tool::tr("Description")});
-    for (EventInfo event : model.getEventInfo())
+    const QList<EventInfo> records = model.getEventInfo();
+    for (EventInfo event : records)
         table.addRow({QString::number(event.getEventId()), event.getEventName(),
             eventType(event.getEventType()),
             protocolText(event.getEventProtocolType(), event.getEventProtocal()),
@@ -93,7 +98,8 @@ Table triggerTable(TriggerModel model, const EventNames& names)
 {
     Table table({Tool::tr("Id"), Tool::tr("Kind"), Tool::tr("Line"), Tool::tr("Parameter"),
         Tool::tr("Events"), Tool::tr("Description")});
-    for (TriggerInfo trigger : model.getTriggerInfo())
+    const QList<TriggerInfo> records = model.getTriggerInfo();
+    for (TriggerInfo trigger : records)
         table.addRow(
             {QString::number(trigger.getTriggerId()), triggerKind(trigger), triggerLine(trigger),
                 protocolText(trigger.getTriggerProtocolType(), trigger.getTriggerParameter()),
@@ -105,7 +111,8 @@ Table timeTriggerTable(TriggerTimeModel model, const EventNames& names)
 {
     Table table({Tool::tr("Id"), Tool::tr("Repeat"), Tool::tr("From"), Tool::tr("Until"),
         Tool::tr("Weekdays"), Tool::tr("Time"), Tool::tr("Events"), Tool::tr("Description")});
-    for (TriggerTimeInfo trigger : model.getTriggerInfo())
+    const QList<TriggerTimeInfo> records = model.getTriggerInfo();
+    for (TriggerTimeInfo trigger : records)
         table.addRow(
             {QString::number(trigger.getTriggerId()), repeatMode(trigger), trigger.getStartDate(),
                 trigger.getEndDate(), trigger.getSelectWeekly(), trigger.getTriggerTime(),

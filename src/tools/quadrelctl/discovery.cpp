@@ -51,7 +51,8 @@ FoundUnits searchNetwork(const std::optional<QString>& upgradeName)
     FoundUnits units;
     QEventLoop loop;
     QObject::connect(search, &SearchDevice::signal_updateDeviceList, &loop,
-        [&units, &loop](const FoundUnits& found) {
+        // Both outlive the connection, which ends with the loop.
+        [&units, &loop](const FoundUnits& found) { // clazy:exclude=lambda-in-connect
             units = withoutMappedTwins(found);
             loop.quit();
         });

@@ -226,12 +226,14 @@ struct Losses {
         TriggerModel triggers = contents.triggers.value_or(TriggerModel());
         TriggerTimeModel times = contents.timeTriggers.value_or(TriggerTimeModel());
         const QString defaultName = EventInfo().getEventName();
-        for (EventInfo event : events.getEventInfo()) {
+        const QList<EventInfo> eventRecords = events.getEventInfo();
+        for (EventInfo event : eventRecords) {
             const EventInfo::EventType type = event.getEventType();
             eventNames += event.getEventName() != defaultName;
             eventTypes += type != EventInfo::EVENT_TYPE_0 && type != EventInfo::EVENT_DELAY;
         }
-        for (TriggerInfo trigger : triggers.getTriggerInfo())
+        const QList<TriggerInfo> triggerRecords = triggers.getTriggerInfo();
+        for (TriggerInfo trigger : triggerRecords)
             modbusTriggers += trigger.getTriggerType() == TriggerInfo::COM_MODBUS;
         triggerIds = triggers.size();
         timeTriggers = times.size();

@@ -21,6 +21,7 @@ void runRead(const ReadOptions& options)
         Console::print(contentsTables(contents));
     if (options.file.isEmpty())
         return;
-    for (const QString& loss : lossesOfSaving(contents))
+    const QStringList losses = lossesOfSaving(contents);
+    for (const QString& loss : losses)
         Console::warn(loss);
 }

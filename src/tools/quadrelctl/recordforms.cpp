@@ -202,14 +202,16 @@ RecordForms configForms(SystemModel model)
 {
     RecordForms forms;
     int number = 0;
-    for (ComInfo port : model.getComInfo())
+    const QList<ComInfo> ports = model.getComInfo();
+    for (ComInfo port : ports)
         forms.append({Tool::tr("serial port %1").arg(++number),
             {{Tool::tr("baud rate"), QString::number(port.getBaudRate())},
                 {Tool::tr("data bits"), QString::number(port.getDataBits())},
                 {Tool::tr("stop bits"), QString::number(port.getStopBits())},
                 {Tool::tr("inspection"), QString::number(port.getInspectionType())}}});
     number = 0;
-    for (const IOType type : model.getIOType())
+    const QList<IOType> types = model.getIOType();
+    for (const IOType type : types)
         forms.append(
             {Tool::tr("IO line %1").arg(++number), {{Tool::tr("type"), QString::number(type)}}});
     return forms;
@@ -218,7 +220,8 @@ RecordForms configForms(SystemModel model)
 RecordForms eventForms(EventModel model, FormSide side)
 {
     RecordForms forms;
-    for (EventInfo event : model.getEventInfo()) {
+    const QList<EventInfo> records = model.getEventInfo();
+    for (EventInfo event : records) {
         const QString description = event.getEventInstruction();
         // Behind "$$" stands a name.
         const QString stored =
@@ -234,7 +237,8 @@ RecordForms eventForms(EventModel model, FormSide side)
 RecordForms triggerForms(TriggerModel model, FormSide side)
 {
     RecordForms forms;
-    for (TriggerInfo trigger : model.getTriggerInfo())
+    const QList<TriggerInfo> records = model.getTriggerInfo();
+    for (TriggerInfo trigger : records)
         forms.append({Tool::tr("trigger %1").arg(forms.size()),
             {{Tool::tr("kind"), triggerKind(trigger)}, {Tool::tr("line"), lineOf(trigger, side)},
                 {Tool::tr("parameter"), parameterOf(trigger, side)},
@@ -246,7 +250,8 @@ RecordForms triggerForms(TriggerModel model, FormSide side)
 RecordForms timeTriggerForms(TriggerTimeModel model, FormSide side)
 {
     RecordForms forms;
-    for (TriggerTimeInfo trigger : model.getTriggerInfo())
+    const QList<TriggerTimeInfo> records = model.getTriggerInfo();
+    for (TriggerTimeInfo trigger : records)
         forms.append({Tool::tr("time trigger %1").arg(forms.size()),
             {{Tool::tr("repeat"), repeatMode(trigger)}, {Tool::tr("from"), trigger.getStartDate()},
                 {Tool::tr("until"), trigger.getEndDate()},
@@ -300,16 +305,19 @@ QStringList lossesOnUnit(const Contents& contents)
     int delays = 0;
     int lines = 0;
     int empty = 0;
-    for (EventInfo event : events.getEventInfo()) {
+    const QList<EventInfo> eventRecords = events.getEventInfo();
+    for (EventInfo event : eventRecords) {
         const QString text = event.getEventProtocal();
         delays += event.getEventType() == EventInfo::EVENT_DELAY
             && delayOf(text, FormSide::Sent) != delayOf(text, FormSide::Read);
     }
-    for (TriggerInfo trigger : triggers.getTriggerInfo()) {
+    const QList<TriggerInfo> triggerRecords = triggers.getTriggerInfo();
+    for (TriggerInfo trigger : triggerRecords) {
         lines += lineOf(trigger, FormSide::Sent) != lineOf(trigger, FormSide::Read);
         empty += runsOnlyEventZero(trigger.getTriggerEvent());
     }
-    for (TriggerTimeInfo trigger : timeTriggers.getTriggerInfo())
+    const QList<TriggerTimeInfo> timeTriggerRecords = timeTriggers.getTriggerInfo();
+    for (TriggerTimeInfo trigger : timeTriggerRecords)
         empty += runsOnlyEventZero(trigger.getTriggerEvent());
 
     QStringList sentences;
@@ -340,7 +348,8 @@ QString limitFault(const Contents& contents)
         return Tool::tr("a unit has room for %1 triggers and time triggers together, not for %2")
             .arg(QString::number(maximumTableEntries),
                 QString::number(triggers.size() + timeTriggers.size()));
-    for (const EventInfo& event : events.getEventInfo()) {
+    const QList<EventInfo> eventRecords = events.getEventInfo();
+    for (const EventInfo& event : eventRecords) {
         const QString fault = eventFault(event);
         if (!fault.isEmpty())
             return fault;

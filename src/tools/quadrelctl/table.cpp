@@ -59,7 +59,8 @@ QString line(const QStringList& cells, const QVector<int>& widths)
 int displayWidth(const QString& text)
 {
     int width = 0;
-    for (const uint character : text.toUcs4()) {
+    const QVector<uint> characters = text.toUcs4();
+    for (const uint character : characters) {
         if (!takesNoColumn(character))
             width += isWide(character) ? 2 : 1;
     }

@@ -89,9 +89,8 @@ void warnOfLosses(const Plan& plan, const Contents& unit, bool dropTimeTriggers)
         replaced.triggers = unit.triggers;
     if (dropTimeTriggers)
         replaced.timeTriggers = unit.timeTriggers;
-    for (const QString& loss : lossesOfWriting(replaced))
-        Console::warn(loss);
-    for (const QString& loss : lossesOnUnit(plan.contents))
+    const QStringList losses = lossesOfWriting(replaced) + lossesOnUnit(plan.contents);
+    for (const QString& loss : losses)
         Console::warn(loss);
 }
 
