@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     require(EventIdList::fromText(text).size() == text.count(QLatin1Char(';')) + 1,
         "each item has one byte");
-    EventIdList::idInItem(QStringRef(&text));
+    EventIdList::idInItem(text);
     PackageTimeTrigger::weeklyTextToBits(text);
 
     ModelManagement models;

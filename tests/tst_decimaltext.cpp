@@ -8,6 +8,7 @@ class TestDecimalText : public QObject {
 private slots:
     void readsWhatTheFrameworkReads_data();
     void readsWhatTheFrameworkReads();
+    void readsAnyPartAsTheFrameworkDoes();
 };
 
 void TestDecimalText::readsWhatTheFrameworkReads_data()
@@ -43,8 +44,18 @@ void TestDecimalText::readsWhatTheFrameworkReads()
 {
     QFETCH(QString, text);
     QFETCH(int, number);
-    QCOMPARE(decimalNumber(QStringRef(&text)), number);
+    QCOMPARE(decimalNumber(text), number);
     QCOMPARE(text.toInt(), number);
+}
+
+void TestDecimalText::readsAnyPartAsTheFrameworkDoes()
+{
+    for (const QString& text : {QString(), QStringLiteral("7"), QStringLiteral("1234x")}) {
+        for (int start = 0; start < 8; ++start) {
+            for (int length = -3; length < 8; ++length)
+                QCOMPARE(decimalNumber(text, start, length), text.mid(start, length).toInt());
+        }
+    }
 }
 
 QTEST_APPLESS_MAIN(TestDecimalText)

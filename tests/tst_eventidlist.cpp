@@ -66,10 +66,10 @@ void TestEventIdList::findsTheIdOfAnItem()
 {
     QFETCH(QString, item);
     QFETCH(int, id);
-    QCOMPARE(EventIdList::idInItem(QStringRef(&item)), id);
+    QCOMPARE(EventIdList::idInItem(item), id);
     // An item inside a longer text is no other item.
     const QString longer = QStringLiteral("(ID:1);") + item + QStringLiteral(";(ID:2)");
-    QCOMPARE(EventIdList::idInItem(longer.midRef(7, item.size())), id);
+    QCOMPARE(EventIdList::idInItem(QStringView(longer).mid(7, item.size())), id);
 
     // The plain text arithmetic that callers know.
     const int start = item.indexOf(QStringLiteral("ID:"));

@@ -57,5 +57,7 @@ QString DescriptionText::read(const ReplyFrame& frame, int offset, int byteCount
         *unit = QChar(frame.payloadByte(offset));
 
     // The codec's own way to UTF-8 is not QString's: it drops an open surrogate at the end.
-    return survivesUtf8(text) ? text : QString::fromUtf8(utf8Codec().fromUnicode(text).constData());
+    if (survivesUtf8(text))
+        return text;
+    return QString::fromUtf8(utf8Codec().fromUnicode(text).constData());
 }

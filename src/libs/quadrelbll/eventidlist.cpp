@@ -2,6 +2,7 @@
 
 #include "decimaltext.h"
 #include "replyframe.h"
+#include "textitems.h"
 #include "textwriter.h"
 
 #include <algorithm>
@@ -9,33 +10,40 @@
 
 namespace {
 
-/** Of the first "ID:" or -1. The framework's search takes longer to set up than an item is long. */
-int indexOfWord(const QStringRef& item)
+// The framework's searches take longer to set up than an item is long.
+
+int indexOfWord(QStringView item)
 {
     constexpr char16_t word[] = {u'I', u'D', u':'};
     const QChar* found = std::search(item.begin(), item.end(), std::begin(word), std::end(word));
     return found == item.end() ? -1 : static_cast<int>(found - item.begin());
 }
 
+int indexOfClosing(QStringView item, int from)
+{
+    const QChar* found = std::find(item.begin() + from, item.end(), QLatin1Char(')'));
+    return found == item.end() ? -1 : static_cast<int>(found - item.begin());
+}
+
 } // namespace
 
-int EventIdList::idInItem(const QStringRef& item)
+int EventIdList::idInItem(QStringView item)
 {
     const int start = indexOfWord(item);
-    const int end = item.indexOf(QLatin1Char(')'), start);
-    return decimalNumber(item.mid(start + 3, end - start - 3));
+    // As the framework's search does from an index of -1.
+    const int lastCharacter = qMax(0, static_cast<int>(item.size()) - 1);
+    const int end = indexOfClosing(item, start < 0 ? lastCharacter : start);
+    return decimalNumber(item, start + 3, end - start - 3);
 }
 
 QByteArray EventIdList::fromText(const QString& text)
 {
     const QLatin1Char separator(';');
-    QByteArray ids(text.count(separator) + 1, Qt::Uninitialized);
-    int start = 0;
-    for (char& id : ids) {
-        const int end = text.indexOf(separator, start);
-        id = static_cast<char>(idInItem(text.midRef(start, end < 0 ? -1 : end - start)));
-        start = end + 1;
-    }
+    const auto separators = std::count(text.begin(), text.end(), separator);
+    QByteArray ids(static_cast<int>(separators) + 1, Qt::Uninitialized);
+    TextItems items(text, separator);
+    for (char& id : ids)
+        id = static_cast<char>(idInItem(items.next()));
     return ids;
 }
 

@@ -2,7 +2,7 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
-#include <QtCore/QStringRef>
+#include <QtCore/QStringView>
 
 class ReplyFrame;
 
@@ -26,7 +26,7 @@ struct Words {
  * gives the whole rest; without "ID:" the text from index 2 is taken, up to a ")" that is the last
  * character or else to the end.
  */
-int idInItem(const QStringRef& item);
+int idInItem(QStringView item);
 
 /** The low 8 bits of the id of each item. An empty text is one item, of id 0. */
 QByteArray fromText(const QString& text);

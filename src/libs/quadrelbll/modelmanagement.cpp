@@ -107,7 +107,7 @@ void ModelManagement::setTriggerType(bool type)
 
 QString ModelManagement::getEventNamefromId(QString text)
 {
-    const int id = EventIdList::idInItem(QStringRef(&text));
+    const int id = EventIdList::idInItem(text);
     const QList<EventInfo> events = m_eventModel->getEventInfo();
     for (const EventInfo& event : events) {
         if (event.id == id)

@@ -6,6 +6,8 @@
 #include "recordblock.h"
 #include "replyframe.h"
 
+#include <utility>
+
 namespace {
 
 constexpr int idOffset = 0;
@@ -143,12 +145,12 @@ QString protocolOf(EventInfo::EventType type, const Command& command)
 }
 
 /** Takes "instruction$$name" apart; what a second "$$" parts off is dropped. */
-void setDescription(EventInfo& event, const QString& description)
+void setDescription(EventInfo& event, QString description)
 {
     const QString separator = QStringLiteral("$$");
     const int instructionEnd = description.indexOf(separator);
     if (instructionEnd < 0) {
-        event.setEventInstruction(description);
+        event.setEventInstruction(std::move(description));
         return;
     }
     const int nameStart = instructionEnd + separator.size();

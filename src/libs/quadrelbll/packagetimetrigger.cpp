@@ -6,6 +6,7 @@
 #include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
+#include "textitems.h"
 #include "textwriter.h"
 #include "triggertail.h"
 #include "triggertimemodel.h"
@@ -71,37 +72,23 @@ TriggerTimeInfo::RepetMode modeOf(quint8 byte)
     }
 }
 
-/** An item of a text that is split at each separator; empty if it has too few. */
-QStringRef itemOf(const QString& text, QLatin1Char separator, int index)
-{
-    int start = 0;
-    for (int skipped = 0; skipped < index; ++skipped) {
-        const int end = text.indexOf(separator, start);
-        if (end < 0)
-            return {};
-        start = end + 1;
-    }
-    const int end = text.indexOf(separator, start);
-    return text.midRef(start, end < 0 ? -1 : end - start);
-}
-
-quint8 bcdOf(const QStringRef& number)
+quint8 bcdOf(QStringView number)
 {
     return Bcd::fromNumber(decimalNumber(number));
 }
 
 void storeDate(RecordBlock& block, int offset, const QString& date)
 {
-    const QLatin1Char separator('/');
-    const QStringRef yearWithoutCentury = itemOf(date, separator, 0).mid(2, 2);
-    block.storeBytes(offset,
-        {bcdOf(yearWithoutCentury), bcdOf(itemOf(date, separator, 1)),
-            bcdOf(itemOf(date, separator, 2))});
+    TextItems items(date, QLatin1Char('/'));
+    const quint8 year = Bcd::fromNumber(decimalNumber(items.next(), 2, 2));
+    const quint8 month = bcdOf(items.next());
+    const quint8 day = bcdOf(items.next());
+    block.storeBytes(offset, {year, month, day});
 }
 
 void storeEndDate(RecordBlock& block, const QString& date)
 {
-    if (itemOf(date, QLatin1Char('/'), 0) == noEndText())
+    if (TextItems(date, QLatin1Char('/')).next() == noEndText())
         block.storeBytes(endDateOffset, {noEndByte, noEndByte, noEndByte});
     else
         storeDate(block, endDateOffset, date);
@@ -110,9 +97,9 @@ void storeEndDate(RecordBlock& block, const QString& date)
 /** The one time of day of a trigger stands in both stamps. */
 void storeTime(RecordBlock& block, const QString& time)
 {
-    const QLatin1Char separator(':');
-    const quint8 hour = bcdOf(itemOf(time, separator, 0));
-    const quint8 minute = bcdOf(itemOf(time, separator, 1));
+    TextItems items(time, QLatin1Char(':'));
+    const quint8 hour = bcdOf(items.next());
+    const quint8 minute = bcdOf(items.next());
     block.storeBytes(startTimeOffset, {hour, minute});
     block.storeBytes(endTimeOffset, {hour, minute});
 }

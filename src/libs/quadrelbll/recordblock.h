@@ -2,6 +2,7 @@
 
 #include <QtCore/QByteArray>
 
+#include <algorithm>
 #include <initializer_list>
 
 /**
@@ -15,18 +16,40 @@ public:
     /** Bytes that one record has on the unit. */
     static constexpr int slotSize = 512;
 
-    RecordBlock();
+    RecordBlock()
+        : m_bytes(slotSize, '\0')
+    {
+    }
 
-    void storeByte(int offset, int value);
+    void storeByte(int offset, int value) { *room(offset, 1) = static_cast<uchar>(value); }
+
     /** Stores 16 bits, low byte first. */
-    void storeWord(int offset, int value);
-    void storeBytes(int offset, std::initializer_list<quint8> bytes);
-    void storeBytes(int offset, const QByteArray& bytes);
+    void storeWord(int offset, int value)
+    {
+        storeBytes(offset, {static_cast<quint8>(value), static_cast<quint8>(value >> 8)});
+    }
+
+    void storeBytes(int offset, std::initializer_list<quint8> bytes)
+    {
+        std::copy(bytes.begin(), bytes.end(), room(offset, static_cast<int>(bytes.size())));
+    }
+
+    void storeBytes(int offset, const QByteArray& bytes)
+    {
+        std::copy(bytes.begin(), bytes.end(), room(offset, bytes.size()));
+    }
 
     /** Where `count` bytes are to be written from `offset` on; valid until the next call. */
-    uchar* room(int offset, int count);
+    uchar* room(int offset, int count)
+    {
+        // A plain resize would leave the new bytes as they come.
+        const int missing = offset + count - m_bytes.size();
+        if (missing > 0)
+            m_bytes.append(missing, '\0');
+        return reinterpret_cast<uchar*>(m_bytes.data()) + offset;
+    }
 
-    QByteArray bytes() const;
+    QByteArray bytes() const { return m_bytes; }
 
 private:
     QByteArray m_bytes;

@@ -3,6 +3,7 @@
 #include <QtCore/QString>
 
 #include <algorithm>
+#include <utility>
 
 /**
  * Puts a text of known greatest size together from its pieces.
@@ -43,7 +44,7 @@ public:
     QString text()
     {
         m_text.resize(static_cast<int>(m_end - m_text.constData()));
-        return m_text;
+        return std::move(m_text);
     }
 
 private:
