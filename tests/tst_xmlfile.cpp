@@ -370,6 +370,7 @@ private slots:
     void eventLimitCountsReadRecordsOnly();
     void eventWordsAreTranslated();
     void eventWordsOfAnotherLanguage();
+    void eventWordsThatCoincide();
 
     // Triggers
     void triggerChildrenInOrder_data();
@@ -380,6 +381,8 @@ private slots:
     void ioLabels();
     void labelsAreTranslated_data();
     void labelsAreTranslated();
+    void labelsThatCoincide();
+    void triggerProtocolTypeIsTranslated();
     void unknownSelectorIsEmpty_data();
     void unknownSelectorIsEmpty();
     void triggerReadByItsWords_data();
@@ -402,6 +405,7 @@ private slots:
 
     // Configuration
     void configSurvives();
+    void configNumbersStandAsTheyAre();
     void portIsRead_data();
     void portIsRead();
     void lineIsRead_data();
@@ -1096,6 +1100,8 @@ void TestXmlFile::parserMessageIsTheReason_data()
     QTest::newRow("two roots") << QByteArray("<a/><b/>");
     QTest::newRow("mistake behind the section")
         << project(section(Kind::Events, eventRecord("1")) + "<a>");
+    QTest::newRow("mistake behind the version")
+        << QByteArray("<Update><ModuleID>m</ModuleID><Version>v</Version></update>");
     QTest::newRow("recursive entities")
         << QByteArray("<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>");
 }
@@ -1420,7 +1426,8 @@ void TestXmlFile::eventRecordNeedsFiveChildren_data()
 {
     QTest::addColumn<QByteArray>("odd");
 
-    const QByteArray good = eventRecord("9");
+    // The id of a skipped record is not one that was seen.
+    const QByteArray good = eventRecord("1");
     QTest::newRow("four") << QByteArray(good).replace("<Instruction>i</Instruction>", "");
     QTest::newRow("six") << QByteArray(good).replace("</EventInfo>", "<More/></EventInfo>");
     QTest::newRow("a comment more")
@@ -1438,7 +1445,7 @@ void TestXmlFile::eventRecordNeedsFiveChildren()
     QFETCH(const QByteArray, odd);
 
     QList<EventInfo> events =
-        eventsIn(project(section(Kind::Events, eventRecord("1") + odd + eventRecord("2"))));
+        eventsIn(project(section(Kind::Events, odd + eventRecord("1") + odd + eventRecord("2"))));
     QCOMPARE(events.size(), 2);
     QCOMPARE(events[0].getEventId(), 1);
     QCOMPARE(events[1].getEventId(), 2);
@@ -1583,6 +1590,23 @@ void TestXmlFile::eventWordsOfAnotherLanguage()
     QVERIFY(loaded[1].getEventProtocolType());
 }
 
+// The first word that fits counts.
+void TestXmlFile::eventWordsThatCoincide()
+{
+    EventInfo delay = eventWith(1);
+    delay.setEventType(EventInfo::EVENT_DELAY);
+    delay.setEventProtocolType(false);
+
+    const Translator translator({{QStringLiteral("Deal"), QStringLiteral("任务")},
+        {QStringLiteral("Delay"), QStringLiteral("任务")},
+        {QStringLiteral("Hex"), QStringLiteral("文本")},
+        {QStringLiteral("ASCII"), QStringLiteral("文本")}});
+    QList<EventInfo> loaded = eventsIn(bytesOfEvents({delay}));
+    QCOMPARE(loaded.size(), 1);
+    QCOMPARE(loaded[0].getEventType(), EventInfo::EVENT_TYPE_0);
+    QVERIFY(loaded[0].getEventProtocolType());
+}
+
 // Triggers
 
 void TestXmlFile::triggerChildrenInOrder_data()
@@ -1725,6 +1749,45 @@ void TestXmlFile::labelsAreTranslated()
     QCOMPARE(foreign.getTriggerType(), TriggerInfo::COM);
     QCOMPARE(int(foreign.getCOMSelect()), 0);
     QCOMPARE(int(foreign.getIOSelect()), 0);
+}
+
+// The first kind and the first label that fit count.
+void TestXmlFile::labelsThatCoincide()
+{
+    const QString same = QStringLiteral("线路");
+    const QByteArray text = same.toUtf8();
+    const QByteArray serial = triggerRecord("COM", "COM", text);
+    const QByteArray input = triggerRecord("IO", "IO", text);
+    {
+        const Translator translator(
+            {{QStringLiteral("COM A-2"), same}, {QStringLiteral("COM D-4"), same},
+                {QStringLiteral("IO B-1"), same}, {QStringLiteral("IO B-2"), same}});
+        QList<TriggerInfo> loaded = triggersIn(project(section(Kind::Triggers, serial + input)));
+        QCOMPARE(loaded.size(), 2);
+        QCOMPARE(loaded[0].getCOMSelect(), COM_A_2);
+        QCOMPARE(loaded[1].getIOSelect(), IO_B_1);
+    }
+    const Translator translator({{QStringLiteral("COM"), same}, {QStringLiteral("IO"), same}});
+    TriggerInfo loaded =
+        triggersIn(project(section(Kind::Triggers, triggerRecord(text, "IO", "IO C-2")))).value(0);
+    QCOMPARE(loaded.getTriggerType(), TriggerInfo::COM);
+    QCOMPARE(loaded.getIOSelect(), IO_A_1);
+}
+
+void TestXmlFile::triggerProtocolTypeIsTranslated()
+{
+    TriggerInfo hex = triggerWith(QStringLiteral("事件(ID:1)"));
+    TriggerInfo ascii = hex;
+    ascii.setTriggerProtocolType(false);
+    const QByteArray inSource = bytesOfTriggers({hex, ascii});
+
+    const Translator translator({{QStringLiteral("Hex"), QStringLiteral("十六进制")},
+        {QStringLiteral("ASCII"), QStringLiteral("字符")}});
+    const QByteArray bytes = bytesOfTriggers({hex, ascii});
+    QVERIFY2(bytes.contains("<ProtocolType>十六进制</ProtocolType>"), bytes);
+    QVERIFY2(bytes.contains("<ProtocolType>字符</ProtocolType>"), bytes);
+    QVERIFY(triggersIn(bytes) == QList<TriggerInfo>({hex, ascii}));
+    QVERIFY(triggersIn(inSource) == QList<TriggerInfo>({hex, hex}));
 }
 
 void TestXmlFile::unknownSelectorIsEmpty_data()
@@ -2059,6 +2122,27 @@ void TestXmlFile::configSurvives()
     QVERIFY(loaded == model);
 }
 
+// The writer tests no setting; the reader makes of it what it makes of any number.
+void TestXmlFile::configNumbersStandAsTheyAre()
+{
+    ComInfo port = portWith(2147483647);
+    port.setDataBits(0);
+    port.setStopBits(-2147483647 - 1);
+    port.setInspectionType(static_cast<inspectionType>(7));
+    const QString path = pathOf(QStringLiteral("config.xml"));
+    QVERIFY(XmlFile::writeConfigXmlFile(path, configOf({port}, {static_cast<IOType>(9)}), false));
+
+    const QByteArray bytes = bytesOf(path);
+    QVERIFY2(bytes.contains("<BaudRate>2147483647</BaudRate>"), bytes);
+    QVERIFY2(bytes.contains("<DataBits>0</DataBits>"), bytes);
+    QVERIFY2(bytes.contains("<StopBits>-2147483648</StopBits>"), bytes);
+    QVERIFY2(bytes.contains("<InspectionType>7</InspectionType>"), bytes);
+    QVERIFY2(bytes.contains("<Model>9</Model>"), bytes);
+
+    port.setInspectionType(INSPECTION_NONE);
+    QVERIFY(configIn(bytes) == configOf({port}, {IO_TYPE_2}));
+}
+
 void TestXmlFile::portIsRead_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -2255,8 +2339,8 @@ void TestXmlFile::descriptorIsRead_data()
                           << "0x12"
                           << "1.2.3";
     QTest::newRow("another root") << QByteArray(
-        "<x:a b='c'><Version> 2 </Version><ModuleID>m</ModuleID></x:a>")
-                                  << "m"
+        "<x:a b='c'><Version> 2 </Version><ModuleID> m </ModuleID></x:a>")
+                                  << " m "
                                   << " 2 ";
     QTest::newRow("neither") << QByteArray("<Update><Other/></Update>") << before << before;
     QTest::newRow("only a comment")

@@ -192,6 +192,7 @@ private Q_SLOTS:
     void plainSearchSendsOneSweep();
     void sweepByHandSendsAgain();
     void slotSearchSendsEveryTwoSeconds();
+    void slotSearchKeepsRunningBroadcasts();
     void shortSlotSearchSendsNothing();
     void sweepTakesOneDatagramFromEachSocket();
     void replyWithinTheSweepIsReported();
@@ -225,6 +226,7 @@ private Q_SLOTS:
     void shotOfPlainSearchStopsBroadcasts();
     void plainSearchDuringSlotSearch();
     void searchFromHandlerOfResult();
+    void broadcastsStopBeforeTheResult();
     void deletedSocketsHearNothing();
     void destructorLeavesSockets();
     void singleton();
@@ -545,6 +547,20 @@ void tst_discovery::slotSearchSendsEveryTwoSeconds()
     search.stopSearchDevice();
     QVERIFY(!search.repeatTimer()->isActive());
     QCOMPARE(search.results.size(), 1);
+}
+
+void tst_discovery::slotSearchKeepsRunningBroadcasts()
+{
+    joinHost();
+    Search search;
+    search.slot_searchDevice(QStringLiteral("first"));
+    QTRY_VERIFY(search.repeatTimer()->remainingTime() < 1900);
+    const int remaining = search.repeatTimer()->remainingTime();
+    search.slot_searchDevice(QStringLiteral("second"));
+    QVERIFY(search.repeatTimer()->isActive());
+    QVERIFY(search.repeatTimer()->remainingTime() <= remaining);
+    search.stopSearchDevice();
+    QCOMPARE(search.results.first().connectDevcie, QStringLiteral("second"));
 }
 
 void tst_discovery::shortSlotSearchSendsNothing()
@@ -1126,6 +1142,25 @@ void tst_discovery::searchFromHandlerOfResult()
     QCOMPARE(openSockets(), 1);
     unit.send("Zorbe:3100", hostAddress);
     QTRY_COMPARE(search.found().size(), 1);
+}
+
+// A handler may search again: what it starts must not be stopped behind its back.
+void tst_discovery::broadcastsStopBeforeTheResult()
+{
+    joinHost();
+    Search search;
+    QVector<bool> broadcasting;
+    connect(&search, &SearchDevice::signal_updateDeviceList, &search, [&] {
+        broadcasting += search.repeatTimer()->isActive();
+        if (broadcasting.size() == 1)
+            search.slot_searchDevice(QStringLiteral("again"));
+    });
+    search.slot_searchDevice(QStringLiteral("unit"));
+    search.stopSearchDevice();
+    QVERIFY(search.repeatTimer()->isActive());
+    search.stopSearchDevice();
+    QVERIFY(!search.repeatTimer()->isActive());
+    QCOMPARE(broadcasting, QVector<bool>({false, false}));
 }
 
 void tst_discovery::deletedSocketsHearNothing()
