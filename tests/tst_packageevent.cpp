@@ -1,5 +1,6 @@
 #include "packageevent.h"
 
+#include "countchecks.h"
 #include "eventmodel.h"
 #include "framefaults.h"
 #include "randomreplies.h"
@@ -135,24 +136,12 @@ void TestPackageEvent::testsTheFrame()
 
 void TestPackageEvent::readsTheCount_data()
 {
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("none") << hex("00") << 0;
-    QTest::newRow("some") << hex("80") << 128;
-    QTest::newRow("most") << hex("ff") << 255;
-    QTest::newRow("missing") << QByteArray() << 0;
+    CountChecks::addRows();
 }
 
 void TestPackageEvent::readsTheCount()
 {
-    QFETCH(QByteArray, payload);
-    QFETCH(int, expected);
-    int count = -1;
-    QString error = QStringLiteral("before");
-    QVERIFY(PackageEvent::parseEventCount(
-        countDataType, replyFrame(countDataType, payload, 1), 1, count, error));
-    QCOMPARE(count, expected);
-    QCOMPARE(error, QStringLiteral("before"));
+    CountChecks::checkRow(countDataType, &PackageEvent::parseEventCount);
 }
 
 void TestPackageEvent::writesDelays_data()
@@ -624,14 +613,11 @@ void TestPackageEvent::eventsSurvive()
         hex("4c0100241702"), hex("4c010024a702"), hex("4c0100241802"), hex("4c010020a602"),
         hex("4c0100a50200")};
     const int types[] = {0, 1, 2, 3, 4, 3, 6};
-    const QString letters = QStringLiteral("aZ0 打开灯光;:()é€");
     QRandomGenerator random(11);
     for (int run = 0; run < 2000; ++run) {
         const int kind = random.bounded(7);
         const QByteArray command = heads[kind] + randomBytes(random, 1 + random.bounded(300));
-        QString instruction;
-        for (int i = random.bounded(64); i > 0; --i)
-            instruction += letters.at(random.bounded(letters.size()));
+        const QString instruction = randomDescription(random, 63);
 
         EventInfo written = eventOf(
             random.bounded(256), types[kind], QString::fromLatin1(command.toHex(' ')), instruction);
