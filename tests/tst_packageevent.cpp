@@ -59,11 +59,6 @@ EventInfo parsed(const QByteArray& bytes)
     return read && model.size() == 1 ? model.at(0) : eventOf(-999, 0, error);
 }
 
-QString numberedText(int number)
-{
-    return QString::number(number / 10.0, 'g', 6) + QStringLiteral("*10ms");
-}
-
 } // namespace
 
 class TestPackageEvent : public QObject {
@@ -75,7 +70,8 @@ private slots:
     void readsTheCount();
     void writesDelays_data();
     void writesDelays();
-    void readsEveryDelay();
+    void readsDelays_data();
+    void readsDelays();
     void writesCommands_data();
     void writesCommands();
     void everyOtherKindIsACommand();
@@ -188,19 +184,26 @@ void TestPackageEvent::writesDelays()
         slotOf(expected));
 }
 
-void TestPackageEvent::readsEveryDelay()
+void TestPackageEvent::readsDelays_data()
 {
-    for (int milliseconds = 0; milliseconds <= 0xFFFF; ++milliseconds) {
-        QByteArray command = hex("4c0100a5a5");
-        command += static_cast<char>(milliseconds >> 8);
-        command += static_cast<char>(milliseconds);
-        EventInfo read = parsed(block(3, command));
-        QCOMPARE(read.getEventType(), EventInfo::EVENT_DELAY);
-        QCOMPARE(read.getEventProtocal(), numberedText(milliseconds));
-    }
-    QCOMPARE(numberedText(250), QStringLiteral("25*10ms"));
-    QCOMPARE(numberedText(255), QStringLiteral("25.5*10ms"));
-    QCOMPARE(numberedText(0x1170), QStringLiteral("446.4*10ms"));
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("protocol");
+    QTest::newRow("none") << hex("0000") << "0*10ms";
+    QTest::newRow("a millisecond") << hex("0001") << "0.1*10ms";
+    QTest::newRow("one unit") << hex("000a") << "1*10ms";
+    QTest::newRow("whole units") << hex("00fa") << "25*10ms";
+    QTest::newRow("half a unit more") << hex("00ff") << "25.5*10ms";
+    QTest::newRow("wrapped when it was written") << hex("1170") << "446.4*10ms";
+    QTest::newRow("most") << hex("ffff") << "6553.5*10ms";
+}
+
+void TestPackageEvent::readsDelays()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, protocol);
+    EventInfo read = parsed(block(3, hex("4c0100a5a5") + bytes));
+    QCOMPARE(read.getEventType(), EventInfo::EVENT_DELAY);
+    QCOMPARE(read.getEventProtocal(), protocol);
 }
 
 void TestPackageEvent::writesCommands_data()

@@ -1,4 +1,5 @@
 #include "controlunit.h"
+#include "unitbytes.h"
 #include "unitframe.h"
 #include "unitframereader.h"
 #include "unitsettings.h"
@@ -7,7 +8,6 @@
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
-#include <QtCore/QtEndian>
 #include <QtNetwork/QNetworkDatagram>
 #include <QtNetwork/QTcpSocket>
 #include <QtNetwork/QUdpSocket>
@@ -137,25 +137,20 @@ QStringList words(const char* text)
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-QByteArray word(int value)
-{
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(static_cast<quint32>(value), bytes.data());
-    return bytes;
-}
-
 bool upgrade(Client& client, const QByteArray& streamed, const QByteArray& addressed)
 {
     constexpr int chunk = 2048;
-    bool isGood = client.write(0x01F00000, word(streamed.size() + addressed.size()))
-        && client.write(0x01F00004, word(0)) && client.write(0x01F0000C, word(addressed.size()))
+    bool isGood = client.write(0x01F00000, littleEndian(streamed.size() + addressed.size()))
+        && client.write(0x01F00004, littleEndian(0))
+        && client.write(0x01F0000C, littleEndian(addressed.size()))
         && client.write(0x01F00008, QByteArray::fromHex("02000100"));
     for (int i = 0; isGood && i < addressed.size(); i += chunk)
         isGood = client.write(0x06000000 + static_cast<quint32>(i), addressed.mid(i, chunk));
     isGood = isGood && client.write(0x18200002, QByteArray::fromHex("0972"))
         && client.write(0x18200000, QByteArray::fromHex("0000"))
-        && client.write(0x01F00000, word(streamed.size())) && client.write(0x01F00004, word(0))
-        && client.write(0x01F0000C, word(streamed.size()))
+        && client.write(0x01F00000, littleEndian(streamed.size()))
+        && client.write(0x01F00004, littleEndian(0))
+        && client.write(0x01F0000C, littleEndian(streamed.size()))
         && client.write(0x01F00008, QByteArray::fromHex("02000200"));
     for (int i = 0; isGood && i < streamed.size(); i += chunk)
         isGood = client.write(0x18000000, streamed.mid(i, chunk));
