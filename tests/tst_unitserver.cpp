@@ -1,4 +1,5 @@
 #include "unitserver.h"
+#include "upgradewrites.h"
 
 #include <QtNetwork/QNetworkDatagram>
 #include <QtNetwork/QTcpSocket>
@@ -472,28 +473,13 @@ void TestUnitServer::restartsAfterAnUpgrade()
 {
     QSignalSpy upgraded(m_server.get(), &UnitServer::upgraded);
     QSignalSpy back(m_server.get(), &UnitServer::cameBack);
-    const auto word = [](const char* hex) { return QByteArray::fromHex(hex); };
     const QByteArray streamed(3000, 's');
-    const std::vector<std::pair<quint32, QByteArray>> writes = {
-        {0x01F00000, word("c00b0000")},
-        {0x01F00004, word("00000000")},
-        {0x01F0000C, word("08000000")},
-        {0x01F00008, word("02000100")},
-        {0x06000000, QByteArray("addrdata")},
-        {0x18200002, word("0972")},
-        {0x18200000, word("0000")},
-        {0x01F00000, word("b80b0000")},
-        {0x01F00004, word("00000000")},
-        {0x01F0000C, word("b80b0000")},
-        {0x01F00008, word("02000200")},
-        {0x18000000, streamed.left(2048)},
-        {0x18000000, streamed.mid(2048)},
-    };
+    const QList<UpgradeWrite> writes = upgradeWrites(streamed, "addrdata");
     Client client(m_server->port());
     QByteArray replies;
-    for (const auto& [address, data] : writes) {
+    for (const UpgradeWrite& write : writes) {
         QVERIFY(upgraded.isEmpty());
-        const UnitFrame request = UnitFrame::writeRequest(3, address, data);
+        const UnitFrame request = UnitFrame::writeRequest(3, write.address, write.data);
         client.send(request);
         replies += UnitFrame::replyTo(request).encode();
         TRY_COMPARE(client.bytes(), replies);

@@ -1,5 +1,5 @@
+#include "../upgradewrites.h"
 #include "controlunit.h"
-#include "unitbytes.h"
 #include "unitframe.h"
 #include "unitframereader.h"
 #include "unitsettings.h"
@@ -13,6 +13,7 @@
 #include <QtNetwork/QUdpSocket>
 #include <QtTest/QtTest>
 
+#include <algorithm>
 #include <csignal>
 
 using namespace QuadrelUnit;
@@ -139,22 +140,9 @@ QStringList words(const char* text)
 
 bool upgrade(Client& client, const QByteArray& streamed, const QByteArray& addressed)
 {
-    constexpr int chunk = 2048;
-    bool isGood = client.write(0x01F00000, littleEndian(streamed.size() + addressed.size()))
-        && client.write(0x01F00004, littleEndian(0))
-        && client.write(0x01F0000C, littleEndian(addressed.size()))
-        && client.write(0x01F00008, QByteArray::fromHex("02000100"));
-    for (int i = 0; isGood && i < addressed.size(); i += chunk)
-        isGood = client.write(0x06000000 + static_cast<quint32>(i), addressed.mid(i, chunk));
-    isGood = isGood && client.write(0x18200002, QByteArray::fromHex("0972"))
-        && client.write(0x18200000, QByteArray::fromHex("0000"))
-        && client.write(0x01F00000, littleEndian(streamed.size()))
-        && client.write(0x01F00004, littleEndian(0))
-        && client.write(0x01F0000C, littleEndian(streamed.size()))
-        && client.write(0x01F00008, QByteArray::fromHex("02000200"));
-    for (int i = 0; isGood && i < streamed.size(); i += chunk)
-        isGood = client.write(0x18000000, streamed.mid(i, chunk));
-    return isGood;
+    const QList<UpgradeWrite> writes = upgradeWrites(streamed, addressed);
+    return std::all_of(writes.begin(), writes.end(),
+        [&client](const UpgradeWrite& write) { return client.write(write.address, write.data); });
 }
 
 QString imageLine(const char* name, const QByteArray& image)
