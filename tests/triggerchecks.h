@@ -35,6 +35,20 @@ inline QByteArray blockOf(
     return slotOf(block);
 }
 
+/** The record of a block that must be accepted; else one that equals no record of a test. */
+template <typename Model, typename Parse> auto parsed(const QByteArray& block, Parse parse)
+{
+    Model model;
+    QString error;
+    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
+    if (read && model.size() == 1)
+        return model.at(0);
+    decltype(model.at(0)) none;
+    none.setTriggerId(-999);
+    none.setTriggerInstruction(error);
+    return none;
+}
+
 /** The message that a block is refused with; empty if it is not. */
 template <typename Model, typename Parse> QString faultOf(const QByteArray& block, Parse parse)
 {

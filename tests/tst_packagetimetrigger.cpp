@@ -62,18 +62,9 @@ bool parse(const QByteArray& frame, TriggerTimeModel& model, QString& error)
         triggerDataType, frame, slotSize, model, error);
 }
 
-/** Reads a block that must be accepted. */
 TriggerTimeInfo parsed(const QByteArray& block)
 {
-    TriggerTimeModel model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    if (read && model.size() == 1)
-        return model.at(0);
-    TriggerTimeInfo none;
-    none.setTriggerId(-999);
-    none.setTriggerInstruction(error);
-    return none;
+    return TriggerChecks::parsed<TriggerTimeModel>(block, parse);
 }
 
 QString faultOf(const QByteArray& block)

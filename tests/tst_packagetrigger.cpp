@@ -46,13 +46,9 @@ bool parse(const QByteArray& frame, TriggerModel& model, QString& error)
     return PackageTrigger::parseTriggerPackage(triggerDataType, frame, slotSize, model, error);
 }
 
-/** Reads a block that must be accepted. */
 TriggerInfo parsed(const QByteArray& block)
 {
-    TriggerModel model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    return read && model.size() == 1 ? model.at(0) : trigger(TriggerInfo::IO, error, error);
+    return TriggerChecks::parsed<TriggerModel>(block, parse);
 }
 
 QString faultOf(const QByteArray& block)
