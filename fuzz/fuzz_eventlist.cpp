@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return PackageEvent::parseEventListPackage(
             address, frame, static_cast<uint>(length), model, error);
     };
-    if (checkedParse(reply, parse, [] { return true; }))
+    if (checkedParse(reply, parse, [&] { return model.size() == 0; }))
         PackageEvent::createEventListPackage(model);
     return 0;
 }

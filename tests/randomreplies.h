@@ -3,6 +3,7 @@
 #include "replyframes.h"
 
 #include <QtCore/QRandomGenerator>
+#include <QtCore/QString>
 
 /** Random bytes that are the same in each run. */
 inline QByteArray randomBytes(QRandomGenerator& random, int size)
@@ -11,6 +12,16 @@ inline QByteArray randomBytes(QRandomGenerator& random, int size)
     for (char& byte : bytes)
         byte = static_cast<char>(random.bounded(256));
     return bytes;
+}
+
+/** A description of up to so many characters, of one code unit each, that survives a unit. */
+inline QString randomDescription(QRandomGenerator& random, int longest)
+{
+    const QString letters = QStringLiteral("aZ0 打开灯光;:()é€");
+    QString text;
+    for (int i = random.bounded(longest + 1); i > 0; --i)
+        text += letters.at(random.bounded(letters.size()));
+    return text;
 }
 
 /**

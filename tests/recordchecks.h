@@ -121,11 +121,24 @@ template <typename Record> void checkObjectStateStays(const Record& sample)
     QVERIFY(target == sample);
 }
 
-/** An enumeration that the framework knows by its plain name and carries in four bytes. */
-inline void checkEnumeration(const char* name)
+/** A row for each enumeration that the construction of a record registers. */
+inline void addEnumerationRows(std::initializer_list<const char*> names)
 {
-    const int type = QMetaType::type(name);
-    QVERIFY2(type != QMetaType::UnknownType, name);
+    QTest::addColumn<QByteArray>("name");
+    for (const char* name : names)
+        QTest::newRow(name) << QByteArray(name);
+}
+
+/**
+ * Once there is a record, the framework knows the enumeration by its plain name and carries it in
+ * four bytes. Test this first, so that nothing but the record here can have registered it.
+ */
+template <typename Record> void checkEnumerationRow()
+{
+    QFETCH(QByteArray, name);
+    const Record record;
+    const int type = QMetaType::type(name.constData());
+    QVERIFY2(type != QMetaType::UnknownType, name.constData());
     QCOMPARE(QMetaType::sizeOf(type), 4);
     QVERIFY(QMetaType::typeFlags(type) & QMetaType::IsEnumeration);
 }
@@ -138,6 +151,24 @@ inline int ownEnumerators(const QMetaObject& record)
 inline int ownMethods(const QMetaObject& record)
 {
     return record.methodCount() - record.methodOffset();
+}
+
+/** The record's one enumeration has these keys, whose values count from 0. */
+inline void checkOnlyEnumerator(
+    const QMetaObject& record, const char* name, std::initializer_list<const char*> keys)
+{
+    QCOMPARE(ownEnumerators(record), 1);
+    const QMetaEnum enumerator = record.enumerator(record.enumeratorOffset());
+    QCOMPARE(enumerator.name(), name);
+    QCOMPARE(enumerator.scope(), record.className());
+    QVERIFY(!enumerator.isFlag());
+    QCOMPARE(enumerator.keyCount(), int(keys.size()));
+    int value = 0;
+    for (const char* key : keys) {
+        QCOMPARE(enumerator.key(value), key);
+        QCOMPARE(enumerator.value(value), value);
+        ++value;
+    }
 }
 
 } // namespace RecordChecks

@@ -8,7 +8,7 @@ class TestComInfo : public QObject {
 
 private slots:
     void constructionRegistersEnumerations_data();
-    void constructionRegistersEnumerations();
+    void constructionRegistersEnumerations() { RecordChecks::checkEnumerationRow<ComInfo>(); }
     void defaults();
     void properties_data();
     void properties() { RecordChecks::checkPropertyRow(ComInfo::staticMetaObject); }
@@ -23,19 +23,9 @@ private slots:
     void nothingIsValidated();
 };
 
-// Stands first, so that nothing but the construction below can have registered them.
 void TestComInfo::constructionRegistersEnumerations_data()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("inspectionType") << QByteArray("inspectionType");
-    QTest::newRow("IOType") << QByteArray("IOType");
-}
-
-void TestComInfo::constructionRegistersEnumerations()
-{
-    QFETCH(QByteArray, name);
-    const ComInfo record;
-    RecordChecks::checkEnumeration(name.constData());
+    RecordChecks::addEnumerationRows({"inspectionType", "IOType"});
 }
 
 void TestComInfo::properties_data()

@@ -195,8 +195,6 @@ private slots:
     void readsOverBothProtocols();
     void namesTheFault_data();
     void namesTheFault();
-    void namesTheFaultOverUdp_data();
-    void namesTheFaultOverUdp();
     void namesOddStreams_data();
     void namesOddStreams();
     void takesFramesInPieces();
@@ -243,62 +241,47 @@ void TestCtlTransport::readsOverBothProtocols()
 
 void TestCtlTransport::namesTheFault_data()
 {
+    QTest::addColumn<int>("protocol");
     QTest::addColumn<int>("kind");
     QTest::addColumn<QString>("error");
-    const auto row = [](const char* name, FaultKind kind, const QString& error) {
-        QTest::newRow(name) << static_cast<int>(kind) << error;
+    const auto row = [](const char* name, UnitAddress::Protocol protocol, FaultKind kind,
+                         const QString& error) {
+        QTest::newRow(name) << static_cast<int>(protocol) << static_cast<int>(kind) << error;
     };
-    row("drop", FaultKind::Drop, QStringLiteral("回读设备信息超时！"));
-    row("duplicate", FaultKind::Duplicate, noError);
-    row("corrupt", FaultKind::Corrupt,
-        QStringLiteral("UNIT sent a damaged reply: its checksum is wrong"));
-    row("wrong address", FaultKind::WrongAddress,
+    const auto tcp = UnitAddress::Tcp;
+    const auto udp = UnitAddress::Udp;
+    const QString timeout = QStringLiteral("回读设备信息超时！");
+    const QString damaged = QStringLiteral("UNIT sent a damaged reply: its checksum is wrong");
+    row("tcp, drop", tcp, FaultKind::Drop, timeout);
+    row("tcp, duplicate", tcp, FaultKind::Duplicate, noError);
+    row("tcp, corrupt", tcp, FaultKind::Corrupt, damaged);
+    row("tcp, wrong address", tcp, FaultKind::WrongAddress,
         QStringLiteral("请求数据类型与返回数据类型不一致！"));
-    row("wrong length", FaultKind::WrongLength,
+    row("tcp, wrong length", tcp, FaultKind::WrongLength,
         QStringLiteral("数据包长度与实际的数据包长度不一致！"));
-    row("wrong label", FaultKind::WrongLabel, QStringLiteral("回读设备信息超时！"));
-    row("cut", FaultKind::Cut,
+    row("tcp, wrong label", tcp, FaultKind::WrongLabel, timeout);
+    row("tcp, cut", tcp, FaultKind::Cut,
         QStringLiteral("UNIT closed the connection in the middle of a reply"));
-    row("close", FaultKind::Close, QStringLiteral("UNIT closed the connection without an answer"));
+    row("tcp, close", tcp, FaultKind::Close,
+        QStringLiteral("UNIT closed the connection without an answer"));
+    row("udp, drop", udp, FaultKind::Drop, timeout);
+    row("udp, duplicate", udp, FaultKind::Duplicate, noError);
+    row("udp, corrupt", udp, FaultKind::Corrupt, damaged);
+    row("udp, truncate", udp, FaultKind::Truncate,
+        QStringLiteral("UNIT sent something that is no reply of a unit"));
+    row("udp, wrong label", udp, FaultKind::WrongLabel, timeout);
 }
 
 void TestCtlTransport::namesTheFault()
 {
+    QFETCH(int, protocol);
     QFETCH(int, kind);
     QFETCH(QString, error);
     SampleUnit sample;
     sample.server.faults().addNth(static_cast<FaultKind>(kind), 1);
-    Operations operations(shortWait, sample.address());
-    const QString unit = sample.address().toText();
-    QCOMPARE(operations.run(ReadDataType), error.replace(QStringLiteral("UNIT"), unit));
-    QCOMPARE(operations.run(ReadDataType), noError);
-}
-
-void TestCtlTransport::namesTheFaultOverUdp_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("error");
-    const auto row = [](const char* name, FaultKind kind, const QString& error) {
-        QTest::newRow(name) << static_cast<int>(kind) << error;
-    };
-    row("drop", FaultKind::Drop, QStringLiteral("回读设备信息超时！"));
-    row("duplicate", FaultKind::Duplicate, noError);
-    row("corrupt", FaultKind::Corrupt,
-        QStringLiteral("UNIT sent a damaged reply: its checksum is wrong"));
-    row("truncate", FaultKind::Truncate,
-        QStringLiteral("UNIT sent something that is no reply of a unit"));
-    row("wrong label", FaultKind::WrongLabel, QStringLiteral("回读设备信息超时！"));
-}
-
-void TestCtlTransport::namesTheFaultOverUdp()
-{
-    QFETCH(int, kind);
-    QFETCH(QString, error);
-    SampleUnit sample;
-    sample.server.faults().addNth(static_cast<FaultKind>(kind), 1);
-    Operations operations(shortWait, sample.address(UnitAddress::Udp));
-    const QString unit = sample.address(UnitAddress::Udp).toText();
-    QCOMPARE(operations.run(ReadDataType), error.replace(QStringLiteral("UNIT"), unit));
+    const UnitAddress address = sample.address(static_cast<UnitAddress::Protocol>(protocol));
+    Operations operations(shortWait, address);
+    QCOMPARE(operations.run(ReadDataType), error.replace(QStringLiteral("UNIT"), address.toText()));
     QCOMPARE(operations.run(ReadDataType), noError);
 }
 

@@ -8,7 +8,7 @@ class TestEventInfo : public QObject {
 
 private slots:
     void constructionRegistersEnumerations_data();
-    void constructionRegistersEnumerations();
+    void constructionRegistersEnumerations() { RecordChecks::checkEnumerationRow<EventInfo>(); }
     void defaults();
     void properties_data();
     void properties() { RecordChecks::checkPropertyRow(EventInfo::staticMetaObject); }
@@ -23,18 +23,9 @@ private slots:
     void nothingIsValidated();
 };
 
-// Stands first, so that nothing but the construction below can have registered them.
 void TestEventInfo::constructionRegistersEnumerations_data()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("EventType") << QByteArray("EventType");
-}
-
-void TestEventInfo::constructionRegistersEnumerations()
-{
-    QFETCH(QByteArray, name);
-    const EventInfo record;
-    RecordChecks::checkEnumeration(name.constData());
+    RecordChecks::addEnumerationRows({"EventType"});
 }
 
 void TestEventInfo::properties_data()

@@ -1,5 +1,6 @@
 #include "packageevent.h"
 
+#include "countchecks.h"
 #include "eventmodel.h"
 #include "framefaults.h"
 #include "randomreplies.h"
@@ -58,11 +59,6 @@ EventInfo parsed(const QByteArray& bytes)
     return read && model.size() == 1 ? model.at(0) : eventOf(-999, 0, error);
 }
 
-QString numberedText(int number)
-{
-    return QString::number(number / 10.0, 'g', 6) + QStringLiteral("*10ms");
-}
-
 } // namespace
 
 class TestPackageEvent : public QObject {
@@ -74,7 +70,8 @@ private slots:
     void readsTheCount();
     void writesDelays_data();
     void writesDelays();
-    void readsEveryDelay();
+    void readsDelays_data();
+    void readsDelays();
     void writesCommands_data();
     void writesCommands();
     void everyOtherKindIsACommand();
@@ -135,24 +132,12 @@ void TestPackageEvent::testsTheFrame()
 
 void TestPackageEvent::readsTheCount_data()
 {
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("none") << hex("00") << 0;
-    QTest::newRow("some") << hex("80") << 128;
-    QTest::newRow("most") << hex("ff") << 255;
-    QTest::newRow("missing") << QByteArray() << 0;
+    CountChecks::addRows();
 }
 
 void TestPackageEvent::readsTheCount()
 {
-    QFETCH(QByteArray, payload);
-    QFETCH(int, expected);
-    int count = -1;
-    QString error = QStringLiteral("before");
-    QVERIFY(PackageEvent::parseEventCount(
-        countDataType, replyFrame(countDataType, payload, 1), 1, count, error));
-    QCOMPARE(count, expected);
-    QCOMPARE(error, QStringLiteral("before"));
+    CountChecks::checkRow(countDataType, &PackageEvent::parseEventCount);
 }
 
 void TestPackageEvent::writesDelays_data()
@@ -199,19 +184,26 @@ void TestPackageEvent::writesDelays()
         slotOf(expected));
 }
 
-void TestPackageEvent::readsEveryDelay()
+void TestPackageEvent::readsDelays_data()
 {
-    for (int milliseconds = 0; milliseconds <= 0xFFFF; ++milliseconds) {
-        QByteArray command = hex("4c0100a5a5");
-        command += static_cast<char>(milliseconds >> 8);
-        command += static_cast<char>(milliseconds);
-        EventInfo read = parsed(block(3, command));
-        QCOMPARE(read.getEventType(), EventInfo::EVENT_DELAY);
-        QCOMPARE(read.getEventProtocal(), numberedText(milliseconds));
-    }
-    QCOMPARE(numberedText(250), QStringLiteral("25*10ms"));
-    QCOMPARE(numberedText(255), QStringLiteral("25.5*10ms"));
-    QCOMPARE(numberedText(0x1170), QStringLiteral("446.4*10ms"));
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("protocol");
+    QTest::newRow("none") << hex("0000") << "0*10ms";
+    QTest::newRow("a millisecond") << hex("0001") << "0.1*10ms";
+    QTest::newRow("one unit") << hex("000a") << "1*10ms";
+    QTest::newRow("whole units") << hex("00fa") << "25*10ms";
+    QTest::newRow("half a unit more") << hex("00ff") << "25.5*10ms";
+    QTest::newRow("wrapped when it was written") << hex("1170") << "446.4*10ms";
+    QTest::newRow("most") << hex("ffff") << "6553.5*10ms";
+}
+
+void TestPackageEvent::readsDelays()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, protocol);
+    EventInfo read = parsed(block(3, hex("4c0100a5a5") + bytes));
+    QCOMPARE(read.getEventType(), EventInfo::EVENT_DELAY);
+    QCOMPARE(read.getEventProtocal(), protocol);
 }
 
 void TestPackageEvent::writesCommands_data()
@@ -624,14 +616,11 @@ void TestPackageEvent::eventsSurvive()
         hex("4c0100241702"), hex("4c010024a702"), hex("4c0100241802"), hex("4c010020a602"),
         hex("4c0100a50200")};
     const int types[] = {0, 1, 2, 3, 4, 3, 6};
-    const QString letters = QStringLiteral("aZ0 打开灯光;:()é€");
     QRandomGenerator random(11);
     for (int run = 0; run < 2000; ++run) {
         const int kind = random.bounded(7);
         const QByteArray command = heads[kind] + randomBytes(random, 1 + random.bounded(300));
-        QString instruction;
-        for (int i = random.bounded(64); i > 0; --i)
-            instruction += letters.at(random.bounded(letters.size()));
+        const QString instruction = randomDescription(random, 63);
 
         EventInfo written = eventOf(
             random.bounded(256), types[kind], QString::fromLatin1(command.toHex(' ')), instruction);

@@ -1,7 +1,8 @@
 #include "packagetimetrigger.h"
 
+#include "countchecks.h"
 #include "framefaults.h"
-#include "randomreplies.h"
+#include "triggerchecks.h"
 #include "triggertimemodel.h"
 
 #include <QtTest/QTest>
@@ -10,9 +11,9 @@ Q_DECLARE_METATYPE(TriggerTimeInfo)
 
 namespace {
 
-constexpr uint countDataType = 0xF0010000;
-constexpr uint triggerDataType = 0xF0010001;
-constexpr int slotSize = 512;
+using TriggerChecks::countDataType;
+using TriggerChecks::slotSize;
+using TriggerChecks::triggerDataType;
 
 const QString noEnd = QStringLiteral("永久有效");
 
@@ -51,15 +52,8 @@ QByteArray changed(QByteArray block, int offset, const QByteArray& bytes)
 /** A block whose body has the given length, and a tail of the given counts. */
 QByteArray blockWithTail(int bodyLength, int eventCount, int descriptionLength)
 {
-    QByteArray block;
-    block += static_cast<char>(bodyLength);
-    block += static_cast<char>(bodyLength >> 8);
-    block += slotOf(weeklyBlock().mid(2, 17), bodyLength).left(bodyLength);
-    block += static_cast<char>(eventCount);
-    block += QByteArray(eventCount, '\x07');
-    block += static_cast<char>(descriptionLength);
-    block += QByteArray(descriptionLength, '\x41');
-    return slotOf(block);
+    return TriggerChecks::blockOf(
+        weeklyBlock().mid(2, 17), bodyLength, eventCount, descriptionLength);
 }
 
 bool parse(const QByteArray& frame, TriggerTimeModel& model, QString& error)
@@ -68,27 +62,14 @@ bool parse(const QByteArray& frame, TriggerTimeModel& model, QString& error)
         triggerDataType, frame, slotSize, model, error);
 }
 
-/** Reads a block that must be accepted. */
 TriggerTimeInfo parsed(const QByteArray& block)
 {
-    TriggerTimeModel model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    if (read && model.size() == 1)
-        return model.at(0);
-    TriggerTimeInfo none;
-    none.setTriggerId(-999);
-    none.setTriggerInstruction(error);
-    return none;
+    return TriggerChecks::parsed<TriggerTimeModel>(block, parse);
 }
 
-/** The message that a block is refused with; empty if it is not. */
 QString faultOf(const QByteArray& block)
 {
-    TriggerTimeModel model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    return !read && model.size() == 0 ? error : QString();
+    return TriggerChecks::faultOf<TriggerTimeModel>(block, parse);
 }
 
 } // namespace
@@ -161,24 +142,12 @@ void TestPackageTimeTrigger::testsTheFrame()
 
 void TestPackageTimeTrigger::readsTheCount_data()
 {
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("none") << hex("00") << 0;
-    QTest::newRow("some") << hex("80") << 128;
-    QTest::newRow("most") << hex("ff") << 255;
-    QTest::newRow("missing") << QByteArray() << 0;
+    CountChecks::addRows();
 }
 
 void TestPackageTimeTrigger::readsTheCount()
 {
-    QFETCH(QByteArray, payload);
-    QFETCH(int, expected);
-    int count = -1;
-    QString error = QStringLiteral("before");
-    QVERIFY(PackageTimeTrigger::parseTimeTriggerCount(
-        countDataType, replyFrame(countDataType, payload, 1), 1, count, error));
-    QCOMPARE(count, expected);
-    QCOMPARE(error, QStringLiteral("before"));
+    CountChecks::checkRow(countDataType, &PackageTimeTrigger::parseTimeTriggerCount);
 }
 
 void TestPackageTimeTrigger::writesBlocks_data()
@@ -240,14 +209,7 @@ void TestPackageTimeTrigger::writesBlocks()
 
 void TestPackageTimeTrigger::writesDescriptions_data()
 {
-    QTest::addColumn<QString>("instruction");
-    QTest::addColumn<QByteArray>("description");
-    QTest::newRow("chinese") << "打开" << hex("04 6253 5f00");
-    // Unlike that of an event, the text does not end at a NUL.
-    QTest::newRow("NUL") << QStringLiteral("A") + QChar(0) + QStringLiteral("B")
-                         << hex("06 0041 0000 0042");
-    QTest::newRow("surrogate last") << QStringLiteral("A") + QChar(0xD800) << hex("04 0041 003f");
-    QTest::newRow("byte order mark") << QChar(0xFEFF) + QStringLiteral("A") << hex("02 0041");
+    TriggerChecks::addDescriptionRows();
 }
 
 void TestPackageTimeTrigger::writesDescriptions()
@@ -548,17 +510,7 @@ void TestPackageTimeTrigger::bodyLimitComesBeforeTheClass()
 
 void TestPackageTimeTrigger::limitsTheTail_data()
 {
-    QTest::addColumn<int>("events");
-    QTest::addColumn<int>("description");
-    QTest::addColumn<QString>("fault");
-    const QString tooMany = QStringLiteral("触发事件个数已超出最大个数，最大为128个事件！");
-    const QString tooLong = QStringLiteral("描述信息数长度有误！");
-    QTest::newRow("127, 63") << 127 << 63 << QString();
-    QTest::newRow("128, 64") << 128 << 64 << QString();
-    QTest::newRow("129, 0") << 129 << 0 << tooMany;
-    QTest::newRow("129, 65") << 129 << 65 << tooMany;
-    QTest::newRow("0, 65") << 0 << 65 << tooLong;
-    QTest::newRow("128, 255") << 128 << 255 << tooLong;
+    TriggerChecks::addTailLimitRows();
 }
 
 void TestPackageTimeTrigger::limitsTheTail()
@@ -596,16 +548,9 @@ void TestPackageTimeTrigger::shortFramesReadAsZeros()
 {
     TriggerTimeInfo info = weeklyTrigger();
     info.setTriggerInstruction(QStringLiteral("AB"));
-    const QByteArray whole =
-        replyFrame(triggerDataType, PackageTimeTrigger::createTimeTriggerPackage(info));
-    for (int size = 20; size < 60; ++size) {
-        TriggerTimeModel cut;
-        TriggerTimeModel padded;
-        QString error;
-        QVERIFY(parse(whole.left(size), cut, error));
-        QVERIFY(parse(slotOf(whole.left(size), whole.size()), padded, error));
-        QVERIFY(cut == padded);
-    }
+    TriggerChecks::checkShortFrames<TriggerTimeModel>(
+        PackageTimeTrigger::createTimeTriggerPackage(info), parse);
+
     // The tail may be announced behind the end of the frame.
     TriggerTimeModel model;
     QString error;
@@ -661,7 +606,6 @@ void TestPackageTimeTrigger::asymmetries()
 
 void TestPackageTimeTrigger::triggersSurvive()
 {
-    const QString letters = QStringLiteral("aZ0 打开灯光;:()é€");
     QRandomGenerator random(23);
     const auto padded = [](int number) {
         return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
@@ -672,9 +616,6 @@ void TestPackageTimeTrigger::triggersSurvive()
                 padded(random.bounded(1, 32)));
     };
     for (int run = 0; run < 2000; ++run) {
-        QStringList events;
-        for (int i = random.bounded(1, 129); i > 0; --i)
-            events += QStringLiteral("(ID:%1)").arg(random.bounded(256));
         TriggerTimeInfo written;
         written.setTriggerType(static_cast<TriggerTimeInfo::RepetMode>(random.bounded(3)));
         written.setStartDate(date());
@@ -687,11 +628,8 @@ void TestPackageTimeTrigger::triggersSurvive()
         for (int i = random.bounded(8); i > 0; --i)
             weekly += QLatin1Char(random.bounded(2) ? '1' : '0');
         written.setSelectWeekly(weekly + QLatin1Char('1'));
-        written.setTriggerEvent(events.join(';'));
-        QString instruction;
-        for (int i = random.bounded(33); i > 0; --i)
-            instruction += letters.at(random.bounded(letters.size()));
-        written.setTriggerInstruction(instruction);
+        written.setTriggerEvent(TriggerChecks::randomEvents(random));
+        written.setTriggerInstruction(randomDescription(random, 32));
 
         const QByteArray block = PackageTimeTrigger::createTimeTriggerPackage(written);
         QCOMPARE(block.size(), slotSize);
@@ -701,17 +639,8 @@ void TestPackageTimeTrigger::triggersSurvive()
 
 void TestPackageTimeTrigger::randomRepliesDoNoHarm()
 {
-    feedRandomReplies(
-        triggerDataType, slotSize, blockWithTail(17, 5, 8), [](const QByteArray& frame) {
-            TriggerTimeModel model;
-            QString error;
-            const bool read = parse(frame, model, error);
-            QCOMPARE(error.isEmpty(), read);
-            QVERIFY(model.size() <= (read ? 1 : 0));
-            int count = 0;
-            PackageTimeTrigger::parseTimeTriggerCount(
-                triggerDataType, frame, slotSize, count, error);
-        });
+    TriggerChecks::checkRandomReplies<TriggerTimeModel>(
+        blockWithTail(17, 5, 8), parse, &PackageTimeTrigger::parseTimeTriggerCount);
 }
 
 void TestPackageTimeTrigger::takesAParent()

@@ -1,7 +1,8 @@
 #include "packagetrigger.h"
 
+#include "countchecks.h"
 #include "framefaults.h"
-#include "randomreplies.h"
+#include "triggerchecks.h"
 #include "triggermodel.h"
 
 #include <QtTest/QTest>
@@ -10,9 +11,9 @@ Q_DECLARE_METATYPE(TriggerInfo)
 
 namespace {
 
-constexpr uint countDataType = 0xF0010000;
-constexpr uint triggerDataType = 0xF0010001;
-constexpr int slotSize = 512;
+using TriggerChecks::countDataType;
+using TriggerChecks::slotSize;
+using TriggerChecks::triggerDataType;
 
 const QString lowLevel = QStringLiteral("输入-低电平");
 const QString highLevel = QStringLiteral("输入-高电平");
@@ -36,15 +37,8 @@ QString hexText(const QByteArray& bytes)
 /** A serial block whose body has the given length, and a tail of the given counts. */
 QByteArray serialBlock(int bodyLength, int eventCount = 0, int descriptionLength = 0)
 {
-    QByteArray block;
-    block += static_cast<char>(bodyLength);
-    block += static_cast<char>(bodyLength >> 8);
-    block += slotOf(hex("4c01002510035201100000"), bodyLength).left(bodyLength);
-    block += static_cast<char>(eventCount);
-    block += QByteArray(eventCount, '\x07');
-    block += static_cast<char>(descriptionLength);
-    block += QByteArray(descriptionLength, '\x41');
-    return slotOf(block);
+    return TriggerChecks::blockOf(
+        hex("4c01002510035201100000"), bodyLength, eventCount, descriptionLength);
 }
 
 bool parse(const QByteArray& frame, TriggerModel& model, QString& error)
@@ -52,22 +46,14 @@ bool parse(const QByteArray& frame, TriggerModel& model, QString& error)
     return PackageTrigger::parseTriggerPackage(triggerDataType, frame, slotSize, model, error);
 }
 
-/** Reads a block that must be accepted. */
 TriggerInfo parsed(const QByteArray& block)
 {
-    TriggerModel model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    return read && model.size() == 1 ? model.at(0) : trigger(TriggerInfo::IO, error, error);
+    return TriggerChecks::parsed<TriggerModel>(block, parse);
 }
 
-/** The message that a block is refused with; empty if it is not. */
 QString faultOf(const QByteArray& block)
 {
-    TriggerModel model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    return !read && model.size() == 0 ? error : QString();
+    return TriggerChecks::faultOf<TriggerModel>(block, parse);
 }
 
 } // namespace
@@ -81,8 +67,8 @@ private slots:
     void readsTheCount();
     void writesBlocks_data();
     void writesBlocks();
-    void writesPorts();
-    void writesInputs();
+    void writesLines_data();
+    void writesLines();
     void writesDescriptions_data();
     void writesDescriptions();
     void otherKindsHaveNoBody();
@@ -141,24 +127,12 @@ void TestPackageTrigger::testsTheFrame()
 
 void TestPackageTrigger::readsTheCount_data()
 {
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("none") << hex("00") << 0;
-    QTest::newRow("some") << hex("80") << 128;
-    QTest::newRow("most") << hex("ff") << 255;
-    QTest::newRow("missing") << QByteArray() << 0;
+    CountChecks::addRows();
 }
 
 void TestPackageTrigger::readsTheCount()
 {
-    QFETCH(QByteArray, payload);
-    QFETCH(int, expected);
-    int count = -1;
-    QString error = QStringLiteral("before");
-    QVERIFY(PackageTrigger::parseTriggerCount(
-        countDataType, replyFrame(countDataType, payload, 1), 1, count, error));
-    QCOMPARE(count, expected);
-    QCOMPARE(error, QStringLiteral("before"));
+    CountChecks::checkRow(countDataType, &PackageTrigger::parseTriggerCount);
 }
 
 void TestPackageTrigger::writesBlocks_data()
@@ -207,44 +181,37 @@ void TestPackageTrigger::writesBlocks()
     QCOMPARE(PackageTrigger::createTriggerPackage(info), block);
 }
 
-void TestPackageTrigger::writesPorts()
+void TestPackageTrigger::writesLines_data()
 {
-    const quint16 masks[] = {0x1000, 0x2000, 0x4000, 0x8000, 0x0100, 0x0200, 0x0400, 0x0800, 0x0010,
-        0x0020, 0x0040, 0x0080, 0x0001, 0x0002, 0x0004, 0x0008, 0, 0};
-    const int values[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, -1};
-    for (int i = 0; i < 18; ++i) {
-        TriggerInfo info;
-        info.setCOMSelect(static_cast<COMSelect>(values[i]));
-        info.setIOSelect(IO_B_2);
-        const QByteArray block = PackageTrigger::createTriggerPackage(info);
-        QCOMPARE(qFromBigEndian<quint16>(block.constData() + 10), masks[i]);
-    }
+    QTest::addColumn<int>("line");
+    QTest::addColumn<QByteArray>("mask");
+    const char* masks[] = {"1000", "2000", "4000", "8000", "0100", "0200", "0400", "0800", "0010",
+        "0020", "0040", "0080", "0001", "0002", "0004", "0008"};
+    for (int line = 0; line < 16; ++line)
+        QTest::newRow(masks[line]) << line << hex(masks[line]);
+    QTest::newRow("16") << 16 << hex("0000");
+    QTest::newRow("-1") << -1 << hex("0000");
 }
 
-void TestPackageTrigger::writesInputs()
+void TestPackageTrigger::writesLines()
 {
-    const quint16 masks[] = {0x1000, 0x2000, 0x4000, 0x8000, 0x0100, 0x0200, 0x0400, 0x0800, 0x0010,
-        0x0020, 0x0040, 0x0080, 0x0001, 0x0002, 0x0004, 0x0008, 0, 0};
-    const int values[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, -1};
-    for (int i = 0; i < 18; ++i) {
-        TriggerInfo info = trigger(TriggerInfo::IO, lowLevel, {});
-        info.setCOMSelect(COM_B_2);
-        info.setIOSelect(static_cast<IOSelect>(values[i]));
-        const QByteArray block = PackageTrigger::createTriggerPackage(info);
-        QCOMPARE(qFromBigEndian<quint16>(block.constData() + 9), masks[i]);
-    }
+    QFETCH(int, line);
+    QFETCH(QByteArray, mask);
+    // The line of the other kind is not looked at.
+    TriggerInfo serial;
+    serial.setCOMSelect(static_cast<COMSelect>(line));
+    serial.setIOSelect(IO_B_2);
+    QCOMPARE(PackageTrigger::createTriggerPackage(serial).mid(10, 2), mask);
+
+    TriggerInfo input = trigger(TriggerInfo::IO, lowLevel, {});
+    input.setCOMSelect(COM_B_2);
+    input.setIOSelect(static_cast<IOSelect>(line));
+    QCOMPARE(PackageTrigger::createTriggerPackage(input).mid(9, 2), mask);
 }
 
 void TestPackageTrigger::writesDescriptions_data()
 {
-    QTest::addColumn<QString>("instruction");
-    QTest::addColumn<QByteArray>("description");
-    QTest::newRow("chinese") << "打开" << hex("04 6253 5f00");
-    // Unlike that of an event, the text does not end at a NUL.
-    QTest::newRow("NUL") << QStringLiteral("A") + QChar(0) + QStringLiteral("B")
-                         << hex("06 0041 0000 0042");
-    QTest::newRow("surrogate last") << QStringLiteral("A") + QChar(0xD800) << hex("04 0041 003f");
-    QTest::newRow("byte order mark") << QChar(0xFEFF) + QStringLiteral("A") << hex("02 0041");
+    TriggerChecks::addDescriptionRows();
 }
 
 void TestPackageTrigger::writesDescriptions()
@@ -470,17 +437,7 @@ void TestPackageTrigger::bodyLimitComesBeforeTheClass()
 
 void TestPackageTrigger::limitsTheTail_data()
 {
-    QTest::addColumn<int>("events");
-    QTest::addColumn<int>("description");
-    QTest::addColumn<QString>("fault");
-    const QString tooMany = QStringLiteral("触发事件个数已超出最大个数，最大为128个事件！");
-    const QString tooLong = QStringLiteral("描述信息数长度有误！");
-    QTest::newRow("127, 63") << 127 << 63 << QString();
-    QTest::newRow("128, 64") << 128 << 64 << QString();
-    QTest::newRow("129, 0") << 129 << 0 << tooMany;
-    QTest::newRow("129, 65") << 129 << 65 << tooMany;
-    QTest::newRow("0, 65") << 0 << 65 << tooLong;
-    QTest::newRow("128, 255") << 128 << 255 << tooLong;
+    TriggerChecks::addTailLimitRows();
 }
 
 void TestPackageTrigger::limitsTheTail()
@@ -510,17 +467,11 @@ void TestPackageTrigger::appendsToTheModel()
 
 void TestPackageTrigger::shortFramesReadAsZeros()
 {
-    const QByteArray whole = replyFrame(triggerDataType,
+    TriggerChecks::checkShortFrames<TriggerModel>(
         PackageTrigger::createTriggerPackage(trigger(TriggerInfo::COM_MODBUS,
-            QStringLiteral("aa 01 02"), QStringLiteral("(ID:3);(ID:7)"), QStringLiteral("AB"))));
-    for (int size = 20; size < 60; ++size) {
-        TriggerModel cut;
-        TriggerModel padded;
-        QString error;
-        QVERIFY(parse(whole.left(size), cut, error));
-        QVERIFY(parse(slotOf(whole.left(size), whole.size()), padded, error));
-        QVERIFY(cut == padded);
-    }
+            QStringLiteral("aa 01 02"), QStringLiteral("(ID:3);(ID:7)"), QStringLiteral("AB"))),
+        parse);
+
     // The tail may be announced behind the end of the frame.
     TriggerModel model;
     QString error;
@@ -592,21 +543,15 @@ void TestPackageTrigger::everyPortSurvivesButTheLast()
 
 void TestPackageTrigger::triggersSurvive()
 {
-    const QString letters = QStringLiteral("aZ0 打开灯光;:()é€");
     QRandomGenerator random(17);
     for (int run = 0; run < 2000; ++run) {
         const auto kind = static_cast<TriggerInfo::TriggerType>(random.bounded(3));
-        QStringList events;
-        for (int i = random.bounded(1, 129); i > 0; --i)
-            events += QStringLiteral("(ID:%1)").arg(random.bounded(256));
-        QString instruction;
-        for (int i = random.bounded(33); i > 0; --i)
-            instruction += letters.at(random.bounded(letters.size()));
         const QString parameter = kind == TriggerInfo::IO
             ? (random.bounded(2) ? highLevel : lowLevel)
             : hexText(randomBytes(random, random.bounded(306)));
 
-        TriggerInfo written = trigger(kind, parameter, events.join(';'), instruction);
+        TriggerInfo written = trigger(
+            kind, parameter, TriggerChecks::randomEvents(random), randomDescription(random, 32));
         if (kind == TriggerInfo::IO)
             written.setIOSelect(static_cast<IOSelect>(random.bounded(16)));
         else
@@ -621,17 +566,9 @@ void TestPackageTrigger::randomRepliesDoNoHarm()
 {
     const QByteArray records[] = {serialBlock(20, 5, 8),
         PackageTrigger::createTriggerPackage(trigger(TriggerInfo::IO, highLevel, {}))};
-    for (const QByteArray& record : records) {
-        feedRandomReplies(triggerDataType, slotSize, record, [](const QByteArray& frame) {
-            TriggerModel model;
-            QString error;
-            const bool read = parse(frame, model, error);
-            QCOMPARE(error.isEmpty(), read);
-            QVERIFY(model.size() <= (read ? 1 : 0));
-            int count = 0;
-            PackageTrigger::parseTriggerCount(triggerDataType, frame, slotSize, count, error);
-        });
-    }
+    for (const QByteArray& record : records)
+        TriggerChecks::checkRandomReplies<TriggerModel>(
+            record, parse, &PackageTrigger::parseTriggerCount);
 }
 
 void TestPackageTrigger::takesAParent()

@@ -12,7 +12,7 @@ class TestTriggerInfo : public QObject {
 
 private slots:
     void constructionRegistersEnumerations_data();
-    void constructionRegistersEnumerations();
+    void constructionRegistersEnumerations() { RecordChecks::checkEnumerationRow<TriggerInfo>(); }
     void defaults();
     void properties_data();
     void properties() { RecordChecks::checkPropertyRow(TriggerInfo::staticMetaObject); }
@@ -31,20 +31,9 @@ private slots:
     void recordsAreMadeOnSeveralThreads();
 };
 
-// Stands first, so that nothing but the construction below can have registered them.
 void TestTriggerInfo::constructionRegistersEnumerations_data()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("TriggerType") << QByteArray("TriggerType");
-    QTest::newRow("COMSelect") << QByteArray("COMSelect");
-    QTest::newRow("IOSelect") << QByteArray("IOSelect");
-}
-
-void TestTriggerInfo::constructionRegistersEnumerations()
-{
-    QFETCH(QByteArray, name);
-    const TriggerInfo record;
-    RecordChecks::checkEnumeration(name.constData());
+    RecordChecks::addEnumerationRows({"TriggerType", "COMSelect", "IOSelect"});
 }
 
 void TestTriggerInfo::properties_data()
@@ -120,17 +109,7 @@ void TestTriggerInfo::metaObject()
     const QMetaObject& meta = TriggerInfo::staticMetaObject;
     QCOMPARE(QByteArray(meta.className()), QByteArray("TriggerInfo"));
     QCOMPARE(RecordChecks::ownMethods(meta), 0);
-    QCOMPARE(RecordChecks::ownEnumerators(meta), 1);
-    const QMetaEnum kinds = meta.enumerator(meta.enumeratorOffset());
-    QCOMPARE(QByteArray(kinds.name()), QByteArray("TriggerType"));
-    QCOMPARE(QByteArray(kinds.scope()), QByteArray("TriggerInfo"));
-    QVERIFY(!kinds.isFlag());
-    QCOMPARE(kinds.keyCount(), 3);
-    QCOMPARE(QByteArray(kinds.key(0)), QByteArray("COM"));
-    QCOMPARE(QByteArray(kinds.key(1)), QByteArray("COM_MODBUS"));
-    QCOMPARE(QByteArray(kinds.key(2)), QByteArray("IO"));
-    for (int value = 0; value < 3; ++value)
-        QCOMPARE(kinds.value(value), value);
+    RecordChecks::checkOnlyEnumerator(meta, "TriggerType", {"COM", "COM_MODBUS", "IO"});
 }
 
 void TestTriggerInfo::lineValues_data()

@@ -8,7 +8,10 @@ class TestTriggerTimeInfo : public QObject {
 
 private slots:
     void constructionRegistersEnumerations_data();
-    void constructionRegistersEnumerations();
+    void constructionRegistersEnumerations()
+    {
+        RecordChecks::checkEnumerationRow<TriggerTimeInfo>();
+    }
     void defaults();
     void properties_data();
     void properties() { RecordChecks::checkPropertyRow(TriggerTimeInfo::staticMetaObject); }
@@ -23,18 +26,9 @@ private slots:
     void textsCompareExactly();
 };
 
-// Stands first, so that nothing but the construction below can have registered them.
 void TestTriggerTimeInfo::constructionRegistersEnumerations_data()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::newRow("RepetMode") << QByteArray("RepetMode");
-}
-
-void TestTriggerTimeInfo::constructionRegistersEnumerations()
-{
-    QFETCH(QByteArray, name);
-    const TriggerTimeInfo record;
-    RecordChecks::checkEnumeration(name.constData());
+    RecordChecks::addEnumerationRows({"RepetMode"});
 }
 
 void TestTriggerTimeInfo::properties_data()
@@ -110,17 +104,7 @@ void TestTriggerTimeInfo::metaObject()
     const QMetaObject& meta = TriggerTimeInfo::staticMetaObject;
     QCOMPARE(QByteArray(meta.className()), QByteArray("TriggerTimeInfo"));
     QCOMPARE(RecordChecks::ownMethods(meta), 0);
-    QCOMPARE(RecordChecks::ownEnumerators(meta), 1);
-    const QMetaEnum modes = meta.enumerator(meta.enumeratorOffset());
-    QCOMPARE(QByteArray(modes.name()), QByteArray("RepetMode"));
-    QCOMPARE(QByteArray(modes.scope()), QByteArray("TriggerTimeInfo"));
-    QVERIFY(!modes.isFlag());
-    QCOMPARE(modes.keyCount(), 3);
-    QCOMPARE(QByteArray(modes.key(0)), QByteArray("EVERYDAY"));
-    QCOMPARE(QByteArray(modes.key(1)), QByteArray("WEEKLY"));
-    QCOMPARE(QByteArray(modes.key(2)), QByteArray("ONCE"));
-    for (int value = 0; value < 3; ++value)
-        QCOMPARE(modes.value(value), value);
+    RecordChecks::checkOnlyEnumerator(meta, "RepetMode", {"EVERYDAY", "WEEKLY", "ONCE"});
 }
 
 void TestTriggerTimeInfo::modeByProperty_data()

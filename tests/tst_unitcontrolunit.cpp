@@ -1,4 +1,5 @@
 #include "controlunit.h"
+#include "upgradewrites.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtTest/QtTest>
@@ -23,20 +24,14 @@ UnitAnswer write(ControlUnit& unit, quint32 address, const QByteArray& data)
     return unit.answer(UnitFrame::writeRequest(2, address, data));
 }
 
-/** An upgrade with two empty images: the announcements alone. */
+/** An upgrade with two empty images, the announcements alone: the answer to the last of them. */
 UnitAnswer emptyUpgrade(ControlUnit& unit)
 {
-    const QByteArray zero(4, '\0');
-    write(unit, 0x01F00000, zero);
-    write(unit, 0x01F00004, zero);
-    write(unit, 0x01F0000C, zero);
-    write(unit, 0x01F00008, fromHex("02000100"));
-    write(unit, 0x18200002, fromHex("0972"));
-    write(unit, 0x18200000, fromHex("0000"));
-    write(unit, 0x01F00000, zero);
-    write(unit, 0x01F00004, zero);
-    write(unit, 0x01F0000C, zero);
-    return write(unit, 0x01F00008, fromHex("02000200"));
+    UnitAnswer answer;
+    const QList<UpgradeWrite> writes = upgradeWrites(QByteArray(), QByteArray());
+    for (const UpgradeWrite& part : writes)
+        answer = write(unit, part.address, part.data);
+    return answer;
 }
 
 } // namespace

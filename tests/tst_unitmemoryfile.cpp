@@ -1,6 +1,7 @@
 #include "unitmemoryfile.h"
 #include "unitsample.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
@@ -144,6 +145,14 @@ void TestUnitMemoryFile::tellsOfAFailedSave()
     file.noteChange();
     QVERIFY(failed.wait(30000));
     QCOMPARE(failed.first().first().toString(), error);
+
+    // What failed is not saved yet: it is tried again at the end, and told again.
+    error.clear();
+    QVERIFY(!file.saveNoted(&error));
+    QCOMPARE(error, failed.first().first().toString());
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QVERIFY(file.saveNoted(&error));
+    QVERIFY(file.exists());
 }
 
 void TestUnitMemoryFile::readsNoMissingFile()

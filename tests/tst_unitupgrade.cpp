@@ -1,23 +1,12 @@
 #include "unitupgrade.h"
 
-#include <QtCore/QtEndian>
+#include "upgradewrites.h"
+
 #include <QtTest/QtTest>
 
 using namespace QuadrelUnit;
 
 namespace {
-
-struct Write {
-    quint32 address;
-    QByteArray data;
-};
-
-QByteArray word(int value)
-{
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(static_cast<quint32>(value), bytes.data());
-    return bytes;
-}
 
 QByteArray image(int size, int seed)
 {
@@ -28,33 +17,8 @@ QByteArray image(int size, int seed)
     return bytes;
 }
 
-/** All writes of an upgrade, in their order. */
-QList<Write> upgradeWrites(const QByteArray& streamed, const QByteArray& addressed)
-{
-    constexpr int chunk = 2048;
-    QList<Write> writes = {
-        {0x01F00000, word(streamed.size() + addressed.size())},
-        {0x01F00004, word(0)},
-        {0x01F0000C, word(addressed.size())},
-        {0x01F00008, QByteArray::fromHex("02000100")},
-    };
-    for (int i = 0; i < addressed.size(); i += chunk)
-        writes.append({0x06000000 + static_cast<quint32>(i), addressed.mid(i, chunk)});
-    writes += QList<Write>{
-        {0x18200002, QByteArray::fromHex("0972")},
-        {0x18200000, QByteArray::fromHex("0000")},
-        {0x01F00000, word(streamed.size())},
-        {0x01F00004, word(0)},
-        {0x01F0000C, word(streamed.size())},
-        {0x01F00008, QByteArray::fromHex("02000200")},
-    };
-    for (int i = 0; i < streamed.size(); i += chunk)
-        writes.append({0x18000000, streamed.mid(i, chunk)});
-    return writes;
-}
-
 /** The outcome of the last of the writes; all before it must be taken. */
-UnitUpgrade::Outcome run(UnitUpgrade& upgrade, const QList<Write>& writes)
+UnitUpgrade::Outcome run(UnitUpgrade& upgrade, const QList<UpgradeWrite>& writes)
 {
     for (int i = 0; i < writes.size() - 1; ++i) {
         const UnitUpgrade::Outcome outcome = upgrade.write(writes[i].address, writes[i].data);
@@ -115,11 +79,11 @@ void TestUnitUpgrade::takesBothImages()
 void TestUnitUpgrade::leavesOtherWritesAlone()
 {
     UnitUpgrade upgrade;
-    const QList<Write> writes = upgradeWrites(image(100, 1), image(3000, 2));
+    const QList<UpgradeWrite> writes = upgradeWrites(image(100, 1), image(3000, 2));
     for (int i = 0; i < writes.size(); ++i) {
         QCOMPARE(upgrade.write(0x18201000, QByteArray(90, 'r')), UnitUpgrade::Elsewhere);
         QCOMPARE(upgrade.write(0xF0000000, "x"), UnitUpgrade::Elsewhere);
-        QCOMPARE(upgrade.write(0x01F00001, word(0)), UnitUpgrade::Elsewhere);
+        QCOMPARE(upgrade.write(0x01F00001, littleEndian(0)), UnitUpgrade::Elsewhere);
         const bool isLast = i == writes.size() - 1;
         QCOMPARE(upgrade.write(writes[i].address, writes[i].data),
             isLast ? UnitUpgrade::Complete : UnitUpgrade::Taken);
@@ -139,9 +103,9 @@ void TestUnitUpgrade::tellsImagesFromMemory()
 
 void TestUnitUpgrade::breaksAtEachMissingWrite()
 {
-    const QList<Write> writes = upgradeWrites(image(5000, 1), image(4097, 2));
+    const QList<UpgradeWrite> writes = upgradeWrites(image(5000, 1), image(4097, 2));
     for (int left = 0; left < writes.size() - 1; ++left) {
-        QList<Write> some = writes;
+        QList<UpgradeWrite> some = writes;
         some.removeAt(left);
         UnitUpgrade upgrade;
         QCOMPARE(run(upgrade, some), UnitUpgrade::Broken);
@@ -151,9 +115,9 @@ void TestUnitUpgrade::breaksAtEachMissingWrite()
 
 void TestUnitUpgrade::breaksAtEachRepeatedWrite()
 {
-    const QList<Write> writes = upgradeWrites(image(2100, 1), image(4097, 2));
+    const QList<UpgradeWrite> writes = upgradeWrites(image(2100, 1), image(4097, 2));
     for (int twice = 1; twice < writes.size() - 1; ++twice) {
-        QList<Write> more = writes;
+        QList<UpgradeWrite> more = writes;
         more.insert(twice, writes[twice]);
         UnitUpgrade upgrade;
         QCOMPARE(run(upgrade, more), UnitUpgrade::Broken);
@@ -162,14 +126,14 @@ void TestUnitUpgrade::breaksAtEachRepeatedWrite()
 
 void TestUnitUpgrade::breaksAtEachChangedWrite()
 {
-    const QList<Write> writes = upgradeWrites(image(2100, 1), image(4097, 2));
+    const QList<UpgradeWrite> writes = upgradeWrites(image(2100, 1), image(4097, 2));
     for (int changed = 0; changed < writes.size(); ++changed) {
-        QList<Write> longer = writes;
+        QList<UpgradeWrite> longer = writes;
         longer[changed].data.append('x');
         UnitUpgrade upgrade;
         QCOMPARE(run(upgrade, longer), UnitUpgrade::Broken);
 
-        QList<Write> empty = writes;
+        QList<UpgradeWrite> empty = writes;
         empty[changed].data.clear();
         UnitUpgrade other;
         QCOMPARE(run(other, empty), UnitUpgrade::Broken);
@@ -184,20 +148,20 @@ void TestUnitUpgrade::tellsWhatIsWrong_data()
     QTest::addColumn<QString>("problem");
 
     // `before` writes of an upgrade with 10 and 2049 bytes go first.
-    QTest::newRow("nothing was begun")
-        << 0 << quint32(0x01F00004) << word(0) << "a write at 0x01f00004, and no upgrade was begun";
+    QTest::newRow("nothing was begun") << 0 << quint32(0x01F00004) << littleEndian(0)
+                                       << "a write at 0x01f00004, and no upgrade was begun";
     QTest::newRow("image without an upgrade") << 0 << quint32(0x06000000) << QByteArray(2048, 'x')
                                               << "a write at 0x06000000, and no upgrade was begun";
     QTest::newRow("length word of 2 bytes")
         << 0 << quint32(0x01F00000) << QByteArray(2, '\0') << "a length word of 2 bytes";
     QTest::newRow("position")
-        << 1 << quint32(0x01F00004) << word(1)
+        << 1 << quint32(0x01F00004) << littleEndian(1)
         << "got 01 00 00 00 at 0x01f00004 where 00 00 00 00 at 0x01f00004 was due";
     QTest::newRow("no size")
         << 2 << quint32(0x01F00008) << QByteArray::fromHex("02000100")
         << "got 02 00 01 00 at 0x01f00008 where the size of an image at 0x01f0000c was due";
-    QTest::newRow("more than all")
-        << 2 << quint32(0x01F0000C) << word(2060) << "an image of 2060 bytes in an upgrade of 2059";
+    QTest::newRow("more than all") << 2 << quint32(0x01F0000C) << littleEndian(2060)
+                                   << "an image of 2060 bytes in an upgrade of 2059";
     QTest::newRow("command of the other half")
         << 3 << quint32(0x01F00008) << QByteArray::fromHex("02000200")
         << "got 02 00 02 00 at 0x01f00008 where 02 00 01 00 at 0x01f00008 was due";
@@ -212,7 +176,7 @@ void TestUnitUpgrade::tellsWhatIsWrong_data()
         << "got 78 78 78 78 78 78 78 78 ... at 0x18000000 where 09 72 at 0x18200002 was due";
     QTest::newRow("start word") << 6 << quint32(0x18200002) << QByteArray::fromHex("7209")
                                 << "got 72 09 at 0x18200002 where 09 72 at 0x18200002 was due";
-    QTest::newRow("second length") << 8 << quint32(0x01F00000) << word(11)
+    QTest::newRow("second length") << 8 << quint32(0x01F00000) << littleEndian(11)
                                    << "a new upgrade began before the last one was whole";
 }
 
@@ -223,7 +187,7 @@ void TestUnitUpgrade::tellsWhatIsWrong()
     QFETCH(QByteArray, data);
     QFETCH(QString, problem);
     UnitUpgrade upgrade;
-    QList<Write> writes = upgradeWrites(image(10, 1), image(2049, 2)).mid(0, before);
+    QList<UpgradeWrite> writes = upgradeWrites(image(10, 1), image(2049, 2)).mid(0, before);
     writes.append({address, data});
     QCOMPARE(run(upgrade, writes), UnitUpgrade::Broken);
     QCOMPARE(upgrade.problem(), problem);
@@ -231,9 +195,9 @@ void TestUnitUpgrade::tellsWhatIsWrong()
 
 void TestUnitUpgrade::startsAnewAfterABreak()
 {
-    const QList<Write> writes = upgradeWrites(image(10, 1), image(5000, 2));
+    const QList<UpgradeWrite> writes = upgradeWrites(image(10, 1), image(5000, 2));
     UnitUpgrade upgrade;
-    QList<Write> broken = writes;
+    QList<UpgradeWrite> broken = writes;
     broken.removeAt(4);
     QCOMPARE(run(upgrade, broken), UnitUpgrade::Broken);
     // The rest of the broken one is let pass, and is told of no more.
@@ -246,10 +210,10 @@ void TestUnitUpgrade::startsAnewInTheMiddle()
 {
     const QByteArray streamed = image(5000, 1);
     const QByteArray addressed = image(5000, 2);
-    const QList<Write> writes = upgradeWrites(streamed, addressed);
+    const QList<UpgradeWrite> writes = upgradeWrites(streamed, addressed);
     for (int done = 1; done < writes.size(); ++done) {
         UnitUpgrade upgrade;
-        for (const Write& write : writes.mid(0, done))
+        for (const UpgradeWrite& write : writes.mid(0, done))
             QCOMPARE(upgrade.write(write.address, write.data), UnitUpgrade::Taken);
         QCOMPARE(upgrade.write(writes[0].address, writes[0].data), UnitUpgrade::Broken);
         QCOMPARE(run(upgrade, writes.mid(1)), UnitUpgrade::Complete);

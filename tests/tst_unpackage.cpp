@@ -842,11 +842,7 @@ void UnPackageTest::configNumber_isNotChecked()
 void UnPackageTest::readConfig_secondBlockFails()
 {
     selectDevice(QStringLiteral("10.9.9.9"));
-    const Memory memory = makeMemory(0, 0, 0);
-    Bench bench([memory](const RecordedRequest& request, int number) {
-        return number == 1 ? ScriptedUnit::failure(QStringLiteral("断线"))
-                           : ScriptedUnit::reply(faithfulReply(memory, request));
-    });
+    Bench bench = failingAt(1, makeMemory(0, 0, 0));
     SystemModel old = makeConfiguration(1, 1);
     bench.operations->setConfigModel(old);
     QString error;
@@ -1336,8 +1332,7 @@ void UnPackageTest::clock_write()
 
 void UnPackageTest::clock_writeReportsBeforeReply()
 {
-    Bench bench(
-        [](const RecordedRequest&, int) { return ScriptedUnit::failure(QStringLiteral("断线")); });
+    Bench bench = failingAt(0, Memory());
     bench.operations->setTimingCheck(QStringLiteral("2026/11/14  06:05:49"));
     bench.run(BackwordWriteType);
     QCOMPARE(bench.log->entries,
@@ -1617,10 +1612,7 @@ void UnPackageTest::upgrade_secondRun()
 void UnPackageTest::upgrade_failsMidway()
 {
     // What was sent is gone: the next run has the rest only, and its control words say so.
-    Bench bench([](const RecordedRequest& request, int number) {
-        return number == 5 ? ScriptedUnit::failure(QStringLiteral("断线"))
-                           : ScriptedUnit::reply(replyFrame(request.address, QByteArray()));
-    });
+    Bench bench = failingAt(5, Memory());
     bench.operations->setUpgradePackage(
         QByteArray(100, 's'), QByteArray(5000, 'a'), QStringLiteral("v2"));
     bench.run(UpgradeDeviceType);

@@ -1,19 +1,11 @@
 #include "unitblocks.h"
 
 #include "unitaddresses.h"
-
-#include <QtCore/QtEndian>
+#include "unitbytes.h"
 
 namespace QuadrelUnit {
 
 namespace {
-
-template <typename Integer> QByteArray littleEndian(Integer value)
-{
-    QByteArray bytes(sizeof(Integer), '\0');
-    qToLittleEndian(value, bytes.data());
-    return bytes;
-}
 
 QByteArray oneByte(int value)
 {
@@ -22,7 +14,7 @@ QByteArray oneByte(int value)
 
 QByteArray bcd(int value)
 {
-    return oneByte(value / 10 * 16 + value % 10);
+    return QByteArray(1, toBcd(value));
 }
 
 /** Number of bytes, then UTF-16 with the high byte of each code unit first. */

@@ -1,6 +1,7 @@
 #include "unitclock.h"
 
 #include "unitaddresses.h"
+#include "unitbytes.h"
 
 #include <QtCore/QDateTime>
 
@@ -9,11 +10,6 @@ namespace QuadrelUnit {
 namespace {
 
 constexpr int century = 2000;
-
-char toBcd(int value)
-{
-    return static_cast<char>(value / 10 * 16 + value % 10);
-}
 
 /** The number of a byte of two decimal digits; anything else gives -1, which no field can be. */
 int fromBcd(char byte)

@@ -1,5 +1,7 @@
 #include "unitdiscovery.h"
 
+#include "unitendpoint.h"
+
 #include <QtCore/QRandomGenerator>
 #include <QtNetwork/QNetworkDatagram>
 
@@ -42,10 +44,8 @@ bool UnitDiscovery::listen(const QHostAddress& address, quint16 port, QString* e
 {
     if (m_socket.bind(address, port, QAbstractSocket::ShareAddress))
         return true;
-    *error = QStringLiteral("cannot answer searches on %1:%2: %3")
-                 .arg(address.toString())
-                 .arg(port)
-                 .arg(m_socket.errorString());
+    *error = QStringLiteral("cannot answer searches on %1: %2")
+                 .arg(endpointText(address, port), m_socket.errorString());
     return false;
 }
 
@@ -56,7 +56,7 @@ void UnitDiscovery::takeDatagrams()
         if (m_isSilent || datagram.data() != searchText())
             continue;
         const auto port = static_cast<quint16>(datagram.senderPort());
-        emit searched(QStringLiteral("%1:%2").arg(datagram.senderAddress().toString()).arg(port));
+        emit searched(endpointText(datagram.senderAddress(), port));
         reply(datagram.senderAddress(), port);
     }
 }

@@ -116,19 +116,21 @@ bool UnitMemoryFile::save(QString* error)
     m_pause.stop();
     QSaveFile file(m_path);
     const QByteArray content = fileContent(*m_unit);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
-        return true;
-    *error = QStringLiteral("cannot save %1: %2").arg(m_path, file.errorString());
-    return false;
+    m_isSaved =
+        file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+    if (!m_isSaved)
+        *error = QStringLiteral("cannot save %1: %2").arg(m_path, file.errorString());
+    return m_isSaved;
 }
 
 bool UnitMemoryFile::saveNoted(QString* error)
 {
-    return !m_pause.isActive() || save(error);
+    return m_isSaved || save(error);
 }
 
 void UnitMemoryFile::noteChange()
 {
+    m_isSaved = false;
     // A pause that runs is left to run: a unit that is written without end is saved all the same.
     if (!m_pause.isActive())
         m_pause.start();

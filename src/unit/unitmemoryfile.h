@@ -41,6 +41,8 @@ private:
     QString m_path;
     ControlUnit* m_unit;
     QTimer m_pause;
+    /** The file holds every change that was noted. */
+    bool m_isSaved = true;
 };
 
 } // namespace QuadrelUnit

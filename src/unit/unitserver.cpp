@@ -1,5 +1,7 @@
 #include "unitserver.h"
 
+#include "unitendpoint.h"
+
 #include <QtCore/QPointer>
 #include <QtNetwork/QNetworkDatagram>
 #include <QtNetwork/QTcpSocket>
@@ -9,14 +11,6 @@
 namespace QuadrelUnit {
 
 namespace {
-
-QString endpoint(const QHostAddress& address, quint16 port)
-{
-    const bool isV6 = address.protocol() == QAbstractSocket::IPv6Protocol;
-    return QString(isV6 ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2"))
-        .arg(address.toString())
-        .arg(port);
-}
 
 void sendBytes(QTcpSocket* connection, const UnitDelivery& delivery)
 {
@@ -66,7 +60,7 @@ bool UnitServer::open(const QHostAddress& address, quint16 port, QString* error)
         if (openOnce(address, port, &reason))
             return true;
     }
-    *error = QStringLiteral("cannot listen on %1: %2").arg(endpoint(address, port), reason);
+    *error = QStringLiteral("cannot listen on %1: %2").arg(endpointText(address, port), reason);
     return false;
 }
 
@@ -90,8 +84,8 @@ void UnitServer::takeConnections()
         connection->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         m_connections.append(connection);
         const auto reader = std::make_shared<UnitFrameReader>();
-        const QString peer =
-            QStringLiteral("tcp ") + endpoint(connection->peerAddress(), connection->peerPort());
+        const QString peer = QStringLiteral("tcp ")
+            + endpointText(connection->peerAddress(), connection->peerPort());
         connect(connection, &QTcpSocket::readyRead, this,
             [this, connection, reader, peer] { takeBytes(connection, *reader, peer); });
         connect(connection, &QTcpSocket::disconnected, this, [this, connection] {
@@ -128,7 +122,7 @@ void UnitServer::takeDatagrams()
         const QNetworkDatagram datagram = m_udp.receiveDatagram();
         const QHostAddress address = datagram.senderAddress();
         const auto port = static_cast<quint16>(datagram.senderPort());
-        const QString peer = QStringLiteral("udp ") + endpoint(address, port);
+        const QString peer = QStringLiteral("udp ") + endpointText(address, port);
         QString error;
         const std::optional<UnitFrame> request = UnitFrameReader::datagram(datagram.data(), &error);
         if (!request) {
@@ -149,7 +143,7 @@ void UnitServer::sendDatagrams(
     for (const QByteArray& piece : delivery.pieces) {
         if (m_udp.writeDatagram(piece, address, port) < 0)
             emit refused(QStringLiteral("udp %1: a reply of %2 bytes did not go out: %3")
-                             .arg(endpoint(address, port))
+                             .arg(endpointText(address, port))
                              .arg(piece.size())
                              .arg(m_udp.errorString()));
     }

@@ -1,6 +1,7 @@
 #include "unitupgrade.h"
 
 #include "unitaddresses.h"
+#include "unitbytes.h"
 
 #include <QtCore/QtEndian>
 
@@ -12,7 +13,9 @@ namespace {
 
 constexpr int chunkLength = 2048;
 constexpr quint32 addressedImageEnd = 0x10000000;
+constexpr quint32 firstPosition = 0;
 constexpr quint16 startWord = 0x7209;
+constexpr quint16 emptyWord = 0;
 constexpr quint16 command = 2;
 constexpr quint16 addressedTarget = 1;
 constexpr quint16 streamedTarget = 2;
@@ -23,20 +26,6 @@ bool isControlWord(quint32 address)
         Address::upgradeCommand, Address::upgradeSize, Address::upgradeWord,
         Address::upgradeStartWord};
     return std::find(std::begin(words), std::end(words), address) != std::end(words);
-}
-
-QByteArray word16(quint16 value)
-{
-    QByteArray bytes(2, '\0');
-    qToLittleEndian(value, bytes.data());
-    return bytes;
-}
-
-QByteArray word32(quint32 value)
-{
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(value, bytes.data());
-    return bytes;
 }
 
 QString hexAddress(quint32 address)
@@ -93,7 +82,7 @@ UnitUpgrade::Outcome UnitUpgrade::write(quint32 address, const QByteArray& data)
 // The length word opens an upgrade, and once more its second half, with what is left to come.
 bool UnitUpgrade::opensStreamedHalf(const QByteArray& data) const
 {
-    return m_step == StreamedLength && data == word32(streamedSize());
+    return m_step == StreamedLength && data == littleEndian(streamedSize());
 }
 
 UnitUpgrade::Outcome UnitUpgrade::begin(const QByteArray& data)
@@ -175,19 +164,19 @@ UnitUpgrade::Expected UnitUpgrade::expected() const
     switch (m_step) {
     case Position:
     case StreamedPosition:
-        return {Address::upgradePosition, word32(0)};
+        return {Address::upgradePosition, littleEndian(firstPosition)};
     case AddressedCommand:
-        return {Address::upgradeCommand, word16(command) + word16(addressedTarget)};
+        return {Address::upgradeCommand, littleEndian(command) + littleEndian(addressedTarget)};
     case StartWord:
-        return {Address::upgradeStartWord, word16(startWord)};
+        return {Address::upgradeStartWord, littleEndian(startWord)};
     case Word:
-        return {Address::upgradeWord, word16(0)};
+        return {Address::upgradeWord, littleEndian(emptyWord)};
     case StreamedLength:
-        return {Address::upgradeLength, word32(streamedSize())};
+        return {Address::upgradeLength, littleEndian(streamedSize())};
     case StreamedSize:
-        return {Address::upgradeSize, word32(streamedSize())};
+        return {Address::upgradeSize, littleEndian(streamedSize())};
     default:
-        return {Address::upgradeCommand, word16(command) + word16(streamedTarget)};
+        return {Address::upgradeCommand, littleEndian(command) + littleEndian(streamedTarget)};
     }
 }
 

@@ -314,12 +314,18 @@ void TestQuadrelctlUnit::writesTheRemark()
     ControlTool tool;
     const QString memory = tool.path(QStringLiteral("memory"));
     const SimulatorProcess unit({QStringLiteral("--memory"), memory});
-    QByteArray remark = "a remark that nothing else in the memory looks like";
-    const QString file = tool.write(QStringLiteral("image"), remark + image(200, 1));
+    const QByteArray remark = image(90, 1);
+    const QString file = tool.write(QStringLiteral("image"), remark + image(200, 2));
     const ToolResult result = tool.run(
         {QStringLiteral("remark"), unitOption, unit.address(), QStringLiteral("--streamed"), file});
     QCOMPARE(result.errors, QString());
     QCOMPARE(result.exitCode, 0);
+    // The unit saves its memory a moment later, sixteen bytes to a line.
+    QByteArray lines;
+    for (int offset = 0; offset < remark.size(); offset += 16)
+        lines += "182010" + QByteArray::number(offset, 16).rightJustified(2, '0') + ": "
+            + remark.mid(offset, 16).leftJustified(16, '\0').toHex(' ') + '\n';
+    QTRY_VERIFY_WITH_TIMEOUT(ControlTool::contentsOf(memory).contains(lines), 60000);
 
     const ToolResult refused = tool.run({QStringLiteral("remark"), unitOption, unit.address(),
         QStringLiteral("--streamed"), tool.path(QStringLiteral("missing"))});

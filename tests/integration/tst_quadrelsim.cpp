@@ -1,3 +1,4 @@
+#include "../upgradewrites.h"
 #include "controlunit.h"
 #include "unitframe.h"
 #include "unitframereader.h"
@@ -7,12 +8,12 @@
 #include <QtCore/QProcess>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
-#include <QtCore/QtEndian>
 #include <QtNetwork/QNetworkDatagram>
 #include <QtNetwork/QTcpSocket>
 #include <QtNetwork/QUdpSocket>
 #include <QtTest/QtTest>
 
+#include <algorithm>
 #include <csignal>
 
 using namespace QuadrelUnit;
@@ -137,29 +138,11 @@ QStringList words(const char* text)
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-QByteArray word(int value)
-{
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(static_cast<quint32>(value), bytes.data());
-    return bytes;
-}
-
 bool upgrade(Client& client, const QByteArray& streamed, const QByteArray& addressed)
 {
-    constexpr int chunk = 2048;
-    bool isGood = client.write(0x01F00000, word(streamed.size() + addressed.size()))
-        && client.write(0x01F00004, word(0)) && client.write(0x01F0000C, word(addressed.size()))
-        && client.write(0x01F00008, QByteArray::fromHex("02000100"));
-    for (int i = 0; isGood && i < addressed.size(); i += chunk)
-        isGood = client.write(0x06000000 + static_cast<quint32>(i), addressed.mid(i, chunk));
-    isGood = isGood && client.write(0x18200002, QByteArray::fromHex("0972"))
-        && client.write(0x18200000, QByteArray::fromHex("0000"))
-        && client.write(0x01F00000, word(streamed.size())) && client.write(0x01F00004, word(0))
-        && client.write(0x01F0000C, word(streamed.size()))
-        && client.write(0x01F00008, QByteArray::fromHex("02000200"));
-    for (int i = 0; isGood && i < streamed.size(); i += chunk)
-        isGood = client.write(0x18000000, streamed.mid(i, chunk));
-    return isGood;
+    const QList<UpgradeWrite> writes = upgradeWrites(streamed, addressed);
+    return std::all_of(writes.begin(), writes.end(),
+        [&client](const UpgradeWrite& write) { return client.write(write.address, write.data); });
 }
 
 QString imageLine(const char* name, const QByteArray& image)

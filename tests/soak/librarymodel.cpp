@@ -5,9 +5,8 @@
 #include "packagetimetrigger.h"
 #include "packagetrigger.h"
 #include "protocolcreate.h"
+#include "unitbytes.h"
 #include "unitframe.h"
-
-#include <QtCore/QtEndian>
 
 #include <algorithm>
 
@@ -17,21 +16,12 @@ namespace {
 
 QByteArray word16(quint16 value)
 {
-    QByteArray bytes(2, '\0');
-    qToLittleEndian(value, bytes.data());
-    return bytes;
+    return QuadrelUnit::littleEndian(value);
 }
 
 QByteArray word32(int value)
 {
-    QByteArray bytes(4, '\0');
-    qToLittleEndian(value, bytes.data());
-    return bytes;
-}
-
-char bcd(int value)
-{
-    return static_cast<char>(value / 10 * 16 + value % 10);
+    return QuadrelUnit::littleEndian(value);
 }
 
 QString progress(int value, int total)
@@ -414,7 +404,7 @@ bool LibraryModel::sendClock(QString& error)
     QByteArray cell;
     // The input is always well formed: "2026/11/14  06:05:49".
     for (const int position : {2, 5, 8, 12, 15, 18})
-        cell.append(bcd(clock.mid(position, 2).toInt()));
+        cell.append(QuadrelUnit::toBcd(clock.mid(position, 2).toInt()));
     const Exchange& exchange = sendWrite(0x02000011, cell);
     m_signals.append(QStringLiteral("backread:") + clock);
     return wait(exchange, QStringLiteral("同步本地时间"), error);

@@ -44,6 +44,12 @@ constexpr unsigned int maximumEvents = 128;
 constexpr unsigned int maximumTableEntries = 64;
 constexpr int recordsPerWrite = 4;
 constexpr int remarkLength = 90;
+
+constexpr ushort upgradeCommand = 2;
+constexpr ushort addressedImageNumber = 1;
+constexpr ushort streamedImageNumber = 2;
+constexpr ushort upgradeStartWord = 0x7209;
+/** Of all control words of an upgrade, which count for its progress as the images do. */
 constexpr int upgradeControlBytes = 36;
 
 /** Lets `store` put working copies into the selected device's models, and keeps those. */
@@ -647,7 +653,8 @@ bool UnPackage::upgradeDevcie(QString& error)
         return write(upgradeLengthAddress, PackageUpgrade::createLengthPackage(bothLeft()))
             && write(upgradePositionAddress, PackageUpgrade::createPositionPackage(position))
             && write(upgradeSizeAddress, PackageUpgrade::createSizePackage(size))
-            && write(upgradeCommandAddress, PackageUpgrade::createCommandPackage(2, image));
+            && write(
+                upgradeCommandAddress, PackageUpgrade::createCommandPackage(upgradeCommand, image));
     };
     const auto writeImage = [&](QByteArray& image, int& sent, uint address, int step) {
         for (; !image.isEmpty(); address += static_cast<uint>(step)) {
@@ -657,12 +664,12 @@ bool UnPackage::upgradeDevcie(QString& error)
         return true;
     };
 
-    if (!writeControlWords(0, addressedLeft(), 1)
+    if (!writeControlWords(0, addressedLeft(), addressedImageNumber)
         || !writeImage(
             m_addressedImage, m_addressedSent, addressedImageAddress, m_upgradeChunkLength)
-        || !write(upgradeStartAddress, PackageUpgrade::createStartWordPackage(0x7209))
+        || !write(upgradeStartAddress, PackageUpgrade::createStartWordPackage(upgradeStartWord))
         || !write(upgradeWordAddress, PackageUpgrade::createWordPackage(0))
-        || !writeControlWords(addressedLeft(), streamedLeft(), 2)
+        || !writeControlWords(addressedLeft(), streamedLeft(), streamedImageNumber)
         || !writeImage(m_streamedImage, m_streamedSent, streamedImageAddress, 0))
         return false;
     emit signal_updateProgress(tr("重连设备中"));

@@ -107,7 +107,8 @@ public:
     /**
      * Places an upgrade. `first` is the streamed image, whose first 90 bytes are also the remark;
      * past its end the remark is filled with 0. `second` is the addressed image. `name` comes back
-     * with `signal_finshedUpgrade`. A run consumes both images, also one that fails.
+     * with `signal_finshedUpgrade`. A run consumes both images as it sends them: one that fails
+     * leaves the rest, which is of no use to a unit.
      */
     void setUpgradePackage(QByteArray first, QByteArray second, QString name);
 

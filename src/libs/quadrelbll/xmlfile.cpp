@@ -68,6 +68,8 @@ struct TriggerWords {
     const QString io = XmlFile::tr("IO");
     const QString eventOpening = XmlFile::tr("事件(");
     const QString eventClosing = XmlFile::tr(")");
+    // Of an event text these characters are never written, wherever they stand.
+    const QRegExp notWritten{QStringLiteral("[事件()]")};
 
     // The position of a label is the value of its line.
     const QStringList comLabels{
@@ -236,6 +238,65 @@ bool loadSection(const QString& path, const SectionTexts& texts, QDomDocument& d
     return true;
 }
 
+void appendEvent(QDomDocument& document, QDomElement& section, EventInfo event,
+    const EventWords& words, const ProtocolWords& protocolWords)
+{
+    QDomElement record = document.createElement(QStringLiteral("EventInfo"));
+    appendNumber(document, record, QStringLiteral("ID"), event.getEventId());
+    appendValue(document, record, QStringLiteral("EventType"), words.word(event.getEventType()));
+    appendValue(document, record, QStringLiteral("ProtocolType"),
+        protocolWords.word(event.getEventProtocolType()));
+    appendValue(document, record, QStringLiteral("Protocol"), event.getEventProtocal());
+    appendValue(document, record, QStringLiteral("Instruction"), event.getEventInstruction());
+    section.appendChild(record);
+}
+
+// A kind without a word leaves both values out, so that no reader takes the record.
+void appendSelector(
+    QDomDocument& document, QDomElement& record, TriggerInfo& trigger, const TriggerWords& words)
+{
+    if (trigger.getTriggerType() == TriggerInfo::COM) {
+        appendValue(document, record, QStringLiteral("TriggerType"), words.com);
+        appendValue(
+            document, record, QStringLiteral("COM"), words.comLabels.value(trigger.getCOMSelect()));
+    } else if (trigger.getTriggerType() == TriggerInfo::IO) {
+        appendValue(document, record, QStringLiteral("TriggerType"), words.io);
+        appendValue(
+            document, record, QStringLiteral("IO"), words.ioLabels.value(trigger.getIOSelect()));
+    }
+}
+
+void appendTrigger(QDomDocument& document, QDomElement& section, TriggerInfo trigger,
+    const TriggerWords& words, const ProtocolWords& protocolWords)
+{
+    QDomElement record = document.createElement(QStringLiteral("TriggerInfo"));
+    appendSelector(document, record, trigger, words);
+    appendValue(document, record, QStringLiteral("ProtocolType"),
+        protocolWords.word(trigger.getTriggerProtocolType()));
+    appendValue(document, record, QStringLiteral("Protocol"), trigger.getTriggerParameter());
+    appendValue(document, record, QStringLiteral("Instruction"), trigger.getTriggerInstruction());
+    appendValue(document, record, QStringLiteral("Event"),
+        trigger.getTriggerEvent().replace(words.notWritten, QString()));
+    section.appendChild(record);
+}
+
+void appendPort(QDomDocument& document, QDomElement& section, ComInfo port)
+{
+    QDomElement record = document.createElement(QStringLiteral("COM"));
+    appendNumber(document, record, QStringLiteral("BaudRate"), port.getBaudRate());
+    appendNumber(document, record, QStringLiteral("DataBits"), port.getDataBits());
+    appendNumber(document, record, QStringLiteral("StopBits"), port.getStopBits());
+    appendNumber(document, record, QStringLiteral("InspectionType"), port.getInspectionType());
+    section.appendChild(record);
+}
+
+void appendLine(QDomDocument& document, QDomElement& section, IOType line)
+{
+    QDomElement record = document.createElement(QStringLiteral("IO"));
+    appendNumber(document, record, QStringLiteral("Model"), line);
+    section.appendChild(record);
+}
+
 EventInfo eventFrom(
     const QDomNode& record, const EventWords& words, const ProtocolWords& protocolWords)
 {
@@ -250,7 +311,7 @@ EventInfo eventFrom(
     return event;
 }
 
-void readLine(const QDomNode& record, const TriggerWords& words, TriggerInfo& trigger)
+void readSelector(const QDomNode& record, const TriggerWords& words, TriggerInfo& trigger)
 {
     const QString kind = textOf(record, QStringLiteral("TriggerType"));
     if (kind == words.com) {
@@ -279,7 +340,7 @@ TriggerInfo triggerFrom(
     const QDomNode& record, const TriggerWords& words, const ProtocolWords& protocolWords)
 {
     TriggerInfo trigger;
-    readLine(record, words, trigger);
+    readSelector(record, words, trigger);
     trigger.setTriggerProtocolType(protocolWords.isHex(
         textOf(record, QStringLiteral("ProtocolType")), trigger.getTriggerProtocolType()));
     trigger.setTriggerParameter(textOf(record, QStringLiteral("Protocol")));
@@ -333,19 +394,9 @@ bool XmlFile::writeEventXmlFile(const QString& path, EventModel model, bool appe
     const auto fill = [&model](QDomDocument& document, QDomElement& section) {
         const EventWords words;
         const ProtocolWords protocolWords;
-        for (int i = 0; i < model.size(); ++i) {
-            EventInfo event = model.at(i);
-            QDomElement record = document.createElement(QStringLiteral("EventInfo"));
-            appendNumber(document, record, QStringLiteral("ID"), event.getEventId());
-            appendValue(
-                document, record, QStringLiteral("EventType"), words.word(event.getEventType()));
-            appendValue(document, record, QStringLiteral("ProtocolType"),
-                protocolWords.word(event.getEventProtocolType()));
-            appendValue(document, record, QStringLiteral("Protocol"), event.getEventProtocal());
-            appendValue(
-                document, record, QStringLiteral("Instruction"), event.getEventInstruction());
-            section.appendChild(record);
-        }
+        const QList<EventInfo> events = model.getEventInfo();
+        for (const EventInfo& event : events)
+            appendEvent(document, section, event, words, protocolWords);
     };
     return writeSection(path, append, QStringLiteral("Events"), fill);
 }
@@ -384,29 +435,9 @@ bool XmlFile::writeTriggerXmlFile(const QString& path, TriggerModel model, bool 
     const auto fill = [&model](QDomDocument& document, QDomElement& section) {
         const TriggerWords words;
         const ProtocolWords protocolWords;
-        const QRegExp removed(QStringLiteral("[事件()]"));
-        for (int i = 0; i < model.size(); ++i) {
-            TriggerInfo trigger = model.at(i);
-            QDomElement record = document.createElement(QStringLiteral("TriggerInfo"));
-            if (trigger.getTriggerType() == TriggerInfo::COM) {
-                appendValue(document, record, QStringLiteral("TriggerType"), words.com);
-                appendValue(document, record, QStringLiteral("COM"),
-                    words.comLabels.value(trigger.getCOMSelect()));
-            } else if (trigger.getTriggerType() == TriggerInfo::IO) {
-                appendValue(document, record, QStringLiteral("TriggerType"), words.io);
-                appendValue(document, record, QStringLiteral("IO"),
-                    words.ioLabels.value(trigger.getIOSelect()));
-            }
-            appendValue(document, record, QStringLiteral("ProtocolType"),
-                protocolWords.word(trigger.getTriggerProtocolType()));
-            appendValue(
-                document, record, QStringLiteral("Protocol"), trigger.getTriggerParameter());
-            appendValue(
-                document, record, QStringLiteral("Instruction"), trigger.getTriggerInstruction());
-            appendValue(document, record, QStringLiteral("Event"),
-                trigger.getTriggerEvent().replace(removed, QString()));
-            section.appendChild(record);
-        }
+        const QList<TriggerInfo> triggers = model.getTriggerInfo();
+        for (const TriggerInfo& trigger : triggers)
+            appendTrigger(document, section, trigger, words, protocolWords);
     };
     return writeSection(path, append, QStringLiteral("Triggers"), fill);
 }
@@ -441,22 +472,11 @@ bool XmlFile::writeConfigXmlFile(const QString& path, SystemModel model, bool ap
 {
     const auto fill = [&model](QDomDocument& document, QDomElement& section) {
         const QList<ComInfo> ports = model.getComInfo();
-        for (int i = 0; i < ports.size(); ++i) {
-            ComInfo port = ports.at(i);
-            QDomElement record = document.createElement(QStringLiteral("COM"));
-            appendNumber(document, record, QStringLiteral("BaudRate"), port.getBaudRate());
-            appendNumber(document, record, QStringLiteral("DataBits"), port.getDataBits());
-            appendNumber(document, record, QStringLiteral("StopBits"), port.getStopBits());
-            appendNumber(
-                document, record, QStringLiteral("InspectionType"), port.getInspectionType());
-            section.appendChild(record);
-        }
+        for (const ComInfo& port : ports)
+            appendPort(document, section, port);
         const QList<IOType> lines = model.getIOType();
-        for (const IOType line : lines) {
-            QDomElement record = document.createElement(QStringLiteral("IO"));
-            appendNumber(document, record, QStringLiteral("Model"), line);
-            section.appendChild(record);
-        }
+        for (const IOType line : lines)
+            appendLine(document, section, line);
     };
     return writeSection(path, append, QStringLiteral("Configs"), fill);
 }

@@ -32,14 +32,14 @@ QString describeDifference(qint64 seconds)
 {
     if (seconds == 0)
         return Tool::tr("the same as this machine's");
+    constexpr qint64 secondsPerDay = 86400;
     const qint64 amount = std::abs(seconds);
-    const QString length = amount < 86400
-        ? QTime(0, 0).addSecs(static_cast<int>(amount)).toString(QStringLiteral("hh:mm:ss"))
-        : Tool::tr("%1 days %2")
-              .arg(QString::number(amount / 86400),
-                  QTime(0, 0)
-                      .addSecs(static_cast<int>(amount % 86400))
-                      .toString(QStringLiteral("hh:mm:ss")));
+    const qint64 days = amount / secondsPerDay;
+    const QString time = QTime(0, 0)
+                             .addSecs(static_cast<int>(amount % secondsPerDay))
+                             .toString(QStringLiteral("hh:mm:ss"));
+    const QString length =
+        days == 0 ? time : Tool::tr("%1 days %2").arg(QString::number(days), time);
     return (
         seconds > 0 ? Tool::tr("%1 ahead of this machine's") : Tool::tr("%1 behind this machine's"))
         .arg(length);

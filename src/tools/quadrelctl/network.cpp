@@ -6,6 +6,22 @@
 #include "table.h"
 #include "tool.h"
 
+namespace {
+
+void showChange(DeviceModel& device, const NetworkOptions& options)
+{
+    const QString dhcp = device.getDHCPModel() ? Tool::tr("yes") : Tool::tr("no");
+    Table table({QString(), Tool::tr("Old"), Tool::tr("New")});
+    table.addRow({Tool::tr("DHCP"), dhcp, Tool::tr("no")});
+    table.addRow({Tool::tr("Address"), device.getIP(), options.ip});
+    table.addRow({Tool::tr("Mask"), device.getSubMask(), options.mask});
+    table.addRow({Tool::tr("Gateway"), device.getGateWay(), options.gateway});
+    Console::print(table.toText());
+    Console::flush();
+}
+
+} // namespace
+
 void runNetwork(const NetworkOptions& options)
 {
     const QString fault = networkFault(options.ip, options.mask, options.gateway);
@@ -18,15 +34,7 @@ void runNetwork(const NetworkOptions& options)
     Session session(options.unit);
     session.readDevice();
     DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
-    const QString dhcp = device.getDHCPModel() ? Tool::tr("yes") : Tool::tr("no");
-    Table table({QString(), Tool::tr("Old"), Tool::tr("New")});
-    table.addRow({Tool::tr("DHCP"), dhcp, Tool::tr("no")});
-    table.addRow({Tool::tr("Address"), device.getIP(), options.ip});
-    table.addRow({Tool::tr("Mask"), device.getSubMask(), options.mask});
-    table.addRow({Tool::tr("Gateway"), device.getGateWay(), options.gateway});
-    Console::print(table.toText());
-    Console::flush();
-
+    showChange(device, options);
     if (!options.yes && !Console::confirm(Tool::tr("Give the unit the new address?")))
         throw CommandFailure{Tool::tr("nothing was changed")};
     session.sendNetwork(device.getIP(), options.ip, options.mask, options.gateway);

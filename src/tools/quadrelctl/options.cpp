@@ -19,7 +19,7 @@ QString toText(const std::string& argument)
     return QFile::decodeName(QByteArray::fromStdString(argument));
 }
 
-/** An option whose argument is stored as text, once `check` has found no fault with it. */
+/** An option whose argument goes to `store` as text, once the option's checks have passed it. */
 template <typename Store>
 CLI::Option* addText(CLI::App* app, const char* name, const QString& help, Store store)
 {
@@ -66,6 +66,13 @@ CLI::Option* addUnit(CLI::App* app, UnitAddress& unit)
         ->type_name("ADDRESS")
         ->check(accept(isAddress,
             Tool::tr("\"%1\" is no address of a unit: tcp://HOST:PORT or udp://HOST:PORT")));
+}
+
+void addStreamedImage(CLI::App* app, QString& target)
+{
+    addFile(app, "--streamed", Tool::tr("The streamed image, whose first 90 bytes are the remark"),
+        target)
+        ->required();
 }
 
 void addJson(CLI::App* app, bool& json)
@@ -246,11 +253,7 @@ void addUpgrade(CLI::App& app, CommandLine& line)
         app, line, "upgrade", Tool::tr("Replace a unit's firmware"), runUpgrade);
     UpgradeOptions& options = *upgrade.options;
     addUnit(upgrade.app, options.unit)->required();
-    addFile(upgrade.app, "--streamed",
-        Tool::tr("The streamed image, whose first 90 bytes are the "
-                 "remark"),
-        options.streamedFile)
-        ->required();
+    addStreamedImage(upgrade.app, options.streamedFile);
     addFile(upgrade.app, "--addressed", Tool::tr("The addressed image"), options.addressedFile)
         ->required();
     addFile(upgrade.app, "--descriptor", Tool::tr("The upgrade's descriptor, to be shown"),
@@ -262,11 +265,7 @@ void addRemark(CLI::App& app, CommandLine& line)
     const Subcommand<RemarkOptions> remark(
         app, line, "remark", Tool::tr("Write the remark of an image to a unit"), runRemark);
     addUnit(remark.app, remark.options->unit)->required();
-    addFile(remark.app, "--streamed",
-        Tool::tr("The streamed image, whose first 90 bytes are the "
-                 "remark"),
-        remark.options->streamedFile)
-        ->required();
+    addStreamedImage(remark.app, remark.options->streamedFile);
 }
 
 void addDiscover(CLI::App& app, CommandLine& line)

@@ -1,5 +1,6 @@
 #include "simulator.h"
 
+#include "unitendpoint.h"
 #include "unitsample.h"
 
 #include <QtCore/QCryptographicHash>
@@ -19,14 +20,6 @@ void printLine(FILE* stream, const QString& line)
 void tell(const QString& text)
 {
     printLine(stderr, QStringLiteral("quadrelsim: ") + text);
-}
-
-QString endpoint(const QHostAddress& address, quint16 port)
-{
-    const bool isV6 = address.protocol() == QAbstractSocket::IPv6Protocol;
-    return QString(isV6 ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2"))
-        .arg(address.toString())
-        .arg(port);
 }
 
 QString imageLine(const char* name, const QByteArray& image)
@@ -76,12 +69,12 @@ bool Simulator::start()
     }
     if (m_options.answersSearches && !openDiscovery())
         return false;
-    printLine(
-        stdout, QStringLiteral("listening on ") + endpoint(m_server.address(), m_server.port()));
+    printLine(stdout,
+        QStringLiteral("listening on ") + endpointText(m_server.address(), m_server.port()));
     if (m_options.answersSearches)
         printLine(stdout,
             QStringLiteral("answering searches on ")
-                + endpoint(m_options.discoveryAddress, m_discovery.port()));
+                + endpointText(m_options.discoveryAddress, m_discovery.port()));
     return true;
 }
 
