@@ -1180,6 +1180,9 @@ void TestXmlFile::messagesAreTranslated_data()
     QTest::newRow("descriptor, empty root")
         << Kind::Descriptor << project("") << "文件中无触发数据！";
     QTest::newRow("too deep") << Kind::Descriptor << deep << "XML嵌套层数过多！";
+    const QString large = "<!DOCTYPE a [<!ENTITY e '" + QString(4000, 'x') + "'>]><a>"
+        + QString("&e;").repeated(100) + "</a>";
+    QTest::newRow("too large") << Kind::Descriptor << large.toUtf8() << "XML实体过大！";
 }
 
 void TestXmlFile::messagesAreTranslated()

@@ -372,6 +372,10 @@
         <translation>The XML is nested too deeply!</translation>
     </message>
     <message>
+        <source>XML实体过大！</source>
+        <translation>The entities of the XML are too large!</translation>
+    </message>
+    <message>
         <source>打开文件失败！</source>
         <translation>The file could not be opened!</translation>
     </message>

@@ -9,7 +9,7 @@
 
 #include <functional>
 
-#include "xmldepthguard.h"
+#include "guardedxml.h"
 
 namespace {
 
@@ -142,7 +142,8 @@ bool openFile(QFile& file, QIODevice::OpenMode mode)
 
 bool parse(QDomDocument& document, QFile& file, QString* error)
 {
-    return setContentGuarded(document, file, XmlFile::tr("XML嵌套层数过多！"), error);
+    return setContentGuarded(
+        document, file, {XmlFile::tr("XML嵌套层数过多！"), XmlFile::tr("XML实体过大！")}, error);
 }
 
 QDomElement appendFrame(QDomDocument& document)

@@ -29,9 +29,9 @@
  * held is lost as soon as it could be opened. With `append` true the file is parsed first; its
  * root, its encoding and its other sections stay as they are, and a second section of one name can
  * be added, which no reader will ever see. A writer returns false, without a reason, when the file
- * cannot be opened and, with `append` true, when it is not well-formed XML or is nested deeper than
- * 1,000 levels; then the file is as it was. It tests neither the model nor whether the disk took
- * the text.
+ * cannot be opened and, with `append` true, when it is not well-formed XML or exceeds a
+ * limit that a reader has; then the file is as it was. It tests neither the model nor whether the
+ * disk took the text.
  *
  * **What a reader does.** It accepts any well-formed XML that has the section as a child of the
  * root, whatever the root is called, and takes the first section of that name. On success it
@@ -40,6 +40,8 @@
  *
  * - "打开文件失败！": the file cannot be opened
  * - "XML嵌套层数过多！": the elements are nested deeper than 1,000 levels, the root being level 1
+ * - "XML实体过大！": the file declares more than 256 entities, or they can make its text longer by
+ *   more than 250,000 characters
  * - the XML parser's message: the file is not well-formed XML
  * - "XML节点为空！": the parsed document is null
  *

@@ -4,9 +4,11 @@
 #include <QtTest/QtTest>
 #include <QtXml/QDomDocument>
 
-#include "xmldepthguard.h"
+#include "guardedxml.h"
 
 namespace {
+
+const RefusalTexts texts = {QStringLiteral("too deep"), QStringLiteral("too large")};
 
 struct Parse {
     bool parsed = false;
@@ -28,7 +30,7 @@ Parse guarded(QByteArray bytes)
     buffer.open(QIODevice::ReadOnly);
     QDomDocument document;
     Parse parse;
-    parse.parsed = setContentGuarded(document, buffer, QStringLiteral("too deep"), &parse.error);
+    parse.parsed = setContentGuarded(document, buffer, texts, &parse.error);
     if (parse.parsed)
         parse.text = textOf(document);
     return parse;
@@ -66,7 +68,7 @@ QByteArray withType(const QByteArray& declarations, const QByteArray& document)
 
 } // namespace
 
-class TestXmlDepthGuard : public QObject {
+class TestGuardedXml : public QObject {
     Q_OBJECT
 
 private slots:
@@ -80,12 +82,16 @@ private slots:
     void countsNoParenthesesOutsideTheProlog();
     void endsEntityBombs_data();
     void endsEntityBombs();
+    void refusesTooLarge_data();
+    void refusesTooLarge();
+    void acceptsTheLargest_data();
+    void acceptsTheLargest();
     void leavesErrorAloneOnSuccess();
     void takesNoErrorText();
     void parsesAnOpenTextFile();
 };
 
-void TestXmlDepthGuard::parsesLikeTheDom_data()
+void TestGuardedXml::parsesLikeTheDom_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<bool>("wellFormed");
@@ -158,7 +164,7 @@ void TestXmlDepthGuard::parsesLikeTheDom_data()
     QTest::newRow("open type") << QByteArray("<!DOCTYPE a [<!ELEMENT a (b") << false;
 }
 
-void TestXmlDepthGuard::parsesLikeTheDom()
+void TestGuardedXml::parsesLikeTheDom()
 {
     QFETCH(const QByteArray, bytes);
     QFETCH(const bool, wellFormed);
@@ -172,7 +178,7 @@ void TestXmlDepthGuard::parsesLikeTheDom()
     QCOMPARE(actual.error, expected.error);
 }
 
-void TestXmlDepthGuard::refusesTooDeep_data()
+void TestGuardedXml::refusesTooDeep_data()
 {
     QTest::addColumn<QByteArray>("bytes");
 
@@ -217,7 +223,7 @@ void TestXmlDepthGuard::refusesTooDeep_data()
         << withType("<!ENTITY % p '<!ELEMENT a ('>%p;" + QByteArray("(").repeated(million), "<a/>");
 }
 
-void TestXmlDepthGuard::refusesTooDeep()
+void TestGuardedXml::refusesTooDeep()
 {
     QFETCH(const QByteArray, bytes);
 
@@ -227,7 +233,7 @@ void TestXmlDepthGuard::refusesTooDeep()
     QCOMPARE(parse.error, QStringLiteral("too deep"));
 }
 
-void TestXmlDepthGuard::acceptsTheDeepest_data()
+void TestGuardedXml::acceptsTheDeepest_data()
 {
     QTest::addColumn<QByteArray>("bytes");
 
@@ -245,7 +251,7 @@ void TestXmlDepthGuard::acceptsTheDeepest_data()
         << withType(QByteArray("<!ELEMENT a ((b),(c))>").repeated(2000), "<a/>");
 }
 
-void TestXmlDepthGuard::acceptsTheDeepest()
+void TestGuardedXml::acceptsTheDeepest()
 {
     QFETCH(const QByteArray, bytes);
 
@@ -257,7 +263,7 @@ void TestXmlDepthGuard::acceptsTheDeepest()
     QCOMPARE(actual.text, expected.text);
 }
 
-void TestXmlDepthGuard::countsNoParenthesesOutsideTheProlog_data()
+void TestGuardedXml::countsNoParenthesesOutsideTheProlog_data()
 {
     QTest::addColumn<QByteArray>("bytes");
 
@@ -272,7 +278,7 @@ void TestXmlDepthGuard::countsNoParenthesesOutsideTheProlog_data()
     }
 }
 
-void TestXmlDepthGuard::countsNoParenthesesOutsideTheProlog()
+void TestGuardedXml::countsNoParenthesesOutsideTheProlog()
 {
     QFETCH(const QByteArray, bytes);
 
@@ -284,7 +290,7 @@ void TestXmlDepthGuard::countsNoParenthesesOutsideTheProlog()
     QCOMPARE(actual.text, expected.text);
 }
 
-void TestXmlDepthGuard::endsEntityBombs_data()
+void TestGuardedXml::endsEntityBombs_data()
 {
     QTest::addColumn<QByteArray>("declarations");
 
@@ -300,7 +306,7 @@ void TestXmlDepthGuard::endsEntityBombs_data()
         "<!ENTITY % p '(((('><!ENTITY % q '%p;%p;'><!ENTITY % r '<!ELEMENT a %q;'>%r;");
 }
 
-void TestXmlDepthGuard::endsEntityBombs()
+void TestGuardedXml::endsEntityBombs()
 {
     QFETCH(const QByteArray, declarations);
     const QByteArray bytes = withType(declarations, "<a>&bomb;</a>");
@@ -313,7 +319,102 @@ void TestXmlDepthGuard::endsEntityBombs()
     QCOMPARE(actual.error, expected.error);
 }
 
-void TestXmlDepthGuard::leavesErrorAloneOnSuccess()
+void TestGuardedXml::refusesTooLarge_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    const QByteArray longText(4000, 'x');
+    const QByteArray references = QByteArray("&e;").repeated(20000);
+    const auto row = [](const char* name, const QByteArray& entity, const QByteArray& document) {
+        QTest::newRow(name) << withType("<!ENTITY e '" + entity + "'>", document);
+    };
+    const QByteArray manyReferences = "<a>" + references + "</a>";
+    row("text", longText, manyReferences);
+    row("text of a section", "<![CDATA[" + longText + "]]>", manyReferences);
+    row("comments", QByteArray("<!---->").repeated(500), manyReferences);
+    row("instructions", QByteArray("<?p?>").repeated(700), manyReferences);
+    row("elements", QByteArray("<b/>").repeated(1000), manyReferences);
+    row("attributes", QByteArray("<b c=\"\"/>").repeated(400), manyReferences);
+    row("text of attributes", longText, "<a b='" + references + "'/>");
+    row("text of many attributes", longText,
+        "<r>" + QByteArray("<a b='&e;'/>").repeated(20000) + "</r>");
+    row("never closed", longText, "<a>" + references);
+
+    row("behind entities of entities", "&f;'><!ENTITY f '" + longText, manyReferences);
+    row("references made of character references", "&#38;f;'><!ENTITY f '" + longText,
+        manyReferences);
+    QTest::newRow("defaults of attributes") << withType(
+        "<!ENTITY e '" + longText + "'>" + QByteArray("<!ATTLIST a b CDATA '&e;'>").repeated(20000),
+        "<a/>");
+    QTest::newRow("one reference too many")
+        << withType("<!ENTITY e '" + QByteArray(1000, 'x') + "'>",
+               "<a>" + QByteArray(1024, ' ') + QByteArray("&e;").repeated(251) + "</a>");
+    for (const char* ampersand : {"&", "&#38;"}) {
+        QByteArray declarations;
+        for (int i = 30; i > 0; --i) {
+            const QByteArray next = ampersand + QByteArray("e") + QByteArray::number(i - 1) + ";";
+            declarations += "<!ENTITY e" + QByteArray::number(i) + " '" + next.repeated(40) + "'>";
+        }
+        QTest::addRow("entities of later entities by %s", ampersand)
+            << withType(declarations + "<!ENTITY e0 'xxx'>", "<a>&e30;</a>");
+    }
+
+    QTest::newRow("an entity of one that refers to a later one")
+        << withType("<!ENTITY e '" + QByteArray("&f;").repeated(40) + "'><!ENTITY f '"
+                   + QByteArray(90, 'x') + "'><!ENTITY g '" + QByteArray("&e;").repeated(40) + "'>",
+               "<a>&g;</a>");
+
+    QByteArray entities;
+    for (int i = 0; i < 20000; ++i)
+        entities += "<!ENTITY e" + QByteArray::number(i) + " ''>";
+    QTest::newRow("many entities") << withType(entities, "<a/>");
+}
+
+void TestGuardedXml::refusesTooLarge()
+{
+    QFETCH(const QByteArray, bytes);
+
+    const Parse parse = guarded(bytes);
+
+    QVERIFY(!parse.parsed);
+    QCOMPARE(parse.error, QStringLiteral("too large"));
+}
+
+void TestGuardedXml::acceptsTheLargest_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    QTest::newRow("text of entities") << withType("<!ENTITY e '" + QByteArray(1000, 'x') + "'>",
+        "<a>" + QByteArray("&e;").repeated(250) + "</a>");
+    QByteArray entities;
+    for (int i = 0; i < 256; ++i)
+        entities += "<!ENTITY e" + QByteArray::number(i) + " 'x'>";
+    QTest::newRow("entities") << withType(entities, "<a>&e0;&e255;</a>");
+    QTest::newRow("an entity of later entities")
+        << withType("<!ENTITY e '" + QByteArray("&f;&#38;f;").repeated(20) + "'><!ENTITY f '"
+                   + QByteArray(90, 'x') + "'><!ENTITY f '" + QByteArray(4000, 'y') + "'>",
+               "<a>&e;</a>");
+    QTest::newRow("references without entities")
+        << "<a>" + QByteArray("&lt;").repeated(300000) + "</a>";
+    QTest::newRow("percent signs") << withType(
+        "<!ENTITY e '" + QByteArray(4000, 'x') + "'>", "<a>&e;" + QByteArray(100000, '%') + "</a>");
+    // A text that no entity makes larger has no limit.
+    QTest::newRow("text") << "<a>" + QByteArray(1000000, 'x') + "</a>";
+}
+
+void TestGuardedXml::acceptsTheLargest()
+{
+    QFETCH(const QByteArray, bytes);
+
+    const Parse expected = plain(bytes);
+    const Parse actual = guarded(bytes);
+
+    QVERIFY(expected.parsed);
+    QCOMPARE(actual.error, QString());
+    QCOMPARE(actual.text, expected.text);
+}
+
+void TestGuardedXml::leavesErrorAloneOnSuccess()
 {
     QByteArray bytes("<a b='&e;'/>");
     QBuffer buffer(&bytes);
@@ -321,21 +422,21 @@ void TestXmlDepthGuard::leavesErrorAloneOnSuccess()
     QDomDocument document;
     QString error = QStringLiteral("before");
 
-    QVERIFY(setContentGuarded(document, buffer, QStringLiteral("too deep"), &error));
+    QVERIFY(setContentGuarded(document, buffer, texts, &error));
     QCOMPARE(error, QStringLiteral("before"));
 }
 
-void TestXmlDepthGuard::takesNoErrorText()
+void TestGuardedXml::takesNoErrorText()
 {
     QByteArray bytes = nested(1001);
     QBuffer buffer(&bytes);
     QVERIFY(buffer.open(QIODevice::ReadOnly));
     QDomDocument document;
 
-    QVERIFY(!setContentGuarded(document, buffer, QStringLiteral("too deep"), nullptr));
+    QVERIFY(!setContentGuarded(document, buffer, texts, nullptr));
 }
 
-void TestXmlDepthGuard::parsesAnOpenTextFile()
+void TestGuardedXml::parsesAnOpenTextFile()
 {
     const QByteArray bytes = "<a>\r\n<b c='&e;'>x\r\ny</b>\r\n</a>";
     QTemporaryFile file;
@@ -346,7 +447,7 @@ void TestXmlDepthGuard::parsesAnOpenTextFile()
     QFile guardedFile(file.fileName());
     QVERIFY(guardedFile.open(QIODevice::ReadOnly | QIODevice::Text));
     QDomDocument guardedDocument;
-    QVERIFY(setContentGuarded(guardedDocument, guardedFile, QString(), nullptr));
+    QVERIFY(setContentGuarded(guardedDocument, guardedFile, texts, nullptr));
 
     QFile plainFile(file.fileName());
     QVERIFY(plainFile.open(QIODevice::ReadOnly | QIODevice::Text));
@@ -356,5 +457,5 @@ void TestXmlDepthGuard::parsesAnOpenTextFile()
     QCOMPARE(textOf(guardedDocument), textOf(plainDocument));
 }
 
-QTEST_APPLESS_MAIN(TestXmlDepthGuard)
-#include "tst_xmldepthguard.moc"
+QTEST_APPLESS_MAIN(TestGuardedXml)
+#include "tst_guardedxml.moc"

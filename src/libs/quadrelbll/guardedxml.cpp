@@ -1,6 +1,8 @@
-#include "xmldepthguard.h"
+#include "guardedxml.h"
 
+#include <QtCore/QHash>
 #include <QtCore/QIODevice>
+#include <QtCore/QStringList>
 #include <QtXml/QDomDocument>
 #include <QtXml/QXmlSimpleReader>
 
@@ -55,21 +57,119 @@ private:
     int m_count = 0;
 };
 
-/** Stands between the parser and the DOM's own handler, and stops the parser at a level too deep.
- */
-class DepthGuard : public QXmlContentHandler, public QXmlDeclHandler {
+/** The declared entities, and what they come to with all that they refer to. */
+class Entities {
 public:
+    int count() const { return m_values.size(); }
+
+    void declare(const QString& name, const QString& value)
+    {
+        // The first declaration of a name is the one that counts.
+        if (!m_values.contains(name))
+            m_values.insert(name, value);
+        const QStringList references = referencesIn(value);
+        for (const QString& reference : references)
+            m_refersAhead = m_refersAhead || !m_values.contains(reference);
+    }
+
+    /** Whether one refers to what was not declared before it. */
+    bool refersAhead() const { return m_refersAhead; }
+
+    int largestSize() const
+    {
+        Sizes sizes;
+        int largest = 0;
+        for (auto entity = m_values.begin(); entity != m_values.end(); ++entity)
+            largest = qMax(largest, sizeOf(entity.key(), sizes));
+        return largest;
+    }
+
+private:
+    using Sizes = QHash<QString, int>;
+
+    static QStringList referencesIn(const QString& value)
+    {
+        QStringList names;
+        int start = value.indexOf(QLatin1Char('&'));
+        while (start >= 0) {
+            const int end = value.indexOf(QLatin1Char(';'), start);
+            names.append(value.mid(start + 1, end - start - 1));
+            start = value.indexOf(QLatin1Char('&'), start + 1);
+        }
+        return names;
+    }
+
+    /** At most maximumXmlGrowth, so that no sum overflows. */
+    int sizeOf(const QString& name, Sizes& known) const
+    {
+        if (known.contains(name))
+            return known.value(name);
+        // What a circle comes to is not asked: the parser refuses it.
+        known.insert(name, 0);
+        const QString value = m_values.value(name);
+        const QStringList references = referencesIn(value);
+        int size = value.size();
+        for (const QString& reference : references)
+            size = qMin(size + sizeOf(reference, known), maximumXmlGrowth);
+        known.insert(name, size);
+        return size;
+    }
+
+    QHash<QString, QString> m_values;
+    bool m_refersAhead = false;
+};
+
+/**
+ * Adds up the most by which entities can make the document larger. The parser gathers a text whole
+ * before it hands it on, so that the references have to be counted before it meets them.
+ */
+class EntityGrowth {
+public:
+    /** False when there are too many entities, or one is too large and the parser may not see it.
+     */
+    bool declare(const QString& name, const QString& value)
+    {
+        m_entities.declare(name, value);
+        m_growth += value.size();
+        m_largest = m_entities.largestSize();
+        const bool isTooLarge = m_entities.refersAhead() && m_largest > maximumXmlEntitySize;
+        return !isTooLarge && m_entities.count() <= maximumXmlEntities
+            && m_growth <= maximumXmlGrowth;
+    }
+
+    /** False when so many references can make too much of the document. */
+    bool accept(int references)
+    {
+        m_growth += qint64(references) * m_largest;
+        return m_growth <= maximumXmlGrowth;
+    }
+
+private:
+    Entities m_entities;
+    int m_largest = 0;
+    qint64 m_growth = 0;
+};
+
+/** Stands between the parser and the DOM's own handler, and stops the parser at the limits. */
+class ParserGuard : public QXmlContentHandler, public QXmlDeclHandler {
+public:
+    enum class Refusal { None, TooDeep, TooLarge };
+
     void setContentHandler(QXmlContentHandler* handler) { m_content = handler; }
     void setDeclHandler(QXmlDeclHandler* handler) { m_decl = handler; }
 
-    bool isBeforeRoot() const { return m_beforeRoot; }
     bool sawSkippedEntity() const { return m_sawSkippedEntity; }
-    bool refused() const { return m_refused; }
+    Refusal refusal() const { return m_refusal; }
 
-    bool refuse()
+    /** Before the parser gets a piece of the text, which may end the document here. */
+    bool accept(const QString& piece)
     {
-        m_refused = true;
-        return false;
+        if (m_beforeRoot && !m_parentheses.accept(piece))
+            return refuse(Refusal::TooDeep);
+        const int parameters = m_beforeRoot ? piece.count(QLatin1Char('%')) : 0;
+        if (!m_growth.accept(piece.count(QLatin1Char('&')) + parameters))
+            return refuse(Refusal::TooLarge);
+        return m_refusal == Refusal::None;
     }
 
     void setDocumentLocator(QXmlLocator* locator) override
@@ -102,7 +202,7 @@ public:
     {
         m_beforeRoot = false;
         if (++m_depth > maximumXmlDepth)
-            return refuse();
+            return refuse(Refusal::TooDeep);
         return m_content->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
 
@@ -132,11 +232,14 @@ public:
         return m_decl->attributeDecl(elementName, attributeName, type, valueDefault, value);
     }
 
-    // Character references can hide the parentheses of a parameter entity from the source's count.
     bool internalEntityDecl(const QString& name, const QString& value) override
     {
+        // Character references can hide the parentheses of a parameter entity from the source's
+        // count.
         if (!OpenParentheses().accept(value))
-            return refuse();
+            return refuse(Refusal::TooDeep);
+        if (!m_growth.declare(name, value))
+            return refuse(Refusal::TooLarge);
         return m_decl->internalEntityDecl(name, value);
     }
 
@@ -149,19 +252,26 @@ public:
     QString errorString() const override { return m_content->errorString(); }
 
 private:
+    bool refuse(Refusal refusal)
+    {
+        m_refusal = refusal;
+        return false;
+    }
+
     QXmlContentHandler* m_content = nullptr;
     QXmlDeclHandler* m_decl = nullptr;
+    OpenParentheses m_parentheses;
+    EntityGrowth m_growth;
     int m_depth = 0;
     bool m_beforeRoot = true;
     bool m_sawSkippedEntity = false;
-    bool m_refused = false;
+    Refusal m_refusal = Refusal::None;
 };
 
-/** Ends the document early when a content model is nested too deep; models stand before the root.
- */
+/** Shows the guard each piece of the text, and ends the document early when it refuses one. */
 class GuardedSource : public QXmlInputSource {
 public:
-    GuardedSource(QIODevice& device, DepthGuard& guard)
+    GuardedSource(QIODevice& device, ParserGuard& guard)
         : QXmlInputSource(&device)
         , m_guard(guard)
     {
@@ -172,20 +282,17 @@ public:
     // The parser gets the device's text in pieces of about 1 KB, and each of them passes here.
     void setData(const QString& piece) override
     {
-        if (m_guard.isBeforeRoot() && !m_parentheses.accept(piece))
-            m_guard.refuse();
-        QXmlInputSource::setData(m_guard.refused() ? QString() : piece);
+        QXmlInputSource::setData(m_guard.accept(piece) ? piece : QString());
     }
 
 private:
-    DepthGuard& m_guard;
-    OpenParentheses m_parentheses;
+    ParserGuard& m_guard;
 };
 
 /** A reader set up as the DOM sets up its own, which puts the guard before the DOM's handler. */
 class GuardedReader : public QXmlSimpleReader {
 public:
-    explicit GuardedReader(DepthGuard& guard)
+    explicit GuardedReader(ParserGuard& guard)
         : m_guard(guard)
     {
         setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
@@ -208,22 +315,27 @@ public:
     }
 
 private:
-    DepthGuard& m_guard;
+    ParserGuard& m_guard;
 };
+
+QString textOf(ParserGuard::Refusal refusal, const RefusalTexts& texts)
+{
+    return refusal == ParserGuard::Refusal::TooDeep ? texts.tooDeep : texts.tooLarge;
+}
 
 } // namespace
 
 bool setContentGuarded(
-    QDomDocument& document, QIODevice& device, const QString& tooDeep, QString* error)
+    QDomDocument& document, QIODevice& device, const RefusalTexts& texts, QString* error)
 {
-    DepthGuard guard;
+    ParserGuard guard;
     GuardedSource source(device, guard);
     GuardedReader reader(guard);
     int line = 0;
     int column = 0;
     if (!document.setContent(&source, &reader, error, &line, &column)) {
-        if (guard.refused() && error)
-            *error = tooDeep;
+        if (guard.refusal() != ParserGuard::Refusal::None && error)
+            *error = textOf(guard.refusal(), texts);
         return false;
     }
 
