@@ -11,7 +11,7 @@
  * What can be told without a search. A search broadcasts on every interface of the machine, so no
  * test here may start one; tst_discovery does, in networks of its own.
  */
-class tst_searchdevice : public QObject {
+class TestSearchDevice : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -45,7 +45,7 @@ Units unitsOf(SearchDevice& search)
 
 } // namespace
 
-void tst_searchdevice::metaObject()
+void TestSearchDevice::metaObject()
 {
     const QMetaObject& table = SearchDevice::staticMetaObject;
     QCOMPARE(table.className(), "SearchDevice");
@@ -77,7 +77,7 @@ void tst_searchdevice::metaObject()
     QCOMPARE(search.typeName(), "void");
 }
 
-void tst_searchdevice::ordinaryMembers()
+void TestSearchDevice::ordinaryMembers()
 {
     QVERIFY((std::is_same_v<decltype(&SearchDevice::searchDevice), void (SearchDevice::*)()>));
     QVERIFY((std::is_same_v<decltype(&SearchDevice::slot_searchDevice),
@@ -93,7 +93,7 @@ void tst_searchdevice::ordinaryMembers()
     QVERIFY((std::is_constructible_v<SearchDevice, QObject*>));
 }
 
-void tst_searchdevice::recordDefaults()
+void TestSearchDevice::recordDefaults()
 {
     const serverData record;
     QVERIFY(QString(record.ip).isEmpty());
@@ -106,7 +106,7 @@ void tst_searchdevice::recordDefaults()
     QCOMPARE(int(record.spare3), 0);
 }
 
-void tst_searchdevice::recordLayout()
+void TestSearchDevice::recordLayout()
 {
     constexpr std::size_t pointer = sizeof(void*);
     QCOMPARE(offsetof(serverData, ip), std::size_t(0));
@@ -124,7 +124,7 @@ void tst_searchdevice::recordLayout()
     QVERIFY((std::is_same_v<decltype(serverData::spare3), quint8>));
 }
 
-void tst_searchdevice::recordIsAValue()
+void TestSearchDevice::recordIsAValue()
 {
     serverData record;
     record.ip = QStringLiteral("192.168.1.10");
@@ -143,7 +143,7 @@ void tst_searchdevice::recordIsAValue()
     QVERIFY(!QMetaTypeId2<serverData>::Defined);
 }
 
-void tst_searchdevice::singletonIsMadeAtLoad()
+void TestSearchDevice::singletonIsMadeAtLoad()
 {
     // This test makes no application object, so the singleton was made without one.
     QVERIFY(!QCoreApplication::instance());
@@ -153,7 +153,7 @@ void tst_searchdevice::singletonIsMadeAtLoad()
     QVERIFY(SearchDevice::Instance() != &another);
 }
 
-void tst_searchdevice::addServer()
+void TestSearchDevice::addServer()
 {
     SearchDevice search;
     search.AddServer(QStringLiteral("192.168.1.10"), 65535);
@@ -167,7 +167,7 @@ void tst_searchdevice::addServer()
     QVERIFY(QByteArray(record.data).isEmpty());
 }
 
-void tst_searchdevice::addServerKeepsTheFirst()
+void TestSearchDevice::addServerKeepsTheFirst()
 {
     SearchDevice search;
     search.AddServer(QStringLiteral("192.168.1.10"), 1);
@@ -176,7 +176,7 @@ void tst_searchdevice::addServerKeepsTheFirst()
     QCOMPARE(int(unitsOf(search).first().port), 1);
 }
 
-void tst_searchdevice::serversAreInOrderOfTheirText()
+void TestSearchDevice::serversAreInOrderOfTheirText()
 {
     SearchDevice search;
     for (const char* ip : {"192.168.1.9", "fe80::1%eth0", "192.168.1.10", "10.0.0.1", ""})
@@ -186,7 +186,7 @@ void tst_searchdevice::serversAreInOrderOfTheirText()
             QStringLiteral("192.168.1.9"), QStringLiteral("fe80::1%eth0")}));
 }
 
-void tst_searchdevice::stopReportsACopy()
+void TestSearchDevice::stopReportsACopy()
 {
     SearchDevice search;
     search.AddServer(QStringLiteral("192.168.1.10"), 1);
@@ -195,7 +195,7 @@ void tst_searchdevice::stopReportsACopy()
     QCOMPARE(unitsOf(search).size(), 1);
 }
 
-void tst_searchdevice::withoutSockets()
+void TestSearchDevice::withoutSockets()
 {
     SearchDevice search;
     QString connectDevcie = QStringLiteral("untouched");
@@ -209,6 +209,6 @@ void tst_searchdevice::withoutSockets()
     QCOMPARE(connectDevcie, QString());
 }
 
-QTEST_APPLESS_MAIN(tst_searchdevice)
+QTEST_APPLESS_MAIN(TestSearchDevice)
 
 #include "tst_searchdevice.moc"

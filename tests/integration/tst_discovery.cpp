@@ -157,11 +157,11 @@ void start(SearchDevice& search, int kind)
  * Searches in networks of their own. Each test is a host in a fresh one: the process itself is in a
  * network that leads nowhere, and enters the host's with the first use of joinHost().
  */
-class tst_discovery : public QObject {
+class TestDiscovery : public QObject {
     Q_OBJECT
 
 public:
-    explicit tst_discovery(const QString& refusal)
+    explicit TestDiscovery(const QString& refusal)
         : m_refusal(refusal)
     {
     }
@@ -241,40 +241,40 @@ private:
     std::unique_ptr<InsideNamespace> m_inside;
 };
 
-void tst_discovery::initTestCase()
+void TestDiscovery::initTestCase()
 {
     if (!m_refusal.isEmpty())
         QSKIP(qPrintable(m_refusal));
 }
 
-void tst_discovery::init()
+void TestDiscovery::init()
 {
     m_network = std::make_unique<TestNetwork>();
     writeTimeouts(longTime, longTime);
 }
 
-void tst_discovery::cleanup()
+void TestDiscovery::cleanup()
 {
     m_inside.reset();
     m_network.reset();
 }
 
-void tst_discovery::cleanupTestCase()
+void TestDiscovery::cleanupTestCase()
 {
     QFile::remove(settingsFile());
 }
 
-void tst_discovery::joinHost(const QStringList& addresses)
+void TestDiscovery::joinHost(const QStringList& addresses)
 {
     enter(m_network->addHost(addresses));
 }
 
-void tst_discovery::enter(const NetworkNamespace& network)
+void TestDiscovery::enter(const NetworkNamespace& network)
 {
     m_inside = std::make_unique<InsideNamespace>(network);
 }
 
-void tst_discovery::constructorStartsNothing()
+void TestDiscovery::constructorStartsNothing()
 {
     joinHost();
     const Search search;
@@ -286,7 +286,7 @@ void tst_discovery::constructorStartsNothing()
     QVERIFY(search.results.isEmpty());
 }
 
-void tst_discovery::settings_data()
+void TestDiscovery::settings_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<bool>("plainEndsAtOnce");
@@ -308,7 +308,7 @@ void tst_discovery::settings_data()
                               << true << true;
 }
 
-void tst_discovery::settings()
+void TestDiscovery::settings()
 {
     QFETCH(QByteArray, text);
     QFETCH(bool, plainEndsAtOnce);
@@ -326,7 +326,7 @@ void tst_discovery::settings()
     QCOMPARE(slot.results.size(), slotEndsAtOnce ? 1 : 0);
 }
 
-void tst_discovery::settingsAreReadOnce()
+void TestDiscovery::settingsAreReadOnce()
 {
     joinHost();
     Search search;
@@ -337,7 +337,7 @@ void tst_discovery::settingsAreReadOnce()
     QVERIFY(search.results.isEmpty());
 }
 
-void tst_discovery::absentSettingsEndAtTheNextTurn()
+void TestDiscovery::absentSettingsEndAtTheNextTurn()
 {
     joinHost();
     DiscoveredUnit unit(
@@ -353,7 +353,7 @@ void tst_discovery::absentSettingsEndAtTheNextTurn()
     QVERIFY(search.results.first().units.isEmpty());
 }
 
-void tst_discovery::waitLastsAsLongAsTold()
+void TestDiscovery::waitLastsAsLongAsTold()
 {
     const NetworkNamespace loopbackOnly;
     const InsideNamespace inside(loopbackOnly);
@@ -370,12 +370,12 @@ void tst_discovery::waitLastsAsLongAsTold()
     QVERIFY(time.elapsed() >= 90);
 }
 
-void tst_discovery::loopbackOnlyHostSendsNothing_data()
+void TestDiscovery::loopbackOnlyHostSendsNothing_data()
 {
     addKinds();
 }
 
-void tst_discovery::loopbackOnlyHostSendsNothing()
+void TestDiscovery::loopbackOnlyHostSendsNothing()
 {
     QFETCH(int, kind);
     const NetworkNamespace loopbackOnly;
@@ -392,7 +392,7 @@ void tst_discovery::loopbackOnlyHostSendsNothing()
         kind == Plain ? QString() : QStringLiteral("192.168.1.77"));
 }
 
-void tst_discovery::otherLoopbackAddressIsUsed()
+void TestDiscovery::otherLoopbackAddressIsUsed()
 {
     const NetworkNamespace loopbackOnly;
     loopbackOnly.ip({QStringLiteral("address add 127.0.0.2/8 dev lo")});
@@ -402,7 +402,7 @@ void tst_discovery::otherLoopbackAddressIsUsed()
     QCOMPARE(openSockets(), 1);
 }
 
-void tst_discovery::socketForEachAddress()
+void TestDiscovery::socketForEachAddress()
 {
     QStringList addresses{QStringLiteral("192.168.1.1/24"), QStringLiteral("10.1.2.3/8")};
     if (hasIPv6())
@@ -424,7 +424,7 @@ void tst_discovery::socketForEachAddress()
     QCOMPARE(openIPv6Sockets(), hasIPv6() ? 0 : -1);
 }
 
-void tst_discovery::socketsAreShared()
+void TestDiscovery::socketsAreShared()
 {
     joinHost();
     Search first;
@@ -434,12 +434,12 @@ void tst_discovery::socketsAreShared()
     QCOMPARE(openSockets(), 2);
 }
 
-void tst_discovery::portInUseIsSilent_data()
+void TestDiscovery::portInUseIsSilent_data()
 {
     addKinds();
 }
 
-void tst_discovery::portInUseIsSilent()
+void TestDiscovery::portInUseIsSilent()
 {
     QFETCH(int, kind);
     joinHost();
@@ -455,7 +455,7 @@ void tst_discovery::portInUseIsSilent()
     QVERIFY(search.results.first().units.isEmpty());
 }
 
-void tst_discovery::lostAddressIsSilent()
+void TestDiscovery::lostAddressIsSilent()
 {
     const NetworkNamespace& host = m_network->addHost({QStringLiteral("192.168.1.1/24")});
     enter(host);
@@ -469,7 +469,7 @@ void tst_discovery::lostAddressIsSilent()
     QVERIFY(search.results.first().units.isEmpty());
 }
 
-void tst_discovery::failedSendIsSilent()
+void TestDiscovery::failedSendIsSilent()
 {
     if (!hasIPv6())
         QSKIP("this machine has no IPv6");
@@ -486,7 +486,7 @@ void tst_discovery::failedSendIsSilent()
     QTRY_COMPARE(search.found().keys(), QStringList(QStringLiteral("192.168.1.10")));
 }
 
-void tst_discovery::plainSearchSendsOneSweep()
+void TestDiscovery::plainSearchSendsOneSweep()
 {
     QStringList addresses{QStringLiteral("192.168.1.1/24"), QStringLiteral("192.168.1.2/24")};
     if (hasIPv6())
@@ -510,7 +510,7 @@ void tst_discovery::plainSearchSendsOneSweep()
     QCOMPARE(unit.heard().at(1).senderAddress(), address("192.168.1.2"));
 }
 
-void tst_discovery::sweepByHandSendsAgain()
+void TestDiscovery::sweepByHandSendsAgain()
 {
     joinHost();
     const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
@@ -526,7 +526,7 @@ void tst_discovery::sweepByHandSendsAgain()
     QTRY_COMPARE(texts(unit.heard()), QByteArrayList({request, request, request, "marker"}));
 }
 
-void tst_discovery::slotSearchSendsEveryTwoSeconds()
+void TestDiscovery::slotSearchSendsEveryTwoSeconds()
 {
     joinHost();
     const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
@@ -549,7 +549,7 @@ void tst_discovery::slotSearchSendsEveryTwoSeconds()
     QCOMPARE(search.results.size(), 1);
 }
 
-void tst_discovery::slotSearchKeepsRunningBroadcasts()
+void TestDiscovery::slotSearchKeepsRunningBroadcasts()
 {
     joinHost();
     Search search;
@@ -563,7 +563,7 @@ void tst_discovery::slotSearchKeepsRunningBroadcasts()
     QCOMPARE(search.results.first().connectDevcie, QStringLiteral("second"));
 }
 
-void tst_discovery::shortSlotSearchSendsNothing()
+void TestDiscovery::shortSlotSearchSendsNothing()
 {
     joinHost();
     const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
@@ -576,7 +576,7 @@ void tst_discovery::shortSlotSearchSendsNothing()
     QTRY_COMPARE(texts(unit.heard()), QByteArrayList({"marker"}));
 }
 
-void tst_discovery::sweepTakesOneDatagramFromEachSocket()
+void TestDiscovery::sweepTakesOneDatagramFromEachSocket()
 {
     joinHost();
     const NetworkNamespace& network =
@@ -610,7 +610,7 @@ void tst_discovery::sweepTakesOneDatagramFromEachSocket()
     }
 }
 
-void tst_discovery::replyWithinTheSweepIsReported()
+void TestDiscovery::replyWithinTheSweepIsReported()
 {
     // The sweep waits on each of the sockets. A unit that answers the first broadcast has until the
     // turn of the last socket comes: a second, where 10 ms would depend on the machine's load.
@@ -637,7 +637,7 @@ void tst_discovery::replyWithinTheSweepIsReported()
         QByteArray("Zorbe:3100 in time"));
 }
 
-void tst_discovery::reply_data()
+void TestDiscovery::reply_data()
 {
     QTest::addColumn<QByteArray>("datagram");
     QTest::addColumn<bool>("plainTakes");
@@ -685,7 +685,7 @@ void tst_discovery::reply_data()
     row("zero bytes", QByteArray(100, '\0'), false, false);
 }
 
-void tst_discovery::reply()
+void TestDiscovery::reply()
 {
     QFETCH(QByteArray, datagram);
     QFETCH(QByteArray, data);
@@ -714,12 +714,12 @@ void tst_discovery::reply()
     }
 }
 
-void tst_discovery::replyRecord_data()
+void TestDiscovery::replyRecord_data()
 {
     addKinds();
 }
 
-void tst_discovery::replyRecord()
+void TestDiscovery::replyRecord()
 {
     QFETCH(int, kind);
     joinHost();
@@ -745,7 +745,7 @@ void tst_discovery::replyRecord()
     QCOMPARE(int(record.spare3), 0);
 }
 
-void tst_discovery::replyOverIPv6_data()
+void TestDiscovery::replyOverIPv6_data()
 {
     QTest::addColumn<QString>("host");
     QTest::addColumn<QString>("unit");
@@ -755,7 +755,7 @@ void tst_discovery::replyOverIPv6_data()
                                 << QStringLiteral("%eth0");
 }
 
-void tst_discovery::replyOverIPv6()
+void TestDiscovery::replyOverIPv6()
 {
     QFETCH(QString, host);
     QFETCH(QString, unit);
@@ -776,12 +776,12 @@ void tst_discovery::replyOverIPv6()
     QTRY_COMPARE(search.found().keys(), QStringList(unit + scope));
 }
 
-void tst_discovery::firstReplyWins_data()
+void TestDiscovery::firstReplyWins_data()
 {
     addKinds();
 }
 
-void tst_discovery::firstReplyWins()
+void TestDiscovery::firstReplyWins()
 {
     QFETCH(int, kind);
     joinHost();
@@ -808,7 +808,7 @@ void tst_discovery::firstReplyWins()
     QCOMPARE(qint64(kept.lastSeen), qint64(first.lastSeen));
 }
 
-void tst_discovery::addedServerIsKept()
+void TestDiscovery::addedServerIsKept()
 {
     joinHost();
     const NetworkNamespace& network =
@@ -828,7 +828,7 @@ void tst_discovery::addedServerIsKept()
     QCOMPARE(qint64(added.lastSeen), qint64(0));
 }
 
-void tst_discovery::ownRepliesAreDropped_data()
+void TestDiscovery::ownRepliesAreDropped_data()
 {
     QTest::addColumn<QString>("sender");
     QTest::newRow("the address of the socket") << QStringLiteral("192.168.1.1");
@@ -837,7 +837,7 @@ void tst_discovery::ownRepliesAreDropped_data()
     QTest::newRow("loopback") << QStringLiteral("127.0.0.1");
 }
 
-void tst_discovery::ownRepliesAreDropped()
+void TestDiscovery::ownRepliesAreDropped()
 {
     QFETCH(QString, sender);
     joinHost({QStringLiteral("192.168.1.1/24"), QStringLiteral("192.168.1.2/24"),
@@ -856,7 +856,7 @@ void tst_discovery::ownRepliesAreDropped()
     }
 }
 
-void tst_discovery::addressGainedDuringSearchIsOwn()
+void TestDiscovery::addressGainedDuringSearchIsOwn()
 {
     const NetworkNamespace& host = m_network->addHost({QStringLiteral("192.168.1.1/24")});
     enter(host);
@@ -872,7 +872,7 @@ void tst_discovery::addressGainedDuringSearchIsOwn()
     QTRY_COMPARE(search.found().keys(), QStringList(QStringLiteral("192.168.1.10")));
 }
 
-void tst_discovery::unitOnTheSameHostIsNotFound()
+void TestDiscovery::unitOnTheSameHostIsNotFound()
 {
     const NetworkNamespace& host = m_network->addHost({QStringLiteral("192.168.1.1/24")});
     enter(host);
@@ -886,7 +886,7 @@ void tst_discovery::unitOnTheSameHostIsNotFound()
     QTRY_COMPARE(search.found().keys(), QStringList(QStringLiteral("192.168.1.10")));
 }
 
-void tst_discovery::severalUnits()
+void TestDiscovery::severalUnits()
 {
     joinHost();
     DiscoveredUnit nine(m_network->addHost({QStringLiteral("192.168.1.9/24")}));
@@ -912,12 +912,12 @@ void tst_discovery::severalUnits()
     QTRY_COMPARE(texts(stranger.heard()), QByteArrayList({request}));
 }
 
-void tst_discovery::floodOfReplies_data()
+void TestDiscovery::floodOfReplies_data()
 {
     addKinds();
 }
 
-void tst_discovery::floodOfReplies()
+void TestDiscovery::floodOfReplies()
 {
     QFETCH(int, kind);
     joinHost();
@@ -952,14 +952,14 @@ void tst_discovery::floodOfReplies()
     QCOMPARE(units.value(QStringLiteral("192.168.1.2")).data, QByteArray("Zorbe:3100 number 0"));
 }
 
-void tst_discovery::garbage_data()
+void TestDiscovery::garbage_data()
 {
     QTest::addColumn<int>("size");
     for (const int size : {0, 1, 2, 5, 6, 7, 9, 10, 11, 255, 1024, 1472, 1473, 9000, 65506, 65507})
         QTest::addRow("%d bytes", size) << size;
 }
 
-void tst_discovery::garbage()
+void TestDiscovery::garbage()
 {
     QFETCH(int, size);
     joinHost();
@@ -976,7 +976,7 @@ void tst_discovery::garbage()
     }
 }
 
-void tst_discovery::slotSearchHandsItsArgumentBack_data()
+void TestDiscovery::slotSearchHandsItsArgumentBack_data()
 {
     QTest::addColumn<QString>("argument");
     QTest::newRow("address") << QStringLiteral("192.168.1.10");
@@ -984,7 +984,7 @@ void tst_discovery::slotSearchHandsItsArgumentBack_data()
     QTest::newRow("no address") << QStringLiteral(" 单元\n7 ");
 }
 
-void tst_discovery::slotSearchHandsItsArgumentBack()
+void TestDiscovery::slotSearchHandsItsArgumentBack()
 {
     QFETCH(QString, argument);
     const NetworkNamespace loopbackOnly;
@@ -1005,7 +1005,7 @@ void tst_discovery::slotSearchHandsItsArgumentBack()
     QCOMPARE(search.results.last().connectDevcie, QString());
 }
 
-void tst_discovery::lateReplyIsKeptUnreported()
+void TestDiscovery::lateReplyIsKeptUnreported()
 {
     joinHost();
     DiscoveredUnit unit(
@@ -1024,12 +1024,12 @@ void tst_discovery::lateReplyIsKeptUnreported()
     QVERIFY(search.found().isEmpty());
 }
 
-void tst_discovery::nextSearchForgets_data()
+void TestDiscovery::nextSearchForgets_data()
 {
     addKinds();
 }
 
-void tst_discovery::nextSearchForgets()
+void TestDiscovery::nextSearchForgets()
 {
     QFETCH(int, kind);
     joinHost();
@@ -1046,7 +1046,7 @@ void tst_discovery::nextSearchForgets()
     QCOMPARE(search.found().first().data, QByteArray("Zorbe:3100 again"));
 }
 
-void tst_discovery::stopByHandReportsTwice()
+void TestDiscovery::stopByHandReportsTwice()
 {
     joinHost();
     writeTimeouts(30, 0);
@@ -1057,7 +1057,7 @@ void tst_discovery::stopByHandReportsTwice()
     QTRY_COMPARE(search.results.size(), 2);
 }
 
-void tst_discovery::earlierShotEndsLaterSearch()
+void TestDiscovery::earlierShotEndsLaterSearch()
 {
     joinHost();
     DiscoveredUnit first(
@@ -1078,7 +1078,7 @@ void tst_discovery::earlierShotEndsLaterSearch()
     QCOMPARE(search.results.last().units.keys(), QStringList(QStringLiteral("192.168.1.11")));
 }
 
-void tst_discovery::shotOfPlainSearchStopsBroadcasts()
+void TestDiscovery::shotOfPlainSearchStopsBroadcasts()
 {
     joinHost();
     const DiscoveredUnit unit(m_network->addHost({QStringLiteral("192.168.1.10/24")}));
@@ -1097,7 +1097,7 @@ void tst_discovery::shotOfPlainSearchStopsBroadcasts()
     QTRY_COMPARE(texts(unit.heard()), QByteArrayList({request, "marker"}));
 }
 
-void tst_discovery::plainSearchDuringSlotSearch()
+void TestDiscovery::plainSearchDuringSlotSearch()
 {
     joinHost();
     const DiscoveredUnit listener(m_network->addHost({QStringLiteral("192.168.1.9/24")}));
@@ -1123,7 +1123,7 @@ void tst_discovery::plainSearchDuringSlotSearch()
     QCOMPARE(texts(listener.heard()).mid(0, 2), QByteArrayList({"marker", request}));
 }
 
-void tst_discovery::searchFromHandlerOfResult()
+void TestDiscovery::searchFromHandlerOfResult()
 {
     joinHost();
     DiscoveredUnit unit(
@@ -1145,7 +1145,7 @@ void tst_discovery::searchFromHandlerOfResult()
 }
 
 // A handler may search again: what it starts must not be stopped behind its back.
-void tst_discovery::broadcastsStopBeforeTheResult()
+void TestDiscovery::broadcastsStopBeforeTheResult()
 {
     joinHost();
     Search search;
@@ -1163,7 +1163,7 @@ void tst_discovery::broadcastsStopBeforeTheResult()
     QCOMPARE(broadcasting, QVector<bool>({false, false}));
 }
 
-void tst_discovery::deletedSocketsHearNothing()
+void TestDiscovery::deletedSocketsHearNothing()
 {
     joinHost();
     Search search;
@@ -1178,7 +1178,7 @@ void tst_discovery::deletedSocketsHearNothing()
     QVERIFY(search.found().isEmpty());
 }
 
-void tst_discovery::destructorLeavesSockets()
+void TestDiscovery::destructorLeavesSockets()
 {
     joinHost();
 #if defined(__SANITIZE_ADDRESS__)
@@ -1191,7 +1191,7 @@ void tst_discovery::destructorLeavesSockets()
     QCOMPARE(openSockets(), 1);
 }
 
-void tst_discovery::singleton()
+void TestDiscovery::singleton()
 {
     // The program was loaded before there was an application: its settings are at the root.
     if (QFile::exists(QStringLiteral("/configWidget.ini")))
@@ -1214,7 +1214,7 @@ void tst_discovery::singleton()
     QCOMPARE(SearchDevice::Instance(), search);
 }
 
-void tst_discovery::queuedResult()
+void TestDiscovery::queuedResult()
 {
     joinHost();
     DiscoveredUnit unit(
@@ -1238,7 +1238,7 @@ int main(int argc, char** argv)
 {
     const QString refusal = enterPrivateNetwork();
     QCoreApplication application(argc, argv);
-    tst_discovery test(refusal);
+    TestDiscovery test(refusal);
     return QTest::qExec(&test, argc, argv);
 }
 
