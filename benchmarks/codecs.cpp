@@ -15,14 +15,20 @@ namespace {
 constexpr int recordsInTurn = 3000;
 constexpr quint32 address = 0xF0020001;
 
+/** A text with memory of its own, as one that is typed or read has; a literal's copies are free. */
+template <std::size_t N> QString madeText(const char16_t (&text)[N])
+{
+    return QString::fromUtf16(text, N - 1);
+}
+
 /** The texts of the records, as they are read and written. */
-const QString command = QStringLiteral("4c 01 00 25 10 03 52 01 10 00 0b 50 4f 57 45 52 20 4f 4e");
-const QString description = QStringLiteral("打开投影机 1");
-const QString events = QStringLiteral("(ID:1);(ID:5);(ID:3);(ID:128)");
-const QString startDate = QStringLiteral("2024/09/02");
-const QString endDate = QStringLiteral("2026/06/30");
-const QString timeOfDay = QStringLiteral("07:45");
-const QString days = QStringLiteral("11111");
+const QString command = madeText(u"4c 01 00 25 10 03 52 01 10 00 0b 50 4f 57 45 52 20 4f 4e");
+const QString description = madeText(u"打开投影机 1");
+const QString events = madeText(u"(ID:1);(ID:5);(ID:3);(ID:128)");
+const QString startDate = madeText(u"2024/09/02");
+const QString endDate = madeText(u"2026/06/30");
+const QString timeOfDay = madeText(u"07:45");
+const QString days = madeText(u"11111");
 
 QByteArray replyWith(const QByteArray& block)
 {
