@@ -136,17 +136,13 @@ struct TimeTriggerCodec {
     }
 };
 
-/** A model that took many records would measure the memory of the machine. */
-constexpr int recordsInModel = 64;
-
 template <typename Codec> class Decode : public Comparison {
 public:
     double ours() override
     {
         typename Codec::Model model;
         return 1000 * microsecondsPerCall(recordsInTurn, [&] {
-            if (model.size() == recordsInModel)
-                model.clear();
+            model.clear();
             if (!Codec::decode(m_reply, model))
                 qFatal("a reply was refused");
         });

@@ -55,7 +55,6 @@ private:
     Item m_item{};
 };
 
-/** An empty frame ends the thread that answers. */
 class AnsweredUnPackage {
 public:
     AnsweredUnPackage()
@@ -63,13 +62,13 @@ public:
     {
         QObject::connect(
             &m_unPackage, &UnPackage::signal_sendPackage, &m_unPackage,
-            [this](const QByteArray& frame) { m_frames.put(frame); }, Qt::DirectConnection);
+            [this] { m_orders.put(Order::Answer); }, Qt::DirectConnection);
         m_answering = std::thread([this] { answerFrames(); });
     }
 
     ~AnsweredUnPackage()
     {
-        m_frames.put(QByteArray());
+        m_orders.put(Order::End);
         m_answering.join();
     }
 
@@ -86,7 +85,12 @@ public:
             qFatal("an exchange failed: %s", qPrintable(error));
     }
 
+    /** Tells that the operation is over: nobody sleeps who has to be woken again. */
+    void finish() { m_orders.put(Order::Rest); }
+
 private:
+    enum class Order { Rest, Answer, End };
+
     static QByteArray deviceReply()
     {
         const UnitFrame request =
@@ -98,14 +102,18 @@ private:
     {
         // A reply that comes before the operation sleeps wakes nobody.
         const auto wakeAgain = [this] { m_unPackage.quitWaitDelay(); };
-        while (!m_frames.take(wakePause, wakeAgain).isEmpty())
-            m_unPackage.setRecvPackage(m_reply);
+        Order order = Order::Rest;
+        while (order != Order::End) {
+            if (order == Order::Answer)
+                m_unPackage.setRecvPackage(m_reply);
+            order = order == Order::Answer ? m_orders.take(wakePause, wakeAgain) : m_orders.take();
+        }
     }
 
     const QByteArray m_reply;
     UnPackage m_unPackage{nullptr};
     DeviceModel m_device;
-    Mailbox<QByteArray> m_frames;
+    Mailbox<Order> m_orders;
     std::thread m_answering;
 };
 
@@ -142,7 +150,10 @@ class SignalExchange : public Comparison {
 public:
     double ours() override
     {
-        return microsecondsPerCall(exchangesInTurn, [this] { m_unPackage.exchange(); });
+        const double time =
+            microsecondsPerCall(exchangesInTurn, [this] { m_unPackage.exchange(); });
+        m_unPackage.finish();
+        return time;
     }
 
     double reference() override

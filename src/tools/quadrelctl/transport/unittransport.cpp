@@ -62,6 +62,7 @@ void UnitTransport::finishOperation()
     const Lock lock(m_mutex);
     m_running = false;
     m_wakePause = 0us;
+    m_receiverWake.raise();
 }
 
 void UnitTransport::abort(const QString& reason)
@@ -180,6 +181,8 @@ void UnitTransport::receiveReplies()
         const std::shared_ptr<UnitSocket> socket = m_socket;
         const std::uint64_t number = m_number;
         const std::chrono::microseconds pause = m_wakePause;
+        if (!m_running)
+            m_awakeUntil = {};
         lock.unlock();
         int size = 0;
         int error = 0;
