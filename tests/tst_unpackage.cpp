@@ -270,6 +270,7 @@ private slots:
     void sendConfig();
     void sendConfig_takesLinesAfterPorts();
     void sendConfig_emptyLists();
+    void sendConfig_withoutModels();
     void readConfig();
     void configNumber();
     void configNumber_isNotChecked_data();
@@ -776,6 +777,19 @@ void UnPackageTest::sendConfig_emptyLists()
     bench.run(SendConfigType);
     QCOMPARE(bench.traffic(),
         (QStringList{QStringLiteral("w f0001000 0"), QStringLiteral("w f0001100 0")}));
+}
+
+void UnPackageTest::sendConfig_withoutModels()
+{
+    selectDevice(QStringLiteral("192.168.1.99"));
+    rememberSelectedModels();
+    DeviceManagerModel* const registry = DeviceManagerModel::Instance();
+    registry->setDeviceData(registry->getCurrentSelectDevice(), nullptr);
+    Bench bench;
+    bench.run(SendConfigType);
+    QCOMPARE(bench.log->entries,
+        (QStringList{QStringLiteral("updateConfiged"), QStringLiteral("finshed:192.168.1.99")}));
+    QVERIFY(selectedModels() == nullptr);
 }
 
 void UnPackageTest::readConfig()
