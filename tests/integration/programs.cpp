@@ -82,6 +82,17 @@ void ControlTool::start(QProcess& process, const QStringList& arguments)
     process.start(m_program, arguments);
 }
 
+bool ControlTool::hasTerminals()
+{
+    int terminal = -1;
+    int program = -1;
+    if (openpty(&terminal, &program, nullptr, nullptr, nullptr) != 0)
+        return false;
+    close(terminal);
+    close(program);
+    return true;
+}
+
 ToolResult ControlTool::runOnTerminal(const QStringList& arguments, const QByteArray& input)
 {
     std::vector<QByteArray> words{m_program.toLocal8Bit()};
@@ -94,6 +105,8 @@ ToolResult ControlTool::runOnTerminal(const QStringList& arguments, const QByteA
 
     int terminal = -1;
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
+    if (child < 0)
+        qFatal("no terminal: %s", qPrintable(qt_error_string()));
     if (child == 0) {
         execv(argv.front(), argv.data());
         _exit(127);

@@ -43,6 +43,8 @@ public:
     void setLocale(const QString& locale) { m_locale = locale; }
 
     ToolResult run(const QStringList& arguments);
+    /** Whether this machine makes terminals; a container may not. */
+    static bool hasTerminals();
     /** The same on a terminal: output and errors both come back in `output`, `input` is typed. */
     ToolResult runOnTerminal(const QStringList& arguments, const QByteArray& input = {});
     void start(QProcess& process, const QStringList& arguments);
