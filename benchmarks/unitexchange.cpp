@@ -12,7 +12,15 @@ constexpr int frameSize = 20;
 constexpr int recordLength = QuadrelUnit::Address::recordLength;
 constexpr int exchangesInTurn = 200;
 
-class RecordExchange : public Comparison {
+/** A unit that is read over a connection that stays, beside an echo of a record's size. */
+class ReadComparison : public Comparison {
+protected:
+    LoopbackUnit m_unit;
+    LoopbackClient m_client{m_unit.port()};
+    RawEcho m_echo{frameSize, frameSize + recordLength};
+};
+
+class RecordExchange : public ReadComparison {
 public:
     double ours() override
     {
@@ -26,14 +34,9 @@ public:
     {
         return microsecondsPerCall(exchangesInTurn, [this] { m_echo.exchange(); });
     }
-
-private:
-    LoopbackUnit m_unit;
-    LoopbackClient m_client{m_unit.port()};
-    RawEcho m_echo{frameSize, frameSize + recordLength};
 };
 
-class ReadBack : public Comparison {
+class ReadBack : public ReadComparison {
 public:
     double ours() override
     {
@@ -46,11 +49,6 @@ public:
         return microsecondsPerCall(FullUnit::exchangesOfRead, exchange) * FullUnit::exchangesOfRead
             / 1000;
     }
-
-private:
-    LoopbackUnit m_unit;
-    LoopbackClient m_client{m_unit.port()};
-    RawEcho m_echo{frameSize, frameSize + recordLength};
 };
 
 class Upgrade : public Comparison {
