@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr int wrongUsage = 2;
+
 std::vector<Row> allRows()
 {
     std::vector<Row> rows;
@@ -83,6 +85,11 @@ int main(int argc, char** argv)
     options.process(application);
 
     const QRegularExpression wanted(options.value(rows));
+    if (!wanted.isValid()) {
+        std::fprintf(stderr, "--rows %s: %s\n", qPrintable(wanted.pattern()),
+            qPrintable(wanted.errorString()));
+        return wrongUsage;
+    }
     QJsonArray results;
     printHead();
     for (const Row& row : allRows()) {
@@ -91,6 +98,10 @@ int main(int argc, char** argv)
         const Result result = measure(row);
         printRow(row, result);
         results.append(toJson(row, result));
+    }
+    if (results.isEmpty()) {
+        std::fprintf(stderr, "--rows %s: no row has such a name\n", qPrintable(wanted.pattern()));
+        return wrongUsage;
     }
     if (options.isSet(json) && !writeJson(options.value(json), results))
         return EXIT_FAILURE;
