@@ -1,4 +1,4 @@
-#include "../upgradewrites.h"
+#include "upgradewrites.h"
 #include "controlunit.h"
 #include "unitframe.h"
 #include "unitframereader.h"

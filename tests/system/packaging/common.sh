@@ -41,12 +41,12 @@ checkConsumer() {
     grep -q '^event 1: ' <<<"$output" || fail "no events"
 }
 
-# buildConsumer FOLDER OPTION...: configures and builds tests/consumer there.
+# buildConsumer FOLDER OPTION...: configures and builds tests/system/consumer there.
 buildConsumer() {
     local folder=$1
     shift
     rm -rf "$folder"
-    cmake -S "$SOURCE/tests/consumer" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE="$BUILD_TYPE" \
+    cmake -S "$SOURCE/tests/system/consumer" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE="$BUILD_TYPE" \
         -DCMAKE_CXX_COMPILER="$CXX" -DCMAKE_CXX_FLAGS="$CXXFLAGS" \
         -DCMAKE_CXX_COMPILER_LAUNCHER="$LAUNCHER" \
         -DSOURCE_TREE="$SOURCE" -DHEADERS="$HEADERS" "$@" >"$folder.log" 2>&1 \

@@ -2,7 +2,7 @@
 
 #include <QtTest/QtTest>
 
-class TestCtlTable : public QObject {
+class TestTable : public QObject {
     Q_OBJECT
 
 private slots:
@@ -14,7 +14,7 @@ private slots:
     void takesRowsOfDifferentLengths();
 };
 
-void TestCtlTable::measuresTexts_data()
+void TestTable::measuresTexts_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("width");
@@ -30,13 +30,13 @@ void TestCtlTable::measuresTexts_data()
     QTest::newRow("beyond 16 bits") << QStringLiteral("𠀀😀") << 4;
 }
 
-void TestCtlTable::measuresTexts()
+void TestTable::measuresTexts()
 {
     QFETCH(QString, text);
     QTEST(displayWidth(text), "width");
 }
 
-void TestCtlTable::alignsColumns()
+void TestTable::alignsColumns()
 {
     Table table({QStringLiteral("Name"), QStringLiteral("Id")});
     table.addRow({QStringLiteral("事件名称01"), QStringLiteral("1")});
@@ -44,7 +44,7 @@ void TestCtlTable::alignsColumns()
     QCOMPARE(table.toText(), QStringLiteral("Name        Id\n事件名称01  1\non          12\n"));
 }
 
-void TestCtlTable::standsWithoutHeadings()
+void TestTable::standsWithoutHeadings()
 {
     Table table;
     QVERIFY(table.isEmpty());
@@ -54,14 +54,14 @@ void TestCtlTable::standsWithoutHeadings()
     QCOMPARE(table.toText(), QStringLiteral("a\n"));
 }
 
-void TestCtlTable::letsNoControlCharacterThrough()
+void TestTable::letsNoControlCharacterThrough()
 {
     Table table;
     table.addRow({QStringLiteral("a\nb\x1b[2Jc\td")});
     QCOMPARE(table.toText(), QStringLiteral("a?b?[2Jc?d\n"));
 }
 
-void TestCtlTable::takesRowsOfDifferentLengths()
+void TestTable::takesRowsOfDifferentLengths()
 {
     Table table({QStringLiteral("A")});
     table.addRow({QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")});
@@ -69,5 +69,5 @@ void TestCtlTable::takesRowsOfDifferentLengths()
     QCOMPARE(table.toText(), QStringLiteral("A\n1  2  3\n\n"));
 }
 
-QTEST_APPLESS_MAIN(TestCtlTable)
-#include "tst_ctltable.moc"
+QTEST_APPLESS_MAIN(TestTable)
+#include "tst_table.moc"

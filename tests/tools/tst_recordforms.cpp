@@ -55,7 +55,7 @@ RecordForms letters(const QString& text)
 
 } // namespace
 
-class TestCtlRecordForms : public QObject {
+class TestRecordForms : public QObject {
     Q_OBJECT
 
 private slots:
@@ -76,7 +76,7 @@ private slots:
     void findsTooManyRecords();
 };
 
-void TestCtlRecordForms::readsEventIds_data()
+void TestRecordForms::readsEventIds_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QList<int>>("ids");
@@ -92,13 +92,13 @@ void TestCtlRecordForms::readsEventIds_data()
     QTest::newRow("an empty item") << QStringLiteral("(ID:1);") << QList<int>{1, 0};
 }
 
-void TestCtlRecordForms::readsEventIds()
+void TestRecordForms::readsEventIds()
 {
     QFETCH(QString, text);
     QTEST(eventIds(text), "ids");
 }
 
-void TestCtlRecordForms::labelsLines_data()
+void TestRecordForms::labelsLines_data()
 {
     QTest::addColumn<int>("line");
     QTest::addColumn<QString>("label");
@@ -110,13 +110,13 @@ void TestCtlRecordForms::labelsLines_data()
     QTest::newRow("before the first") << -1 << QStringLiteral("-1");
 }
 
-void TestCtlRecordForms::labelsLines()
+void TestRecordForms::labelsLines()
 {
     QFETCH(int, line);
     QTEST(lineLabel(QStringLiteral("COM"), line), "label");
 }
 
-void TestCtlRecordForms::comparesCommandsByTheirBytes_data()
+void TestRecordForms::comparesCommandsByTheirBytes_data()
 {
     QTest::addColumn<QString>("protocol");
     QTest::addColumn<int>("type");
@@ -135,7 +135,7 @@ void TestCtlRecordForms::comparesCommandsByTheirBytes_data()
     row("12345", EventInfo::EVENT_DELAY, "4c 01 00 a5 a5 00 00", "4c 01 00 a5 a5 00 00");
 }
 
-void TestCtlRecordForms::comparesCommandsByTheirBytes()
+void TestRecordForms::comparesCommandsByTheirBytes()
 {
     QFETCH(QString, protocol);
     QFETCH(int, type);
@@ -145,7 +145,7 @@ void TestCtlRecordForms::comparesCommandsByTheirBytes()
     QTEST(field(eventForms(model, FormSide::Sent), 0, 1), "sent");
 }
 
-void TestCtlRecordForms::cutsTheNameOffADescription()
+void TestRecordForms::cutsTheNameOffADescription()
 {
     const EventModel model =
         makeEvents({makeEvent(300, EventInfo::EVENT_TYPE_0, "", QStringLiteral("a$$b"))});
@@ -154,7 +154,7 @@ void TestCtlRecordForms::cutsTheNameOffADescription()
     QCOMPARE(field(eventForms(model, FormSide::Sent), 0, 0), QStringLiteral("44"));
 }
 
-void TestCtlRecordForms::comparesParametersByTheirBytes()
+void TestRecordForms::comparesParametersByTheirBytes()
 {
     const RecordForms forms = triggerForms(
         triggers({serialTrigger(COM_A_1, "AA01", true), serialTrigger(COM_A_1, "AB", false)}),
@@ -163,7 +163,7 @@ void TestCtlRecordForms::comparesParametersByTheirBytes()
     QCOMPARE(field(forms, 1, 2), QStringLiteral("41 42"));
 }
 
-void TestCtlRecordForms::knowsWhatReadsBackOtherwise()
+void TestRecordForms::knowsWhatReadsBackOtherwise()
 {
     TriggerInfo input;
     input.setTriggerType(TriggerInfo::IO);
@@ -183,7 +183,7 @@ void TestCtlRecordForms::knowsWhatReadsBackOtherwise()
     QCOMPARE(field(sent, 3, 3), QStringLiteral("0"));
 }
 
-void TestCtlRecordForms::comparesLists_data()
+void TestRecordForms::comparesLists_data()
 {
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
@@ -203,7 +203,7 @@ void TestCtlRecordForms::comparesLists_data()
     row("abcd", "acdx", {QStringLiteral("- 1: letter \"b\""), QStringLiteral("+ 3: letter \"x\"")});
 }
 
-void TestCtlRecordForms::comparesLists()
+void TestRecordForms::comparesLists()
 {
     QFETCH(QString, before);
     QFETCH(QString, after);
@@ -214,7 +214,7 @@ void TestCtlRecordForms::comparesLists()
     QCOMPARE(difference.isEmpty(), lines.isEmpty());
 }
 
-void TestCtlRecordForms::comparesPositions()
+void TestRecordForms::comparesPositions()
 {
     const Difference difference =
         comparePositions(letters(QStringLiteral("abc")), letters(QStringLiteral("ac")));
@@ -223,7 +223,7 @@ void TestCtlRecordForms::comparesPositions()
     QCOMPARE(difference.added, 0);
 }
 
-void TestCtlRecordForms::countsLosses()
+void TestRecordForms::countsLosses()
 {
     Contents contents;
     QVERIFY(lossesOnUnit(contents).isEmpty());
@@ -242,7 +242,7 @@ void TestCtlRecordForms::countsLosses()
     QVERIFY(losses.at(2).endsWith(QStringLiteral(": 2 records")));
 }
 
-void TestCtlRecordForms::findsTextsBeyondTheLimits()
+void TestRecordForms::findsTextsBeyondTheLimits()
 {
     Contents contents;
     const auto setEvent = [&contents](
@@ -280,7 +280,7 @@ void TestCtlRecordForms::findsTextsBeyondTheLimits()
         QStringLiteral("trigger 0: its description has more than 32 characters"));
 }
 
-void TestCtlRecordForms::findsTooManyRecords()
+void TestRecordForms::findsTooManyRecords()
 {
     Contents contents;
     TriggerModel model;
@@ -298,5 +298,5 @@ void TestCtlRecordForms::findsTooManyRecords()
         QStringLiteral("a unit has room for 64 triggers and time triggers together, not for 65"));
 }
 
-QTEST_APPLESS_MAIN(TestCtlRecordForms)
-#include "tst_ctlrecordforms.moc"
+QTEST_APPLESS_MAIN(TestRecordForms)
+#include "tst_recordforms.moc"

@@ -36,7 +36,7 @@ UnitAnswer emptyUpgrade(ControlUnit& unit)
 
 } // namespace
 
-class TestUnitControlUnit : public QObject {
+class TestControlUnit : public QObject {
     Q_OBJECT
 
 private slots:
@@ -66,7 +66,7 @@ private slots:
     void keepsNoImagesInItsMemory();
 };
 
-void TestUnitControlUnit::leavesTheWorksConfigured()
+void TestControlUnit::leavesTheWorksConfigured()
 {
     UnitSettings settings;
     settings.serialPorts = 2;
@@ -79,7 +79,7 @@ void TestUnitControlUnit::leavesTheWorksConfigured()
     QCOMPARE(read(unit, 0xF0020000, 513), QByteArray(513, '\0'));
 }
 
-void TestUnitControlUnit::answersAReadWithWhatWasAskedFor_data()
+void TestControlUnit::answersAReadWithWhatWasAskedFor_data()
 {
     QTest::addColumn<quint32>("address");
     QTest::addColumn<int>("length");
@@ -92,7 +92,7 @@ void TestUnitControlUnit::answersAReadWithWhatWasAskedFor_data()
     QTest::newRow("the most") << quint32(0xFFFFFFFF) << 65535;
 }
 
-void TestUnitControlUnit::answersAReadWithWhatWasAskedFor()
+void TestControlUnit::answersAReadWithWhatWasAskedFor()
 {
     QFETCH(quint32, address);
     QFETCH(int, length);
@@ -110,7 +110,7 @@ void TestUnitControlUnit::answersAReadWithWhatWasAskedFor()
     QVERIFY(answer.notice.isEmpty());
 }
 
-void TestUnitControlUnit::sendsInfraredPortsBehindItsInformation()
+void TestControlUnit::sendsInfraredPortsBehindItsInformation()
 {
     for (int ports = 0; ports < 256; ++ports) {
         UnitSettings settings;
@@ -125,7 +125,7 @@ void TestUnitControlUnit::sendsInfraredPortsBehindItsInformation()
     }
 }
 
-void TestUnitControlUnit::answersAWriteWithoutData()
+void TestControlUnit::answersAWriteWithoutData()
 {
     ControlUnit unit;
     const UnitAnswer answer = unit.answer(UnitFrame::writeRequest(78, 0xF0001000, "abc"));
@@ -139,7 +139,7 @@ void TestUnitControlUnit::answersAWriteWithoutData()
     QCOMPARE(read(unit, 0xF0001000, 3), QByteArray("abc"));
 }
 
-void TestUnitControlUnit::keepsWhatIsWritten_data()
+void TestControlUnit::keepsWhatIsWritten_data()
 {
     QTest::addColumn<quint32>("address");
     QTest::addColumn<int>("length");
@@ -156,7 +156,7 @@ void TestUnitControlUnit::keepsWhatIsWritten_data()
     QTest::newRow("right behind the clock") << quint32(0x02000017) << 5;
 }
 
-void TestUnitControlUnit::keepsWhatIsWritten()
+void TestControlUnit::keepsWhatIsWritten()
 {
     QFETCH(quint32, address);
     QFETCH(int, length);
@@ -169,7 +169,7 @@ void TestUnitControlUnit::keepsWhatIsWritten()
     QCOMPARE(read(unit, 0xF0000000, 32), UnitSettings().informationBlock());
 }
 
-void TestUnitControlUnit::takesANewAddress()
+void TestControlUnit::takesANewAddress()
 {
     UnitSettings settings;
     settings.dhcp = true;
@@ -183,7 +183,7 @@ void TestUnitControlUnit::takesANewAddress()
     QCOMPARE(read(unit, 0xF000000E, 13), settings.networkCell());
 }
 
-void TestUnitControlUnit::keepsTheRestOfItsInformation_data()
+void TestControlUnit::keepsTheRestOfItsInformation_data()
 {
     QTest::addColumn<quint32>("address");
     QTest::addColumn<int>("length");
@@ -194,7 +194,7 @@ void TestUnitControlUnit::keepsTheRestOfItsInformation_data()
     QTest::newRow("from before the block") << quint32(0xEFFFFF00) << 256 + 14;
 }
 
-void TestUnitControlUnit::keepsTheRestOfItsInformation()
+void TestControlUnit::keepsTheRestOfItsInformation()
 {
     QFETCH(quint32, address);
     QFETCH(int, length);
@@ -208,7 +208,7 @@ void TestUnitControlUnit::keepsTheRestOfItsInformation()
         QCOMPARE(read(unit, address, 256), data.left(256));
 }
 
-void TestUnitControlUnit::resets_data()
+void TestControlUnit::resets_data()
 {
     QTest::addColumn<int>("command");
     QTest::addColumn<bool>("restarts");
@@ -219,7 +219,7 @@ void TestUnitControlUnit::resets_data()
     QTest::newRow("no such command either") << 255 << false << true;
 }
 
-void TestUnitControlUnit::resets()
+void TestControlUnit::resets()
 {
     QFETCH(int, command);
     QFETCH(bool, restarts);
@@ -238,7 +238,7 @@ void TestUnitControlUnit::resets()
     QCOMPARE(read(unit, 0xF000001C, 4), settings.informationBlock().right(4));
 }
 
-void TestUnitControlUnit::resetsByAWiderWrite()
+void TestControlUnit::resetsByAWiderWrite()
 {
     ControlUnit unit;
     const QByteArray network = fromHex("01 01020304 05060708 090a0b0c");
@@ -247,7 +247,7 @@ void TestUnitControlUnit::resetsByAWiderWrite()
     QCOMPARE(read(unit, 0xF000000E, 15), network + fromHex("01 00"));
 }
 
-void TestUnitControlUnit::showsItsClock()
+void TestControlUnit::showsItsClock()
 {
     ControlUnit unit;
     qint64 now = QDateTime({2026, 11, 14}, {6, 5, 49}).toMSecsSinceEpoch();
@@ -257,7 +257,7 @@ void TestUnitControlUnit::showsItsClock()
     QCOMPARE(read(unit, 0x02000011, 6), fromHex("261114060600"));
 }
 
-void TestUnitControlUnit::showsPartsOfItsClock()
+void TestControlUnit::showsPartsOfItsClock()
 {
     ControlUnit unit;
     const qint64 now = QDateTime({2026, 11, 14}, {6, 5, 49}).toMSecsSinceEpoch();
@@ -270,7 +270,7 @@ void TestUnitControlUnit::showsPartsOfItsClock()
     QCOMPARE(read(unit, 0x02000016, 3), fromHex("49") + "yz");
 }
 
-void TestUnitControlUnit::setsItsClock()
+void TestControlUnit::setsItsClock()
 {
     ControlUnit unit;
     qint64 now = 1700000000000;
@@ -285,7 +285,7 @@ void TestUnitControlUnit::setsItsClock()
     QVERIFY(unit.memory() == before);
 }
 
-void TestUnitControlUnit::setsPartsOfItsClock()
+void TestControlUnit::setsPartsOfItsClock()
 {
     ControlUnit unit;
     unit.clock().setTimeSource([] { return qint64(1700000000000); });
@@ -296,7 +296,7 @@ void TestUnitControlUnit::setsPartsOfItsClock()
     QCOMPARE(read(unit, 0x02000010, 3), "!" + fromHex("2901"));
 }
 
-void TestUnitControlUnit::runsOnAfterABadTime()
+void TestControlUnit::runsOnAfterABadTime()
 {
     ControlUnit unit;
     unit.clock().setTimeSource([] { return qint64(1700000000000); });
@@ -306,7 +306,7 @@ void TestUnitControlUnit::runsOnAfterABadTime()
     QCOMPARE(read(unit, 0x02000011, 6), fromHex("300131235959"));
 }
 
-void TestUnitControlUnit::takesAnUpgrade()
+void TestControlUnit::takesAnUpgrade()
 {
     ControlUnit unit;
     const QByteArray remark(90, 'r');
@@ -339,7 +339,7 @@ void TestUnitControlUnit::takesAnUpgrade()
     QCOMPARE(read(unit, 0x18201000, 90), remark);
 }
 
-void TestUnitControlUnit::takesAnEmptyUpgrade()
+void TestControlUnit::takesAnEmptyUpgrade()
 {
     ControlUnit unit;
     QVERIFY(emptyUpgrade(unit).upgraded);
@@ -347,7 +347,7 @@ void TestUnitControlUnit::takesAnEmptyUpgrade()
     QCOMPARE(fourBytesText(unit.settings().version), QStringLiteral("1.0.0.2"));
 }
 
-void TestUnitControlUnit::keepsOddNetworkBytesInAnUpgrade()
+void TestControlUnit::keepsOddNetworkBytesInAnUpgrade()
 {
     ControlUnit unit;
     const QByteArray network = fromHex("07 01020304 05060708 090a0b0c");
@@ -356,7 +356,7 @@ void TestUnitControlUnit::keepsOddNetworkBytesInAnUpgrade()
     QCOMPARE(read(unit, 0xF000000E, 13), network);
 }
 
-void TestUnitControlUnit::reportsTheVersionItWasTold()
+void TestControlUnit::reportsTheVersionItWasTold()
 {
     ControlUnit unit;
     unit.setUpgradeVersion(FourBytes{4, 3, 2, 1});
@@ -364,7 +364,7 @@ void TestUnitControlUnit::reportsTheVersionItWasTold()
     QCOMPARE(read(unit, 0xF0000000, 32).mid(2, 4), fromHex("04030201"));
 }
 
-void TestUnitControlUnit::refusesAnUpgradeOutOfOrder()
+void TestControlUnit::refusesAnUpgradeOutOfOrder()
 {
     ControlUnit unit;
     const UnitAnswer answer = write(unit, 0x18000000, "str");
@@ -375,7 +375,7 @@ void TestUnitControlUnit::refusesAnUpgradeOutOfOrder()
     QCOMPARE(fourBytesText(unit.settings().version), QStringLiteral("1.0.0.0"));
 }
 
-void TestUnitControlUnit::keepsNoImagesInItsMemory()
+void TestControlUnit::keepsNoImagesInItsMemory()
 {
     ControlUnit unit;
     const int pages = unit.memory().pages().size();
@@ -385,5 +385,5 @@ void TestUnitControlUnit::keepsNoImagesInItsMemory()
     QCOMPARE(read(unit, 0x06000000, 4), QByteArray(4, '\0'));
 }
 
-QTEST_APPLESS_MAIN(TestUnitControlUnit)
-#include "tst_unitcontrolunit.moc"
+QTEST_APPLESS_MAIN(TestControlUnit)
+#include "tst_controlunit.moc"

@@ -187,7 +187,7 @@ private:
 
 } // namespace
 
-class TestCtlTransport : public QObject {
+class TestUnitTransport : public QObject {
     Q_OBJECT
 
 private slots:
@@ -220,14 +220,14 @@ private slots:
     void neverTimesOut();
 };
 
-void TestCtlTransport::readsOverBothProtocols_data()
+void TestUnitTransport::readsOverBothProtocols_data()
 {
     QTest::addColumn<int>("protocol");
     QTest::newRow("tcp") << static_cast<int>(UnitAddress::Tcp);
     QTest::newRow("udp") << static_cast<int>(UnitAddress::Udp);
 }
 
-void TestCtlTransport::readsOverBothProtocols()
+void TestUnitTransport::readsOverBothProtocols()
 {
     QFETCH(int, protocol);
     SampleUnit sample;
@@ -239,7 +239,7 @@ void TestCtlTransport::readsOverBothProtocols()
     QCOMPARE(operations.run(BackwordReadType), noError);
 }
 
-void TestCtlTransport::namesTheFault_data()
+void TestUnitTransport::namesTheFault_data()
 {
     QTest::addColumn<int>("protocol");
     QTest::addColumn<int>("kind");
@@ -272,7 +272,7 @@ void TestCtlTransport::namesTheFault_data()
     row("udp, wrong label", udp, FaultKind::WrongLabel, timeout);
 }
 
-void TestCtlTransport::namesTheFault()
+void TestUnitTransport::namesTheFault()
 {
     QFETCH(int, protocol);
     QFETCH(int, kind);
@@ -285,7 +285,7 @@ void TestCtlTransport::namesTheFault()
     QCOMPARE(operations.run(ReadDataType), noError);
 }
 
-void TestCtlTransport::namesOddStreams_data()
+void TestUnitTransport::namesOddStreams_data()
 {
     QTest::addColumn<QByteArray>("stream");
     QTest::addColumn<bool>("closes");
@@ -307,7 +307,7 @@ void TestCtlTransport::namesOddStreams_data()
         << replyTo(request).left(20) << false << QStringLiteral("回读设备信息超时！");
 }
 
-void TestCtlTransport::namesOddStreams()
+void TestUnitTransport::namesOddStreams()
 {
     QFETCH(QByteArray, stream);
     QFETCH(bool, closes);
@@ -321,7 +321,7 @@ void TestCtlTransport::namesOddStreams()
     QCOMPARE(operations.readDevice(), error.replace(QStringLiteral("%1"), unit.address().toText()));
 }
 
-void TestCtlTransport::takesFramesInPieces()
+void TestUnitTransport::takesFramesInPieces()
 {
     OddUnit unit([](QTcpSocket& socket, const QByteArray& request) {
         const QByteArray reply = replyTo(request);
@@ -334,7 +334,7 @@ void TestCtlTransport::takesFramesInPieces()
     QCOMPARE(operations.readDevice(), noError);
 }
 
-void TestCtlTransport::takesSeveralFramesAtOnce()
+void TestUnitTransport::takesSeveralFramesAtOnce()
 {
     // Replies of other labels come along with the right one, in front and behind.
     OddUnit unit([](QTcpSocket& socket, const QByteArray& request) {
@@ -348,7 +348,7 @@ void TestCtlTransport::takesSeveralFramesAtOnce()
         QCOMPARE(operations.readDevice(), noError);
 }
 
-void TestCtlTransport::dropsLateReplies()
+void TestUnitTransport::dropsLateReplies()
 {
     // The first request is answered together with the second: by then its reply is late.
     QByteArray first;
@@ -363,12 +363,12 @@ void TestCtlTransport::dropsLateReplies()
     QCOMPARE(operations.readDevice(), noError);
 }
 
-void TestCtlTransport::wakesAnOperationThatSleepsLate_data()
+void TestUnitTransport::wakesAnOperationThatSleepsLate_data()
 {
     readsOverBothProtocols_data();
 }
 
-void TestCtlTransport::wakesAnOperationThatSleepsLate()
+void TestUnitTransport::wakesAnOperationThatSleepsLate()
 {
     QFETCH(int, protocol);
     SampleUnit sample;
@@ -383,7 +383,7 @@ void TestCtlTransport::wakesAnOperationThatSleepsLate()
     QVERIFY(elapsed.elapsed() < longWait);
 }
 
-void TestCtlTransport::tellsAFailureToAnOperationThatSleepsLate()
+void TestUnitTransport::tellsAFailureToAnOperationThatSleepsLate()
 {
     OddUnit unit([](QTcpSocket& socket, const QByteArray&) { socket.disconnectFromHost(); });
     Operations operations(longWait, unit.address());
@@ -394,7 +394,7 @@ void TestCtlTransport::tellsAFailureToAnOperationThatSleepsLate()
         unit.address().toText() + QStringLiteral(" closed the connection without an answer"));
 }
 
-void TestCtlTransport::wakesNobodyAfterTheOperation()
+void TestUnitTransport::wakesNobodyAfterTheOperation()
 {
     SampleUnit sample;
     Operations operations(shortWait, sample.address());
@@ -405,12 +405,12 @@ void TestCtlTransport::wakesNobodyAfterTheOperation()
     QCOMPARE(error, QStringLiteral("alone超时！"));
 }
 
-void TestCtlTransport::isRefused_data()
+void TestUnitTransport::isRefused_data()
 {
     readsOverBothProtocols_data();
 }
 
-void TestCtlTransport::isRefused()
+void TestUnitTransport::isRefused()
 {
     QFETCH(int, protocol);
     quint16 port = 0;
@@ -429,7 +429,7 @@ void TestCtlTransport::isRefused()
         address.toText() + QStringLiteral(" refused the connection"));
 }
 
-void TestCtlTransport::givesUpOnAnUnknownHost()
+void TestUnitTransport::givesUpOnAnUnknownHost()
 {
     const UnitAddress address{UnitAddress::Tcp, QStringLiteral("unit.invalid"), 3801};
     Operations operations(shortWait, address);
@@ -474,7 +474,7 @@ private:
     quint16 m_port = 0;
 };
 
-void TestCtlTransport::givesUpConnecting()
+void TestUnitTransport::givesUpConnecting()
 {
     const FullPort port;
     Operations operations(shortWait, port.address());
@@ -484,14 +484,14 @@ void TestCtlTransport::givesUpConnecting()
     QVERIFY(elapsed.elapsed() >= shortWait);
 }
 
-void TestCtlTransport::givesUpWaiting()
+void TestUnitTransport::givesUpWaiting()
 {
     OddUnit unit([](QTcpSocket&, const QByteArray&) {});
     Operations operations(shortWait, unit.address());
     QCOMPARE(operations.run(ReadDataType), QStringLiteral("回读设备信息超时！"));
 }
 
-void TestCtlTransport::connectsAnewAfterALoss()
+void TestUnitTransport::connectsAnewAfterALoss()
 {
     int answered = 0;
     OddUnit unit([&answered](QTcpSocket& socket, const QByteArray& request) {
@@ -506,7 +506,7 @@ void TestCtlTransport::connectsAnewAfterALoss()
     }
 }
 
-void TestCtlTransport::leavesAConnectionThatStoppedInMidFrame()
+void TestUnitTransport::leavesAConnectionThatStoppedInMidFrame()
 {
     int requests = 0;
     OddUnit unit([&requests](QTcpSocket& socket, const QByteArray& request) {
@@ -517,7 +517,7 @@ void TestCtlTransport::leavesAConnectionThatStoppedInMidFrame()
     QCOMPARE(operations.readDevice(), noError);
 }
 
-void TestCtlTransport::abortsTheWait()
+void TestUnitTransport::abortsTheWait()
 {
     UnitTransport* transport = nullptr;
     OddUnit unit([&transport](QTcpSocket&, const QByteArray&) {
@@ -528,7 +528,7 @@ void TestCtlTransport::abortsTheWait()
     QCOMPARE(operations.run(ReadDataType), QStringLiteral("enough"));
 }
 
-void TestCtlTransport::abortsConnecting()
+void TestUnitTransport::abortsConnecting()
 {
     const FullPort port;
     Operations operations(-1, port.address());
@@ -537,7 +537,7 @@ void TestCtlTransport::abortsConnecting()
     QCOMPARE(operations.run(ReadDataType), QStringLiteral("enough"));
 }
 
-void TestCtlTransport::refusesOperationsOnceAborted()
+void TestUnitTransport::refusesOperationsOnceAborted()
 {
     SampleUnit sample;
     Operations operations(longWait, sample.address());
@@ -546,7 +546,7 @@ void TestCtlTransport::refusesOperationsOnceAborted()
     QCOMPARE(sample.server.faults().replies(), Q_UINT64_C(0));
 }
 
-void TestCtlTransport::awaitsTheLastReply()
+void TestUnitTransport::awaitsTheLastReply()
 {
     SampleUnit sample;
     Operations operations(longWait, sample.address());
@@ -563,13 +563,13 @@ void TestCtlTransport::awaitsTheLastReply()
     QCOMPARE(sample.server.faults().replies(), Q_UINT64_C(1));
 }
 
-void TestCtlTransport::endsWithoutHavingBeenUsed()
+void TestUnitTransport::endsWithoutHavingBeenUsed()
 {
     const SampleUnit sample;
     const Operations operations(longWait, sample.address());
 }
 
-void TestCtlTransport::neverTimesOut_data()
+void TestUnitTransport::neverTimesOut_data()
 {
     QTest::addColumn<int>("protocol");
     QTest::addColumn<bool>("busy");
@@ -579,7 +579,7 @@ void TestCtlTransport::neverTimesOut_data()
     QTest::newRow("udp, busy cores") << static_cast<int>(UnitAddress::Udp) << true;
 }
 
-void TestCtlTransport::neverTimesOut()
+void TestUnitTransport::neverTimesOut()
 {
     QFETCH(int, protocol);
     QFETCH(bool, busy);
@@ -590,5 +590,5 @@ void TestCtlTransport::neverTimesOut()
         QCOMPARE(operations.readDevice(), noError);
 }
 
-QTEST_GUILESS_MAIN(TestCtlTransport)
-#include "tst_ctltransport.moc"
+QTEST_GUILESS_MAIN(TestUnitTransport)
+#include "tst_unittransport.moc"

@@ -3,7 +3,7 @@
 
 #include <QtTest/QtTest>
 
-class TestCtlAddress : public QObject {
+class TestUnitAddress : public QObject {
     Q_OBJECT
 
 private slots:
@@ -15,7 +15,7 @@ private slots:
     void findsNetworkFaults();
 };
 
-void TestCtlAddress::readsUnitAddresses_data()
+void TestUnitAddress::readsUnitAddresses_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("read");
@@ -45,7 +45,7 @@ void TestCtlAddress::readsUnitAddresses_data()
     row("tcp://two words:80", "");
 }
 
-void TestCtlAddress::readsUnitAddresses()
+void TestUnitAddress::readsUnitAddresses()
 {
     QFETCH(QString, text);
     QFETCH(QString, read);
@@ -53,7 +53,7 @@ void TestCtlAddress::readsUnitAddresses()
     QCOMPARE(address ? address->toText() : QString(), read);
 }
 
-void TestCtlAddress::knowsIpv4Texts_data()
+void TestUnitAddress::knowsIpv4Texts_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("isIpv4");
@@ -76,13 +76,13 @@ void TestCtlAddress::knowsIpv4Texts_data()
     row("::1", false);
 }
 
-void TestCtlAddress::knowsIpv4Texts()
+void TestUnitAddress::knowsIpv4Texts()
 {
     QFETCH(QString, text);
     QTEST(isIpv4Text(text), "isIpv4");
 }
 
-void TestCtlAddress::findsNetworkFaults_data()
+void TestUnitAddress::findsNetworkFaults_data()
 {
     QTest::addColumn<QString>("ip");
     QTest::addColumn<QString>("mask");
@@ -111,7 +111,7 @@ void TestCtlAddress::findsNetworkFaults_data()
         "the gateway 10.0.1.1 is not in the subnet of 10.0.0.5");
 }
 
-void TestCtlAddress::findsNetworkFaults()
+void TestUnitAddress::findsNetworkFaults()
 {
     QFETCH(QString, ip);
     QFETCH(QString, mask);
@@ -119,5 +119,5 @@ void TestCtlAddress::findsNetworkFaults()
     QTEST(networkFault(ip, mask, gateway), "fault");
 }
 
-QTEST_APPLESS_MAIN(TestCtlAddress)
-#include "tst_ctladdress.moc"
+QTEST_APPLESS_MAIN(TestUnitAddress)
+#include "tst_unitaddress.moc"
