@@ -11,6 +11,7 @@
 #include "settingsbeside.h"
 #include "signallog.h"
 #include "unpackage.h"
+#include "unpackagewait.h"
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QMetaMethod>
@@ -250,6 +251,7 @@ private slots:
     void wait_fails();
     void wait_bareWake();
     void wait_earlyReplyIsLost();
+    void wait_withoutLimit();
     void errorStaysUntilNextRun();
     void sendPackage();
 
@@ -518,6 +520,27 @@ void UnPackageTest::wait_earlyReplyIsLost()
     });
     operations.slot_runReadPackage(SendConfigType);
     QCOMPARE(log.entries, QStringList{QStringLiteral("errored:配置参数超时！")});
+}
+
+void UnPackageTest::wait_withoutLimit()
+{
+    // The wake comes only long after the time that the settings file allows.
+    const auto lateWake = [](const RecordedRequest&, int) {
+        QThread::msleep(20);
+        return ScriptedUnit::wake();
+    };
+    Bench unlimited(lateWake, 0);
+    UnPackageWait::setUnlimited(*unlimited.operations);
+    QString error = QStringLiteral("before");
+    QVERIFY(unlimited.call(&UnPackage::sendConfig, error));
+    QCOMPARE(error, QStringLiteral("before"));
+
+    // Each other object keeps its own.
+    UnPackage other;
+    QVERIFY(!other.sendConfig(error));
+    QCOMPARE(error, QStringLiteral("配置参数超时！"));
+    QVERIFY(!UnPackage::Instance()->sendConfig(error));
+    QCOMPARE(error, QStringLiteral("配置参数超时！"));
 }
 
 void UnPackageTest::errorStaysUntilNextRun()
