@@ -12,6 +12,7 @@
 #include "settingsbeside.h"
 #include "signallog.h"
 #include "unpackage.h"
+#include "unpackagewait.h"
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QMetaMethod>
@@ -269,6 +270,7 @@ private slots:
     void waitFails();
     void waitBareWake();
     void waitEarlyReplyIsLost();
+    void waitWithoutLimit();
     void errorStaysUntilNextRun();
     void sendPackage();
 
@@ -537,6 +539,27 @@ void TestUnPackage::waitEarlyReplyIsLost()
     });
     operations.slot_runReadPackage(SendConfigType);
     QCOMPARE(log.entries, QStringList{QStringLiteral("errored:配置参数超时！")});
+}
+
+void TestUnPackage::waitWithoutLimit()
+{
+    // The wake comes only long after the time that the settings file allows.
+    const auto lateWake = [](const RecordedRequest&, int) {
+        QThread::msleep(20);
+        return ScriptedUnit::wake();
+    };
+    Bench unlimited(lateWake, 0);
+    UnPackageWait::setUnlimited(*unlimited.operations);
+    QString error = QStringLiteral("before");
+    QVERIFY(unlimited.call(&UnPackage::sendConfig, error));
+    QCOMPARE(error, QStringLiteral("before"));
+
+    // Each other object keeps its own.
+    UnPackage other;
+    QVERIFY(!other.sendConfig(error));
+    QCOMPARE(error, QStringLiteral("配置参数超时！"));
+    QVERIFY(!UnPackage::Instance()->sendConfig(error));
+    QCOMPARE(error, QStringLiteral("配置参数超时！"));
 }
 
 void TestUnPackage::errorStaysUntilNextRun()

@@ -14,6 +14,7 @@
 #include "settingsfile.h"
 #include "textwriter.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QMutexLocker>
 #include <QtCore/QSettings>
 #include <QtCore/QStringList>
@@ -206,13 +207,13 @@ unsigned char UnPackage::getLabels()
 
 void UnPackage::sendPackage(QByteArray package)
 {
-    emit signal_sendPackage(package);
+    Q_EMIT signal_sendPackage(package);
 }
 
 bool UnPackage::waitResponsed(QString label, QString& error)
 {
     m_mutex.lock();
-    const bool woken = m_waitCondition.wait(&m_mutex, static_cast<unsigned long>(m_timeout));
+    const bool woken = m_waitCondition.wait(&m_mutex, QDeadlineTimer(m_timeout));
     m_mutex.unlock();
     if (!woken) {
         error = label + tr("超时！");
@@ -254,7 +255,7 @@ void UnPackage::slot_runReadPackage(DataPackageType type)
     if (runOperation(type, error))
         emitFinished(type, device);
     else
-        emit signal_errored(error);
+        Q_EMIT signal_errored(error);
 }
 
 bool UnPackage::runOperation(DataPackageType type, QString& error)
@@ -289,16 +290,16 @@ void UnPackage::emitFinished(DataPackageType type, const DeviceModel& device)
 {
     switch (type) {
     case ReadDataType:
-        emit signal_readFinished(DeviceManagerModel::Instance()->getCurrentSelectDevice());
+        Q_EMIT signal_readFinished(DeviceManagerModel::Instance()->getCurrentSelectDevice());
         break;
     case UpgradeDeviceType:
-        emit signal_finshedUpgrade(m_upgradeName);
+        Q_EMIT signal_finshedUpgrade(m_upgradeName);
         break;
     case UpdateRemarkType:
-        emit signal_finshedUpdateRemark();
+        Q_EMIT signal_finshedUpdateRemark();
         break;
     default:
-        emit signal_finshed(device);
+        Q_EMIT signal_finshed(device);
         break;
     }
 }
@@ -307,7 +308,7 @@ void UnPackage::slot_SendQuadrelNetWork(
     QString oldIp, QString newIp, QString subnet, QString gateway)
 {
     const bool result = sendNetWork(newIp, subnet, gateway);
-    emit signal_finishnetwork(oldIp, newIp, result);
+    Q_EMIT signal_finishnetwork(oldIp, newIp, result);
 }
 
 bool UnPackage::readBlock(
@@ -346,7 +347,7 @@ bool UnPackage::readDeviceParameter(QString& error)
     models->setDeviceModel(m_deviceModel);
     DeviceManagerModel::Instance()->setCurrentSelectDevice(m_deviceModel);
     DeviceManagerModel::Instance()->setDeviceData(m_deviceModel, models);
-    emit signal_updateDeviced();
+    Q_EMIT signal_updateDeviced();
     return true;
 }
 
@@ -360,7 +361,7 @@ bool UnPackage::sendConfig(QString& error)
         return false;
 
     updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
-    emit signal_updateConfiged();
+    Q_EMIT signal_updateConfiged();
     return true;
 }
 
@@ -376,7 +377,7 @@ bool UnPackage::readConfigParameter(QString& error)
         return false;
 
     updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
-    emit signal_updateConfiged();
+    Q_EMIT signal_updateConfiged();
     return true;
 }
 
@@ -409,7 +410,7 @@ bool UnPackage::sendEvent(QString& error)
         return false;
 
     updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
-    emit signal_updateEvented();
+    Q_EMIT signal_updateEvented();
     return true;
 }
 
@@ -456,7 +457,7 @@ bool UnPackage::readEventParameter(QString& error)
         return false;
 
     updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
-    emit signal_updateEvented();
+    Q_EMIT signal_updateEvented();
     return true;
 }
 
@@ -491,8 +492,8 @@ bool UnPackage::sendTrigger(QString& error)
         models.setTriggerModel(m_triggerModel);
         models.setTriggerTimeModel(m_timeTriggerModel);
     });
-    emit signal_updateTriggered();
-    emit signal_updateTimeTriggered();
+    Q_EMIT signal_updateTriggered();
+    Q_EMIT signal_updateTimeTriggered();
     return true;
 }
 
@@ -518,7 +519,7 @@ bool UnPackage::readTriggerParameter(QString& error)
 
     numberRecords(m_triggerModel);
     updateRegistry([this](ModelManagement& models) { models.setTriggerModel(m_triggerModel); });
-    emit signal_updateTriggered();
+    Q_EMIT signal_updateTriggered();
     return true;
 }
 
@@ -540,7 +541,7 @@ bool UnPackage::readTimeTriggerParameter(QString& error)
     numberRecords(m_timeTriggerModel);
     updateRegistry(
         [this](ModelManagement& models) { models.setTriggerTimeModel(m_timeTriggerModel); });
-    emit signal_updateTimeTriggered();
+    Q_EMIT signal_updateTimeTriggered();
     return true;
 }
 
@@ -568,14 +569,14 @@ bool UnPackage::backwordread(QString& error)
         error = tr("数据包长度小于最小数据包长度！");
         return false;
     }
-    emit signal_backread(clockText(m_recvPackage.mid(cellOffset, m_clockLength)));
+    Q_EMIT signal_backread(clockText(m_recvPackage.mid(cellOffset, m_clockLength)));
     return true;
 }
 
 bool UnPackage::backwordwrite(QString& error)
 {
     sendWrite(clockAddress, clockCell(m_timingCheck));
-    emit signal_backread(m_timingCheck);
+    Q_EMIT signal_backread(m_timingCheck);
     return waitResponsed(tr("同步本地时间"), error);
 }
 
@@ -632,7 +633,7 @@ bool UnPackage::setBytesFromInt(QByteArray* bytes, int start, int length, int va
 void UnPackage::updateProgressBar(double value, double total)
 {
     const QString percentage = QString::number(value / total * 100, 'f', 0);
-    emit signal_updateProgress(tr("升级中\n") + percentage + tr("%"));
+    Q_EMIT signal_updateProgress(tr("升级中\n") + percentage + tr("%"));
 }
 
 bool UnPackage::upgradeDevcie(QString& error)
@@ -672,7 +673,7 @@ bool UnPackage::upgradeDevcie(QString& error)
         || !writeControlWords(addressedLeft(), streamedLeft(), streamedImageNumber)
         || !writeImage(m_streamedImage, m_streamedSent, streamedImageAddress, 0))
         return false;
-    emit signal_updateProgress(tr("重连设备中"));
+    Q_EMIT signal_updateProgress(tr("重连设备中"));
     return true;
 }
 

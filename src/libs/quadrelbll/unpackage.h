@@ -240,7 +240,7 @@ public:
      */
     bool updateRemark(QString& error);
 
-signals:
+Q_SIGNALS:
     /** An operation that the dispatch started has failed, for the reason given. */
     void signal_errored(QString error);
     /** `ReadDataType` is done; the selected device as the read left it. */
@@ -283,7 +283,7 @@ signals:
      */
     void signal_finishnetwork(QString oldIp, QString newIp, bool result);
 
-public slots:
+public Q_SLOTS:
     /**
      * Runs the operation of `type` and ends in exactly one closing signal. Clears the error state
      * and the reply buffer first. A value without an operation ends in `signal_finshed`.
@@ -296,6 +296,9 @@ public slots:
     void slot_SendQuadrelNetWork(QString oldIp, QString newIp, QString subnet, QString gateway);
 
 private:
+    /** Internal: lets a transport that keeps the time itself lift the limit of its own object. */
+    friend class UnPackageWait;
+
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
     bool readEverything(QString& error);
