@@ -12,7 +12,7 @@
 #include "settingsbeside.h"
 #include "signallog.h"
 #include "unpackage.h"
-#include "unpackagewait.h"
+#include "unpackageaccess.h"
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QMetaMethod>
@@ -271,6 +271,7 @@ private slots:
     void waitBareWake();
     void waitEarlyReplyIsLost();
     void waitWithoutLimit();
+    void registryOfItsOwn();
     void errorStaysUntilNextRun();
     void sendPackage();
 
@@ -549,7 +550,7 @@ void TestUnPackage::waitWithoutLimit()
         return ScriptedUnit::wake();
     };
     Bench unlimited(lateWake, 0);
-    UnPackageWait::setUnlimited(*unlimited.operations);
+    UnPackageAccess::setUnlimitedWait(*unlimited.operations);
     QString error = QStringLiteral("before");
     QVERIFY(unlimited.call(&UnPackage::sendConfig, error));
     QCOMPARE(error, QStringLiteral("before"));
@@ -560,6 +561,27 @@ void TestUnPackage::waitWithoutLimit()
     QCOMPARE(error, QStringLiteral("配置参数超时！"));
     QVERIFY(!UnPackage::Instance()->sendConfig(error));
     QCOMPARE(error, QStringLiteral("配置参数超时！"));
+}
+
+void TestUnPackage::registryOfItsOwn()
+{
+    selectDevice(QStringLiteral("10.0.0.1"));
+    DeviceManagerModel registry;
+    Bench bench(makeMemory(3, 2, 1));
+    UnPackageAccess::setRegistry(*bench.operations, &registry);
+    bench.run(ReadDataType);
+    DeviceModel device = registry.getCurrentSelectDevice();
+    QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
+    const std::unique_ptr<ModelManagement> models(registry.getDeviceData(device));
+    QCOMPARE(models->getEventModel()->size(), 3);
+    QCOMPARE(models->getTriggerTimeModel()->size(), 1);
+    QCOMPARE(bench.log->entries.last(), QStringLiteral("readFinished:10.0.0.7"));
+    DeviceManagerModel* const shared = DeviceManagerModel::Instance();
+    QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.1"));
+
+    UnPackageAccess::setRegistry(*bench.operations, nullptr);
+    bench.run(ReadDataType);
+    QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.7"));
 }
 
 void TestUnPackage::errorStaysUntilNextRun()
