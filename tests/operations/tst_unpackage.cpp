@@ -11,6 +11,7 @@
 #include "settingsbeside.h"
 #include "signallog.h"
 #include "unpackage.h"
+#include "unpackageaccess.h"
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QMetaMethod>
@@ -250,6 +251,8 @@ private slots:
     void wait_fails();
     void wait_bareWake();
     void wait_earlyReplyIsLost();
+    void wait_withoutLimit();
+    void registry_ofItsOwn();
     void errorStaysUntilNextRun();
     void sendPackage();
 
@@ -518,6 +521,48 @@ void UnPackageTest::wait_earlyReplyIsLost()
     });
     operations.slot_runReadPackage(SendConfigType);
     QCOMPARE(log.entries, QStringList{QStringLiteral("errored:配置参数超时！")});
+}
+
+void UnPackageTest::wait_withoutLimit()
+{
+    // The wake comes only long after the time that the settings file allows.
+    const auto lateWake = [](const RecordedRequest&, int) {
+        QThread::msleep(20);
+        return ScriptedUnit::wake();
+    };
+    Bench unlimited(lateWake, 0);
+    UnPackageAccess::setUnlimitedWait(*unlimited.operations);
+    QString error = QStringLiteral("before");
+    QVERIFY(unlimited.call(&UnPackage::sendConfig, error));
+    QCOMPARE(error, QStringLiteral("before"));
+
+    // Each other object keeps its own.
+    UnPackage other;
+    QVERIFY(!other.sendConfig(error));
+    QCOMPARE(error, QStringLiteral("配置参数超时！"));
+    QVERIFY(!UnPackage::Instance()->sendConfig(error));
+    QCOMPARE(error, QStringLiteral("配置参数超时！"));
+}
+
+void UnPackageTest::registry_ofItsOwn()
+{
+    selectDevice(QStringLiteral("10.0.0.1"));
+    DeviceManagerModel registry;
+    Bench bench(makeMemory(3, 2, 1));
+    UnPackageAccess::setRegistry(*bench.operations, &registry);
+    bench.run(ReadDataType);
+    DeviceModel device = registry.getCurrentSelectDevice();
+    QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
+    const std::unique_ptr<ModelManagement> models(registry.getDeviceData(device));
+    QCOMPARE(models->getEventModel()->size(), 3);
+    QCOMPARE(models->getTriggerTimeModel()->size(), 1);
+    QCOMPARE(bench.log->entries.last(), QStringLiteral("readFinished:10.0.0.7"));
+    DeviceManagerModel* const shared = DeviceManagerModel::Instance();
+    QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.1"));
+
+    UnPackageAccess::setRegistry(*bench.operations, nullptr);
+    bench.run(ReadDataType);
+    QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.7"));
 }
 
 void UnPackageTest::errorStaysUntilNextRun()
