@@ -1,12 +1,15 @@
 #pragma once
 
+#include "quadrellink_global.h"
+
+#include <QtCore/QMetaType>
 #include <QtCore/QString>
 
 #include <cstdint>
 #include <optional>
 
 /** Where a unit is reached, as in "tcp://192.168.1.10:3801". */
-struct UnitAddress {
+struct QUADRELLINK_EXPORT UnitAddress {
     enum Protocol { Tcp, Udp };
 
     /** The port of units that were not told another one. */
@@ -25,3 +28,5 @@ struct UnitAddress {
     /** The form with protocol and port. */
     QString toText() const;
 };
+
+Q_DECLARE_METATYPE(UnitAddress)
