@@ -3,12 +3,6 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 
-#include <vector>
-
-#include <pty.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace {
 
 constexpr int patience = 120000;
@@ -82,45 +76,19 @@ void ControlTool::start(QProcess& process, const QStringList& arguments)
     process.start(m_program, arguments);
 }
 
-bool ControlTool::hasTerminals()
+ToolResult ControlTool::runOnTerminal(
+    const QStringList& arguments, const QByteArray& input, TerminalSize size)
 {
-    int terminal = -1;
-    int program = -1;
-    if (openpty(&terminal, &program, nullptr, nullptr, nullptr) != 0)
-        return false;
-    close(terminal);
-    close(program);
-    return true;
+    const std::unique_ptr<TerminalProcess> process = startOnTerminal(arguments, size);
+    process->type(input);
+    const int exitCode = process->waitForEnd();
+    return {exitCode, QString::fromUtf8(process->output()), QString()};
 }
 
-ToolResult ControlTool::runOnTerminal(const QStringList& arguments, const QByteArray& input)
+std::unique_ptr<TerminalProcess> ControlTool::startOnTerminal(
+    const QStringList& arguments, TerminalSize size, const QStringList& environment)
 {
-    std::vector<QByteArray> words{m_program.toLocal8Bit()};
-    for (const QString& argument : arguments)
-        words.push_back(argument.toLocal8Bit());
-    std::vector<char*> argv;
-    for (QByteArray& word : words)
-        argv.push_back(word.data());
-    argv.push_back(nullptr);
-
-    int terminal = -1;
-    const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
-    if (child < 0)
-        qFatal("no terminal: %s", qPrintable(qt_error_string()));
-    if (child == 0) {
-        execv(argv.front(), argv.data());
-        _exit(127);
-    }
-    if (::write(terminal, input.constData(), static_cast<size_t>(input.size())) < 0)
-        qFatal("cannot type");
-    QByteArray output;
-    char buffer[4096];
-    for (ssize_t size = 0; (size = read(terminal, buffer, sizeof(buffer))) > 0;)
-        output.append(buffer, static_cast<int>(size));
-    int status = 0;
-    waitpid(child, &status, 0);
-    close(terminal);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, QString::fromUtf8(output), QString()};
+    return std::make_unique<TerminalProcess>(m_program, arguments, size, environment);
 }
 
 QString ControlTool::write(const QString& name, const QByteArray& contents) const

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "terminal.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QProcess>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
+
+#include <memory>
 
 /** The simulated unit as a process of its own; killed with the object. */
 class SimulatorProcess {
@@ -43,10 +47,11 @@ public:
     void setLocale(const QString& locale) { m_locale = locale; }
 
     ToolResult run(const QStringList& arguments);
-    /** Whether this machine makes terminals; a container may not. */
-    static bool hasTerminals();
     /** The same on a terminal: output and errors both come back in `output`, `input` is typed. */
-    ToolResult runOnTerminal(const QStringList& arguments, const QByteArray& input = {});
+    ToolResult runOnTerminal(
+        const QStringList& arguments, const QByteArray& input = {}, TerminalSize size = {});
+    std::unique_ptr<TerminalProcess> startOnTerminal(
+        const QStringList& arguments, TerminalSize size = {}, const QStringList& environment = {});
     void start(QProcess& process, const QStringList& arguments);
 
     /** A path in the tool's folder, which goes with the object. */
