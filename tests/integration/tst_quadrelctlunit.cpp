@@ -1,6 +1,6 @@
+#include "patience.h"
 #include "programs.h"
 
-#include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -18,12 +18,6 @@ QByteArray image(int size, int seed)
     for (int i = 0; i < size; ++i)
         bytes[i] = static_cast<char>((i + seed) * 7 % 251);
     return bytes;
-}
-
-QByteArray digestLine(const char* name, const QByteArray& bytes)
-{
-    return QByteArray("image ") + name + ' ' + QByteArray::number(bytes.size()) + ' '
-        + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
 }
 
 QString field(ControlTool& tool, const SimulatorProcess& unit, const char* name)
@@ -101,7 +95,7 @@ void TestQuadrelctlUnit::asksOnATerminal_data()
 
 void TestQuadrelctlUnit::asksOnATerminal()
 {
-    if (!TerminalProcess::isPossible())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     QFETCH(QByteArray, answer);
     QFETCH(QString, ip);
@@ -155,7 +149,7 @@ void TestQuadrelctlUnit::resetsToTheDefaultAddress()
     QCOMPARE(result.exitCode, 0);
     // It is away for a moment.
     QString ip;
-    QTRY_VERIFY_WITH_TIMEOUT(!(ip = field(tool, unit, "ip")).isEmpty(), 60000);
+    TRY_VERIFY(!(ip = field(tool, unit, "ip")).isEmpty());
     QCOMPARE(ip, QStringLiteral("192.168.1.100"));
 }
 
@@ -257,7 +251,7 @@ void TestQuadrelctlUnit::refusesBadImages()
 
 void TestQuadrelctlUnit::showsABarOnATerminal()
 {
-    if (!TerminalProcess::isPossible())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     const SimulatorProcess unit({QStringLiteral("--reset-time"), QStringLiteral("0")});
     ControlTool tool;
@@ -283,7 +277,7 @@ void TestQuadrelctlUnit::fitsTheBarIntoATerminal_data()
 
 void TestQuadrelctlUnit::fitsTheBarIntoATerminal()
 {
-    if (!TerminalProcess::isPossible())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     QFETCH(int, columns);
     QFETCH(bool, hasBar);
@@ -314,16 +308,18 @@ static void expectImages(SimulatorProcess& unit, int size)
 
 void TestQuadrelctlUnit::finishesWithoutATerminal()
 {
-    if (!TerminalProcess::isPossible())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     SimulatorProcess unit({QStringLiteral("--print-digests")});
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
-    const auto process = tool.startOnTerminal({QStringLiteral("upgrade"), unitOption,
-        unit.address(), QStringLiteral("--streamed"), file, QStringLiteral("--addressed"), file});
-    process->waitFor("10 %");
-    process->hangUp();
-    QCOMPARE(process->waitForEnd(), 0);
+    TerminalProgram process;
+    tool.start(process,
+        {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
+            QStringLiteral("--addressed"), file});
+    QVERIFY(process.waitForScreen("10 %"));
+    process.hangUp();
+    QCOMPARE(process.waitForExit(), 0);
     expectImages(unit, 100000);
 }
 
@@ -332,21 +328,14 @@ void TestQuadrelctlUnit::finishesWithoutAReader()
     SimulatorProcess unit({QStringLiteral("--print-digests")});
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
-    QProcess process;
-    process.setReadChannel(QProcess::StandardError);
+    Program process;
     tool.start(process,
         {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
             QStringLiteral("--addressed"), file});
-    QByteArray errors;
-    while (!errors.contains("10 % sent")) {
-        QVERIFY(process.waitForReadyRead(60000));
-        errors += process.readAllStandardError();
-    }
+    QVERIFY(process.waitForError(QStringLiteral("10 % sent")));
     process.closeReadChannel(QProcess::StandardOutput);
     process.closeReadChannel(QProcess::StandardError);
-    QVERIFY(process.waitForFinished(60000));
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(process.waitForExit(), 0);
     expectImages(unit, 100000);
 }
 
@@ -369,20 +358,16 @@ void TestQuadrelctlUnit::tellsAnInterruptedUpgrade()
     const SimulatorProcess unit({QStringLiteral("--fault"), QStringLiteral("drop@30")});
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("image"), image(80000, 1));
-    QProcess process;
+    Program process;
     tool.start(process,
         {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
             QStringLiteral("--addressed"), file});
-    process.setReadChannel(QProcess::StandardError);
-    QByteArray errors;
-    while (!errors.contains("30 % sent") && process.waitForReadyRead(60000)) {
-        errors += process.readAllStandardError();
-    }
-    kill(static_cast<pid_t>(process.processId()), SIGINT);
-    QVERIFY(process.waitForFinished(60000));
-    errors += process.readAllStandardError();
-    QCOMPARE(process.exitCode(), 130);
-    QVERIFY2(errors.contains("interrupted\nThe unit may hold half an image."), errors.constData());
+    QVERIFY(process.waitForError(QStringLiteral("30 % sent")));
+    QVERIFY(process.sendSignal(SIGINT));
+    QCOMPARE(process.waitForExit(), 130);
+    QVERIFY2(
+        process.errors().contains(QStringLiteral("interrupted\nThe unit may hold half an image.")),
+        qPrintable(process.errors()));
 }
 
 void TestQuadrelctlUnit::tellsAUnitThatStaysAway()
@@ -412,7 +397,7 @@ void TestQuadrelctlUnit::writesTheRemark()
     for (int offset = 0; offset < remark.size(); offset += 16)
         lines += "182010" + QByteArray::number(offset, 16).rightJustified(2, '0') + ": "
             + remark.mid(offset, 16).leftJustified(16, '\0').toHex(' ') + '\n';
-    QTRY_VERIFY_WITH_TIMEOUT(ControlTool::contentsOf(memory).contains(lines), 60000);
+    TRY_VERIFY(ControlTool::contentsOf(memory).contains(lines));
 
     const ToolResult refused = tool.run({QStringLiteral("remark"), unitOption, unit.address(),
         QStringLiteral("--streamed"), tool.path(QStringLiteral("missing"))});
