@@ -10,12 +10,7 @@ namespace {
 
 // In the order of FaultKind.
 const char* const names[] = {"drop", "delay", "duplicate", "truncate", "corrupt", "short",
-    "wrong-address", "wrong-length", "wrong-label", "cut", "close"};
-
-QString nameOf(FaultKind kind)
-{
-    return QLatin1String(names[static_cast<int>(kind)]);
-}
+    "wrong-address", "wrong-length", "wrong-label", "cut", "close", "lose-request", "hang"};
 
 QByteArray firstHalf(const QByteArray& frame)
 {
@@ -23,6 +18,11 @@ QByteArray firstHalf(const QByteArray& frame)
 }
 
 } // namespace
+
+QString UnitFault::name() const
+{
+    return QLatin1String(names[static_cast<int>(kind)]);
+}
 
 UnitFaults::UnitFaults(quint32 seed)
     : m_random(seed)
@@ -39,12 +39,12 @@ QStringList UnitFaults::kindNames()
 
 void UnitFaults::addNth(FaultKind kind, quint64 reply, int delay)
 {
-    m_rules.append({kind, delay, reply, 0.0});
+    m_rules.append({{kind, delay}, reply, 0.0});
 }
 
 void UnitFaults::addShare(FaultKind kind, double share, int delay)
 {
-    m_rules.append({kind, delay, 0, share});
+    m_rules.append({{kind, delay}, 0, share});
 }
 
 bool UnitFaults::add(const QString& text, QString* error)
@@ -84,37 +84,52 @@ bool UnitFaults::add(const QString& text, QString* error)
     return true;
 }
 
-UnitDelivery UnitFaults::deliver(const UnitFrame& reply)
+void UnitFaults::clear()
 {
-    ++m_replies;
-    const std::optional<Rule> rule = strikingRule();
-    if (rule)
-        return faulty(reply, *rule);
-    UnitDelivery delivery;
-    delivery.pieces.append(reply.encode());
-    return delivery;
+    m_rules.clear();
+    m_hang.reset();
 }
 
-std::optional<UnitFaults::Rule> UnitFaults::strikingRule()
+std::optional<UnitFault> UnitFaults::next()
 {
-    std::optional<Rule> striking;
+    ++m_replies;
+    const std::optional<UnitFault> fault = strikingFault();
+    if (!m_hang && fault && fault->kind == FaultKind::Hang)
+        m_hang = fault;
+    return m_hang ? m_hang : fault;
+}
+
+std::optional<UnitFault> UnitFaults::strikingFault()
+{
+    std::optional<UnitFault> striking;
     for (const Rule& rule : qAsConst(m_rules)) {
         // Every share draws for every reply, so that one rule does not shift another one's luck.
         const bool strikes =
             rule.reply > 0 ? rule.reply == m_replies : m_random.generateDouble() < rule.share;
         if (strikes && !striking)
-            striking = rule;
+            striking = rule.fault;
     }
     return striking;
 }
 
-UnitDelivery UnitFaults::faulty(const UnitFrame& reply, const Rule& rule)
+UnitDelivery UnitFaults::deliver(const UnitFrame& reply, const std::optional<UnitFault>& fault)
+{
+    if (fault)
+        return faulty(reply, *fault);
+    UnitDelivery delivery;
+    delivery.pieces.append(reply.encode());
+    return delivery;
+}
+
+UnitDelivery UnitFaults::faulty(const UnitFrame& reply, const UnitFault& fault)
 {
     UnitFrame frame = reply;
     UnitDelivery delivery;
-    delivery.fault = nameOf(rule.kind);
-    switch (rule.kind) {
+    delivery.fault = fault.name();
+    switch (fault.kind) {
     case FaultKind::Drop:
+    case FaultKind::LoseRequest:
+    case FaultKind::Hang:
         return delivery;
     case FaultKind::Close:
         delivery.closes = true;
@@ -133,7 +148,7 @@ UnitDelivery UnitFaults::faulty(const UnitFrame& reply, const Rule& rule)
         delivery.pieces.append(frame.encode());
         break;
     case FaultKind::Delay:
-        delivery.delay = rule.delay;
+        delivery.delay = fault.delay;
         break;
     case FaultKind::Short:
         frame.payload.clear();

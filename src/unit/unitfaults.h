@@ -35,15 +35,29 @@ enum class FaultKind {
     WrongLength,
     WrongLabel,
     Cut,
-    Close
+    Close,
+    LoseRequest,
+    Hang
+};
+
+/** What goes wrong with one exchange. */
+struct UnitFault {
+    FaultKind kind;
+    /** Milliseconds, of a delay. */
+    int delay;
+
+    /** The unit does not see the request: it changes nothing and is not answered. */
+    bool losesRequest() const { return kind == FaultKind::LoseRequest || kind == FaultKind::Hang; }
+    QString name() const;
 };
 
 /**
  * The faults that a unit is told to make.
  *
  * A fault strikes the n-th reply, counted from 1 over all connections, or a share of the replies at
- * random. The same seed and the same replies give the same faults. Of several that strike one reply
- * the first that was added counts.
+ * random; a lost request counts as the reply that it would have had. The same seed and the same
+ * requests give the same faults. Of several that strike one reply the first that was added counts.
+ * A unit that hangs does so until clear().
  */
 class UnitFaults {
 public:
@@ -59,31 +73,33 @@ public:
      * its milliseconds, as in "delay:250@3". False, and a reason in `error`, for any other text.
      */
     bool add(const QString& text, QString* error);
-    void clear() { m_rules.clear(); }
+    void clear();
 
-    /** Replies counted so far. */
+    /** Replies counted so far, with those that a fault kept back. */
     quint64 replies() const { return m_replies; }
 
-    UnitDelivery deliver(const UnitFrame& reply);
+    /** Counts a reply that is due, and chooses what goes wrong with it or with its request. */
+    std::optional<UnitFault> next();
+    UnitDelivery deliver(const UnitFrame& reply, const std::optional<UnitFault>& fault);
 
     static QStringList kindNames();
 
 private:
     struct Rule {
-        FaultKind kind;
-        int delay;
+        UnitFault fault;
         /** The reply that is struck, or 0 for a share. */
         quint64 reply;
         double share;
     };
 
-    std::optional<Rule> strikingRule();
-    UnitDelivery faulty(const UnitFrame& reply, const Rule& rule);
+    std::optional<UnitFault> strikingFault();
+    UnitDelivery faulty(const UnitFrame& reply, const UnitFault& fault);
     QByteArray corrupted(QByteArray frame);
 
     QList<Rule> m_rules;
     QRandomGenerator m_random;
     quint64 m_replies = 0;
+    std::optional<UnitFault> m_hang;
 };
 
 } // namespace QuadrelUnit

@@ -151,8 +151,13 @@ void UnitServer::sendDatagrams(
 
 void UnitServer::serve(const UnitFrame& request, const QString& peer, const Send& send)
 {
+    const std::optional<UnitFault> fault = m_faults.next();
+    if (fault && fault->losesRequest()) {
+        emit served(request, peer, fault->name());
+        return;
+    }
     const UnitAnswer answer = m_unit->answer(request);
-    const UnitDelivery delivery = m_faults.deliver(answer.reply);
+    const UnitDelivery delivery = m_faults.deliver(answer.reply, fault);
     emit served(request, peer, delivery.fault);
     if (!answer.notice.isEmpty())
         emit notice(answer.notice);

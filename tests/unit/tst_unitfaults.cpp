@@ -19,12 +19,18 @@ std::optional<UnitFrame> readReply(const QByteArray& bytes)
     return reader.next();
 }
 
+UnitDelivery deliverNext(UnitFaults& faults)
+{
+    const std::optional<UnitFault> fault = faults.next();
+    return faults.deliver(someReply(), fault);
+}
+
 /** Which of so many replies are faulty. */
 QString pattern(UnitFaults faults, int replies)
 {
     QString marks;
     for (int i = 0; i < replies; ++i)
-        marks += QLatin1Char(faults.deliver(someReply()).fault.isEmpty() ? '.' : 'x');
+        marks += QLatin1Char(deliverNext(faults).fault.isEmpty() ? '.' : 'x');
     return marks;
 }
 
@@ -43,6 +49,9 @@ private slots:
     void strikesAShare();
     void repeatsItselfByItsSeed();
     void firstRuleWins();
+    void losesRequests_data();
+    void losesRequests();
+    void hangsForGood();
     void forgetsItsRules();
     void takesTexts_data();
     void takesTexts();
@@ -53,7 +62,7 @@ private slots:
 void TestUnitFaults::deliversGoodReplies()
 {
     UnitFaults faults;
-    const UnitDelivery delivery = faults.deliver(someReply());
+    const UnitDelivery delivery = deliverNext(faults);
     QCOMPARE(delivery.pieces, QList<QByteArray>{someReply().encode()});
     QCOMPARE(delivery.delay, 0);
     QVERIFY(!delivery.closes);
@@ -90,6 +99,8 @@ void TestUnitFaults::makesEachFault_data()
     QTest::newRow("wrong-label") << "wrong-label" << Pieces{label.encode()} << 0 << false;
     QTest::newRow("cut") << "cut" << Pieces{good.left(26)} << 0 << true;
     QTest::newRow("close") << "close" << Pieces() << 0 << true;
+    QTest::newRow("lose-request") << "lose-request" << Pieces() << 0 << false;
+    QTest::newRow("hang") << "hang" << Pieces() << 0 << false;
 }
 
 void TestUnitFaults::makesEachFault()
@@ -101,7 +112,7 @@ void TestUnitFaults::makesEachFault()
     UnitFaults faults;
     QString error;
     QVERIFY2(faults.add(name + QStringLiteral("@1"), &error), qPrintable(error));
-    const UnitDelivery delivery = faults.deliver(someReply());
+    const UnitDelivery delivery = deliverNext(faults);
     QCOMPARE(delivery.pieces, pieces);
     QCOMPARE(delivery.delay, delay);
     QCOMPARE(delivery.closes, closes);
@@ -114,7 +125,7 @@ void TestUnitFaults::corruptsBehindTheHead()
     UnitFaults faults(3);
     faults.addShare(FaultKind::Corrupt, 1);
     for (int round = 0; round < 200; ++round) {
-        const QByteArray bad = faults.deliver(someReply()).pieces.value(0);
+        const QByteArray bad = deliverNext(faults).pieces.value(0);
         QCOMPARE(bad.size(), good.size());
         QCOMPARE(bad.left(18), good.left(18));
         QVERIFY(bad != good);
@@ -177,8 +188,44 @@ void TestUnitFaults::firstRuleWins()
     UnitFaults faults;
     faults.addNth(FaultKind::Short, 1);
     faults.addShare(FaultKind::Drop, 1);
-    QCOMPARE(faults.deliver(someReply()).fault, QStringLiteral("short"));
-    QCOMPARE(faults.deliver(someReply()).fault, QStringLiteral("drop"));
+    QCOMPARE(deliverNext(faults).fault, QStringLiteral("short"));
+    QCOMPARE(deliverNext(faults).fault, QStringLiteral("drop"));
+}
+
+void TestUnitFaults::losesRequests_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("loses");
+    const QStringList losing = {QStringLiteral("lose-request"), QStringLiteral("hang")};
+    for (const QString& name : UnitFaults::kindNames())
+        QTest::newRow(qPrintable(name)) << name << losing.contains(name);
+}
+
+void TestUnitFaults::losesRequests()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, loses);
+    UnitFaults faults;
+    QString error;
+    QVERIFY2(faults.add(name + QStringLiteral("@1"), &error), qPrintable(error));
+    const std::optional<UnitFault> fault = faults.next();
+    QVERIFY(fault);
+    QCOMPARE(fault->name(), name);
+    QCOMPARE(fault->losesRequest(), loses);
+}
+
+void TestUnitFaults::hangsForGood()
+{
+    UnitFaults faults;
+    faults.addNth(FaultKind::Hang, 3);
+    faults.addNth(FaultKind::Drop, 1);
+    faults.addNth(FaultKind::Close, 5);
+    QCOMPARE(pattern(faults, 7), QStringLiteral("x.xxxxx"));
+    for (int i = 0; i < 4; ++i)
+        faults.next();
+    QCOMPARE(faults.next()->name(), QStringLiteral("hang"));
+    faults.clear();
+    QVERIFY(!faults.next());
 }
 
 void TestUnitFaults::forgetsItsRules()
@@ -186,7 +233,7 @@ void TestUnitFaults::forgetsItsRules()
     UnitFaults faults;
     faults.addShare(FaultKind::Drop, 1);
     faults.clear();
-    QVERIFY(faults.deliver(someReply()).fault.isEmpty());
+    QVERIFY(deliverNext(faults).fault.isEmpty());
 }
 
 void TestUnitFaults::takesTexts_data()
@@ -241,7 +288,7 @@ void TestUnitFaults::refusesTexts()
     QVERIFY(!faults.add(text, &error));
     QVERIFY2(error.contains(reason), qPrintable(error));
     QVERIFY2(error.contains(QLatin1Char('"') + text + QLatin1Char('"')), qPrintable(error));
-    QVERIFY(faults.deliver(someReply()).fault.isEmpty());
+    QVERIFY(deliverNext(faults).fault.isEmpty());
 }
 
 QTEST_APPLESS_MAIN(TestUnitFaults)

@@ -1,3 +1,4 @@
+#include "patience.h"
 #include "unitserver.h"
 #include "upgradewrites.h"
 
@@ -8,11 +9,6 @@
 using namespace QuadrelUnit;
 
 namespace {
-
-constexpr int patience = 30000;
-
-#define TRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, patience)
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
 
 /** The asking side of a connection. */
 class Client {
@@ -78,6 +74,8 @@ private slots:
     void makesFaultsOverTcp();
     void makesFaultsOverUdp_data();
     void makesFaultsOverUdp();
+    void losesRequests();
+    void hangs();
     void dropsADelayedReplyWithItsConnection();
     void resets_data();
     void resets();
@@ -332,6 +330,34 @@ void TestUnitServer::makesFaultsOverUdp()
         TRY_VERIFY(client.hasPendingDatagrams());
         QCOMPARE(client.receiveDatagram().data(), datagram);
     }
+}
+
+void TestUnitServer::losesRequests()
+{
+    QSignalSpy served(m_server.get(), &UnitServer::served);
+    m_server->faults().addNth(FaultKind::LoseRequest, 1);
+    m_server->faults().addNth(FaultKind::Drop, 2);
+    Client client(m_server->port());
+    client.send(UnitFrame::writeRequest(1, 0x10, "lost"));
+    client.send(UnitFrame::writeRequest(2, 0x20, "kept"));
+    client.send(readInformation(3));
+    TRY_COMPARE(client.bytes(), informationReply(*m_unit, 3));
+    QCOMPARE(m_unit->memory().read(0x10, 4), QByteArray(4, '\0'));
+    QCOMPARE(m_unit->memory().read(0x20, 4), QByteArray("kept"));
+    QCOMPARE(served.size(), 3);
+    QCOMPARE(served[0][2].toString(), QStringLiteral("lose-request"));
+}
+
+void TestUnitServer::hangs()
+{
+    QSignalSpy served(m_server.get(), &UnitServer::served);
+    m_server->faults().addNth(FaultKind::Hang, 2);
+    Client client(m_server->port());
+    for (quint8 label = 1; label <= 5; ++label)
+        client.send(readInformation(label));
+    TRY_COMPARE(served.size(), 5);
+    TRY_COMPARE(client.bytes(), informationReply(*m_unit, 1));
+    QVERIFY(client.isConnected());
 }
 
 void TestUnitServer::dropsADelayedReplyWithItsConnection()

@@ -14,6 +14,7 @@
 #include "settingsfile.h"
 #include "textwriter.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QMutexLocker>
 #include <QtCore/QSettings>
 #include <QtCore/QStringList>
@@ -52,15 +53,19 @@ constexpr ushort upgradeStartWord = 0x7209;
 /** Of all control words of an upgrade, which count for its progress as the images do. */
 constexpr int upgradeControlBytes = 36;
 
-/** Lets `store` put working copies into the selected device's models, and keeps those. */
-template <typename Store> void updateRegistry(Store store)
+DeviceManagerModel& orSingleton(DeviceManagerModel* registry)
 {
-    DeviceManagerModel* registry = DeviceManagerModel::Instance();
-    const DeviceModel device = registry->getCurrentSelectDevice();
-    ModelManagement* models = registry->getDeviceData(device);
+    return registry ? *registry : *DeviceManagerModel::Instance();
+}
+
+/** Lets `store` put working copies into the selected device's models, and keeps those. */
+template <typename Store> void updateRegistry(DeviceManagerModel& registry, Store store)
+{
+    const DeviceModel device = registry.getCurrentSelectDevice();
+    ModelManagement* models = registry.getDeviceData(device);
     if (models)
         store(*models);
-    registry->setDeviceData(device, models);
+    registry.setDeviceData(device, models);
 }
 
 /** The bytes of so many records. The number is the application's and unchecked: it wraps. */
@@ -206,13 +211,13 @@ unsigned char UnPackage::getLabels()
 
 void UnPackage::sendPackage(QByteArray package)
 {
-    emit signal_sendPackage(package);
+    Q_EMIT signal_sendPackage(package);
 }
 
 bool UnPackage::waitResponsed(QString label, QString& error)
 {
     m_mutex.lock();
-    const bool woken = m_waitCondition.wait(&m_mutex, static_cast<unsigned long>(m_timeout));
+    const bool woken = m_waitCondition.wait(&m_mutex, QDeadlineTimer(m_timeout));
     m_mutex.unlock();
     if (!woken) {
         error = label + tr("超时！");
@@ -250,11 +255,11 @@ void UnPackage::slot_runReadPackage(DataPackageType type)
     m_hasError = false;
     m_recvPackage.clear();
     QString error = QLatin1String("");
-    const DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
+    const DeviceModel device = orSingleton(m_registry).getCurrentSelectDevice();
     if (runOperation(type, error))
         emitFinished(type, device);
     else
-        emit signal_errored(error);
+        Q_EMIT signal_errored(error);
 }
 
 bool UnPackage::runOperation(DataPackageType type, QString& error)
@@ -289,16 +294,16 @@ void UnPackage::emitFinished(DataPackageType type, const DeviceModel& device)
 {
     switch (type) {
     case ReadDataType:
-        emit signal_readFinished(DeviceManagerModel::Instance()->getCurrentSelectDevice());
+        Q_EMIT signal_readFinished(orSingleton(m_registry).getCurrentSelectDevice());
         break;
     case UpgradeDeviceType:
-        emit signal_finshedUpgrade(m_upgradeName);
+        Q_EMIT signal_finshedUpgrade(m_upgradeName);
         break;
     case UpdateRemarkType:
-        emit signal_finshedUpdateRemark();
+        Q_EMIT signal_finshedUpdateRemark();
         break;
     default:
-        emit signal_finshed(device);
+        Q_EMIT signal_finshed(device);
         break;
     }
 }
@@ -307,7 +312,7 @@ void UnPackage::slot_SendQuadrelNetWork(
     QString oldIp, QString newIp, QString subnet, QString gateway)
 {
     const bool result = sendNetWork(newIp, subnet, gateway);
-    emit signal_finishnetwork(oldIp, newIp, result);
+    Q_EMIT signal_finishnetwork(oldIp, newIp, result);
 }
 
 bool UnPackage::readBlock(
@@ -344,9 +349,9 @@ bool UnPackage::readDeviceParameter(QString& error)
     // models of an earlier read.
     auto* models = new ModelManagement(nullptr);
     models->setDeviceModel(m_deviceModel);
-    DeviceManagerModel::Instance()->setCurrentSelectDevice(m_deviceModel);
-    DeviceManagerModel::Instance()->setDeviceData(m_deviceModel, models);
-    emit signal_updateDeviced();
+    orSingleton(m_registry).setCurrentSelectDevice(m_deviceModel);
+    orSingleton(m_registry).setDeviceData(m_deviceModel, models);
+    Q_EMIT signal_updateDeviced();
     return true;
 }
 
@@ -359,8 +364,9 @@ bool UnPackage::sendConfig(QString& error)
     if (!writeBlock(ioAddress, ioBlock, tr("配置参数"), error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
-    emit signal_updateConfiged();
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setConfigModel(m_configModel); });
+    Q_EMIT signal_updateConfiged();
     return true;
 }
 
@@ -375,8 +381,9 @@ bool UnPackage::readConfigParameter(QString& error)
         || !readPart(ioAddress, bytesOf(m_ioNumber, m_ioLength)))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
-    emit signal_updateConfiged();
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setConfigModel(m_configModel); });
+    Q_EMIT signal_updateConfiged();
     return true;
 }
 
@@ -408,8 +415,9 @@ bool UnPackage::sendEvent(QString& error)
         || !writeRecords(eventTableAddress, count, encode, error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
-    emit signal_updateEvented();
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setEventModel(m_eventModel); });
+    Q_EMIT signal_updateEvented();
     return true;
 }
 
@@ -455,8 +463,9 @@ bool UnPackage::readEventParameter(QString& error)
     if (!readTable(table, m_eventCount, parseCount, parseRecord, error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
-    emit signal_updateEvented();
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setEventModel(m_eventModel); });
+    Q_EMIT signal_updateEvented();
     return true;
 }
 
@@ -487,12 +496,12 @@ bool UnPackage::sendTrigger(QString& error)
         || !writeRecords(triggerTableAddress, total, encode, error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) {
+    updateRegistry(orSingleton(m_registry), [this](ModelManagement& models) {
         models.setTriggerModel(m_triggerModel);
         models.setTriggerTimeModel(m_timeTriggerModel);
     });
-    emit signal_updateTriggered();
-    emit signal_updateTimeTriggered();
+    Q_EMIT signal_updateTriggered();
+    Q_EMIT signal_updateTimeTriggered();
     return true;
 }
 
@@ -517,8 +526,9 @@ bool UnPackage::readTriggerParameter(QString& error)
         return false;
 
     numberRecords(m_triggerModel);
-    updateRegistry([this](ModelManagement& models) { models.setTriggerModel(m_triggerModel); });
-    emit signal_updateTriggered();
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setTriggerModel(m_triggerModel); });
+    Q_EMIT signal_updateTriggered();
     return true;
 }
 
@@ -538,9 +548,9 @@ bool UnPackage::readTimeTriggerParameter(QString& error)
         return false;
 
     numberRecords(m_timeTriggerModel);
-    updateRegistry(
+    updateRegistry(orSingleton(m_registry),
         [this](ModelManagement& models) { models.setTriggerTimeModel(m_timeTriggerModel); });
-    emit signal_updateTimeTriggered();
+    Q_EMIT signal_updateTimeTriggered();
     return true;
 }
 
@@ -568,14 +578,14 @@ bool UnPackage::backwordread(QString& error)
         error = tr("数据包长度小于最小数据包长度！");
         return false;
     }
-    emit signal_backread(clockText(m_recvPackage.mid(cellOffset, m_clockLength)));
+    Q_EMIT signal_backread(clockText(m_recvPackage.mid(cellOffset, m_clockLength)));
     return true;
 }
 
 bool UnPackage::backwordwrite(QString& error)
 {
     sendWrite(clockAddress, clockCell(m_timingCheck));
-    emit signal_backread(m_timingCheck);
+    Q_EMIT signal_backread(m_timingCheck);
     return waitResponsed(tr("同步本地时间"), error);
 }
 
@@ -632,7 +642,7 @@ bool UnPackage::setBytesFromInt(QByteArray* bytes, int start, int length, int va
 void UnPackage::updateProgressBar(double value, double total)
 {
     const QString percentage = QString::number(value / total * 100, 'f', 0);
-    emit signal_updateProgress(tr("升级中\n") + percentage + tr("%"));
+    Q_EMIT signal_updateProgress(tr("升级中\n") + percentage + tr("%"));
 }
 
 bool UnPackage::upgradeDevcie(QString& error)
@@ -672,7 +682,7 @@ bool UnPackage::upgradeDevcie(QString& error)
         || !writeControlWords(addressedLeft(), streamedLeft(), streamedImageNumber)
         || !writeImage(m_streamedImage, m_streamedSent, streamedImageAddress, 0))
         return false;
-    emit signal_updateProgress(tr("重连设备中"));
+    Q_EMIT signal_updateProgress(tr("重连设备中"));
     return true;
 }
 

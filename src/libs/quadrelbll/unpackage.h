@@ -14,6 +14,8 @@
 #include <QtCore/QString>
 #include <QtCore/QWaitCondition>
 
+class DeviceManagerModel;
+
 /**
  * What UnPackage::slot_runReadPackage runs, and the signal that closes it on success. Any other
  * 32-bit value is allowed too, and runs as little as ReservedType.
@@ -240,7 +242,7 @@ public:
      */
     bool updateRemark(QString& error);
 
-signals:
+Q_SIGNALS:
     /** An operation that the dispatch started has failed, for the reason given. */
     void signal_errored(QString error);
     /** `ReadDataType` is done; the selected device as the read left it. */
@@ -283,7 +285,7 @@ signals:
      */
     void signal_finishnetwork(QString oldIp, QString newIp, bool result);
 
-public slots:
+public Q_SLOTS:
     /**
      * Runs the operation of `type` and ends in exactly one closing signal. Clears the error state
      * and the reply buffer first. A value without an operation ends in `signal_finshed`.
@@ -296,6 +298,9 @@ public slots:
     void slot_SendQuadrelNetWork(QString oldIp, QString newIp, QString subnet, QString gateway);
 
 private:
+    /** Internal: lets the link lift the wait of its own object, and give it a registry. */
+    friend class UnPackageAccess;
+
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
     bool readEverything(QString& error);
@@ -350,6 +355,8 @@ private:
     // How much of each image is gone already.
     int m_streamedSent = 0;
     int m_addressedSent = 0;
+    /** Null for the one of the process. */
+    DeviceManagerModel* m_registry = nullptr;
 
     static UnPackage* m_unPackageInstance;
 };
