@@ -30,9 +30,10 @@ QUADRELLINK_EXPORT std::error_code make_error_code(LinkError error) noexcept;
 
 /** A failure: its code for the program, and a text for people that names the unit. */
 struct LinkFailure {
-    std::error_code error;
-    QString text;
+    std::error_code error; ///< none after a success
+    QString text;          ///< one sentence in the language of the program
 
+    /** Whether there was a failure. */
     explicit operator bool() const { return static_cast<bool>(error); }
 };
 

@@ -10,14 +10,15 @@
 
 /** Where a unit is reached, as in "tcp://192.168.1.10:3801". */
 struct QUADRELLINK_EXPORT UnitAddress {
+    /** The protocol that carries the frames. */
     enum Protocol { Tcp, Udp };
 
     /** The port of units that were not told another one. */
     static constexpr std::uint16_t defaultPort = 3801;
 
-    Protocol protocol = Tcp;
-    QString host;
-    std::uint16_t port = defaultPort;
+    Protocol protocol = Tcp;          ///< TCP or UDP
+    QString host;                     ///< a name, or an address without brackets
+    std::uint16_t port = defaultPort; ///< from 1 to 65535
 
     /**
      * Reads "tcp://HOST:PORT" or "udp://HOST:PORT". Protocol and port may be missing: "HOST" is

@@ -16,6 +16,7 @@
 /** One operation on a unit with its inputs, for UnitSession. A value that may be copied. */
 class QUADRELLINK_EXPORT UnitRequest {
 public:
+    /** The operations. */
     enum Kind {
         ReadDevice,
         ReadAll,
@@ -63,6 +64,7 @@ public:
     /** Writes the remark, the first 90 bytes of a streamed image. */
     static UnitRequest writeRemark(const QByteArray& streamed);
 
+    /** Which operation it is. */
     Kind kind() const;
 
 private:

@@ -21,6 +21,7 @@ struct UnitResult {
     /** What a read has found; models that were not read are at their defaults. */
     UnitData data;
 
+    /** Whether the operation has succeeded. */
     explicit operator bool() const { return !failure; }
 };
 
@@ -53,13 +54,16 @@ class QUADRELLINK_EXPORT UnitSession : public QObject {
     Q_OBJECT
 
 public:
+    /** What run() calls while the operation goes on. */
     using ProgressHandler = std::function<void(const UnitProgress&)>;
 
+    /** Sends nothing yet. */
     explicit UnitSession(
         const UnitAddress& address, const LinkOptions& options = {}, QObject* parent = nullptr);
     /** Cancels the operation that runs, and waits for its end; nothing is emitted any more. */
     ~UnitSession() override;
 
+    /** The address that the session was made for. */
     UnitAddress address() const;
 
     /** Runs an operation and returns when it is over; `progress` is called on this thread. */
