@@ -4,11 +4,10 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtNetwork/QUdpSocket>
 #include <QtTest/QtTest>
 
 namespace {
-
-constexpr int patience = 120000;
 
 /** A unit on a host of its own that answers searches. */
 class UnitHost {
@@ -17,21 +16,12 @@ public:
         : m_process(network.addHost({address + QStringLiteral("/24")}))
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(QUADRELSIM_PATH),
-            QStringList{QStringLiteral("--sample"), QStringLiteral("--listen"), address,
-                QStringLiteral("--discovery")}
-                + arguments);
-        QByteArray output;
-        while (!output.contains("answering searches")) {
-            if (!m_process.waitForReadyRead(patience))
-                qFatal("the simulated unit does not start");
-            output += m_process.readAll();
-        }
-    }
-    ~UnitHost()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
+        if (!m_process.launch(QStringLiteral(QUADRELSIM_PATH),
+                QStringList{QStringLiteral("--sample"), QStringLiteral("--listen"), address,
+                    QStringLiteral("--discovery")}
+                    + arguments)
+            || m_process.waitForLine("answering searches").isEmpty())
+            qFatal("the simulated unit does not start");
     }
 
 private:
@@ -44,10 +34,7 @@ ToolResult runInside(const NetworkNamespace& host, const QStringList& arguments,
     ControlTool tool(settings);
     NamespaceProcess process(host);
     tool.start(process, arguments);
-    if (!process.waitForFinished(patience))
-        qFatal("quadrelctl does not end");
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-        QString::fromUtf8(process.readAllStandardError())};
+    return ControlTool::resultOf(process);
 }
 
 const QString ownAddress = QStringLiteral("192.168.1.1/24");
@@ -67,7 +54,9 @@ private slots:
     void initTestCase();
     void listsUnits();
     void listsUnitsAsJson();
-    void printsTheFirst();
+    void endsWithTheFirst_data();
+    void endsWithTheFirst();
+    void saysThatThePortIsInUse();
     void searchesForAnUpgrade();
     void readsTheOnlyUnit();
     void refusesToChooseAUnit();
@@ -121,16 +110,46 @@ void TestQuadrelctlDiscover::listsUnitsAsJson()
             {QStringLiteral("reply"), QStringLiteral("Zorbe:3100 hello")}}));
 }
 
-void TestQuadrelctlDiscover::printsTheFirst()
+void TestQuadrelctlDiscover::endsWithTheFirst_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    const QStringList first{QStringLiteral("discover"), QStringLiteral("--first")};
+    QTest::newRow("plain") << first;
+    QTest::newRow("upgrade") << first
+            + QStringList{QStringLiteral("--upgrade"), QStringLiteral("x")};
+}
+
+void TestQuadrelctlDiscover::endsWithTheFirst()
+{
+    QFETCH(QStringList, arguments);
+    TestNetwork network;
+    const NetworkNamespace& host = network.addHost({ownAddress});
+    const UnitHost unit(network, firstAddress);
+    // To wait for the end of such a search would end the test.
+    const ToolResult result =
+        runInside(host, arguments, "[Search]\ntimeout=100000000\n[Upgrade]\ntimeout=100000000\n");
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.output, QStringLiteral("tcp://192.168.1.10:3801\n"));
+    QCOMPARE(result.exitCode, 0);
+}
+
+void TestQuadrelctlDiscover::saysThatThePortIsInUse()
 {
     TestNetwork network;
     const NetworkNamespace& host = network.addHost({ownAddress});
-    const UnitHost second(network, secondAddress);
-    const UnitHost first(network, firstAddress);
-    const ToolResult result =
-        runInside(host, {QStringLiteral("discover"), QStringLiteral("--first")});
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.output, QStringLiteral("tcp://192.168.1.10:3801\n"));
+    QUdpSocket other;
+    {
+        const InsideNamespace inside(host);
+        QVERIFY(
+            other.bind(QHostAddress(QHostAddress::AnyIPv4), 3800, QUdpSocket::DontShareAddress));
+    }
+    const ToolResult result = runInside(host, {QStringLiteral("discover")});
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+        QStringLiteral(
+            "UDP port 3800 of 192.168.1.1 is in use by another program, so no answer can "
+            "be heard; end that program and search again\n"));
 }
 
 void TestQuadrelctlDiscover::searchesForAnUpgrade()

@@ -1,6 +1,6 @@
+#include "patience.h"
 #include "programs.h"
 
-#include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -18,12 +18,6 @@ QByteArray image(int size, int seed)
     for (int i = 0; i < size; ++i)
         bytes[i] = static_cast<char>((i + seed) * 7 % 251);
     return bytes;
-}
-
-QByteArray digestLine(const char* name, const QByteArray& bytes)
-{
-    return QByteArray("image ") + name + ' ' + QByteArray::number(bytes.size()) + ' '
-        + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
 }
 
 QString field(ControlTool& tool, const SimulatorProcess& unit, const char* name)
@@ -64,6 +58,10 @@ private slots:
     void refusesBadImages_data();
     void refusesBadImages();
     void showsABarOnATerminal();
+    void fitsTheBarIntoATerminal_data();
+    void fitsTheBarIntoATerminal();
+    void finishesWithoutATerminal();
+    void finishesWithoutAReader();
     void tellsABrokenUpgrade();
     void tellsAnInterruptedUpgrade();
     void tellsAUnitThatStaysAway();
@@ -97,7 +95,7 @@ void TestQuadrelctlUnit::asksOnATerminal_data()
 
 void TestQuadrelctlUnit::asksOnATerminal()
 {
-    if (!ControlTool::hasTerminals())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     QFETCH(QByteArray, answer);
     QFETCH(QString, ip);
@@ -151,7 +149,7 @@ void TestQuadrelctlUnit::resetsToTheDefaultAddress()
     QCOMPARE(result.exitCode, 0);
     // It is away for a moment.
     QString ip;
-    QTRY_VERIFY_WITH_TIMEOUT(!(ip = field(tool, unit, "ip")).isEmpty(), 60000);
+    TRY_VERIFY(!(ip = field(tool, unit, "ip")).isEmpty());
     QCOMPARE(ip, QStringLiteral("192.168.1.100"));
 }
 
@@ -253,7 +251,7 @@ void TestQuadrelctlUnit::refusesBadImages()
 
 void TestQuadrelctlUnit::showsABarOnATerminal()
 {
-    if (!ControlTool::hasTerminals())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     const SimulatorProcess unit({QStringLiteral("--reset-time"), QStringLiteral("0")});
     ControlTool tool;
@@ -265,6 +263,80 @@ void TestQuadrelctlUnit::showsABarOnATerminal()
                 .match(result.output)
                 .hasMatch());
     QVERIFY(result.output.contains(QStringLiteral("[##############################] 100 %")));
+}
+
+void TestQuadrelctlUnit::fitsTheBarIntoATerminal_data()
+{
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<bool>("hasBar");
+    QTest::newRow("wide") << 200 << true;
+    QTest::newRow("narrow") << 45 << true;
+    QTest::newRow("no room for a bar") << 25 << false;
+    QTest::newRow("no room at all") << 5 << false;
+}
+
+void TestQuadrelctlUnit::fitsTheBarIntoATerminal()
+{
+    if (!TerminalProgram::isPossible())
+        QSKIP("this machine makes no terminals");
+    QFETCH(int, columns);
+    QFETCH(bool, hasBar);
+    const SimulatorProcess unit({QStringLiteral("--reset-time"), QStringLiteral("0")});
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
+    const ToolResult result = tool.runOnTerminal(
+        {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
+            QStringLiteral("--addressed"), file},
+        {}, {static_cast<unsigned short>(columns), 24});
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.output.contains(QLatin1Char('#')), hasBar);
+    static const QRegularExpression progress(QStringLiteral("\r([^\r\n]*)\x1b\\[K"));
+    int shown = 0;
+    for (auto it = progress.globalMatch(result.output); it.hasNext(); ++shown) {
+        const QString line = it.next().captured(1);
+        QVERIFY2(line.size() < columns, qPrintable(line));
+    }
+    QVERIFY(shown > 50);
+}
+
+/** The images are whole, whoever still listens. */
+static void expectImages(SimulatorProcess& unit, int size)
+{
+    QCOMPARE(unit.waitForLine("image addressed"), digestLine("addressed", image(size, 1)));
+    QCOMPARE(unit.waitForLine("image streamed"), digestLine("streamed", image(size, 1)));
+}
+
+void TestQuadrelctlUnit::finishesWithoutATerminal()
+{
+    if (!TerminalProgram::isPossible())
+        QSKIP("this machine makes no terminals");
+    SimulatorProcess unit({QStringLiteral("--print-digests")});
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
+    TerminalProgram process;
+    tool.start(process,
+        {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
+            QStringLiteral("--addressed"), file});
+    QVERIFY(process.waitForScreen("10 %"));
+    process.hangUp();
+    QCOMPARE(process.waitForExit(), 0);
+    expectImages(unit, 100000);
+}
+
+void TestQuadrelctlUnit::finishesWithoutAReader()
+{
+    SimulatorProcess unit({QStringLiteral("--print-digests")});
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
+    Program process;
+    tool.start(process,
+        {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
+            QStringLiteral("--addressed"), file});
+    QVERIFY(process.waitForError(QStringLiteral("10 % sent")));
+    process.closeReadChannel(QProcess::StandardOutput);
+    process.closeReadChannel(QProcess::StandardError);
+    QCOMPARE(process.waitForExit(), 0);
+    expectImages(unit, 100000);
 }
 
 void TestQuadrelctlUnit::tellsABrokenUpgrade()
@@ -286,20 +358,16 @@ void TestQuadrelctlUnit::tellsAnInterruptedUpgrade()
     const SimulatorProcess unit({QStringLiteral("--fault"), QStringLiteral("drop@30")});
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("image"), image(80000, 1));
-    QProcess process;
+    Program process;
     tool.start(process,
         {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
             QStringLiteral("--addressed"), file});
-    process.setReadChannel(QProcess::StandardError);
-    QByteArray errors;
-    while (!errors.contains("30 % sent") && process.waitForReadyRead(60000)) {
-        errors += process.readAllStandardError();
-    }
-    kill(static_cast<pid_t>(process.processId()), SIGINT);
-    QVERIFY(process.waitForFinished(60000));
-    errors += process.readAllStandardError();
-    QCOMPARE(process.exitCode(), 130);
-    QVERIFY2(errors.contains("interrupted\nThe unit may hold half an image."), errors.constData());
+    QVERIFY(process.waitForError(QStringLiteral("30 % sent")));
+    QVERIFY(process.sendSignal(SIGINT));
+    QCOMPARE(process.waitForExit(), 130);
+    QVERIFY2(
+        process.errors().contains(QStringLiteral("interrupted\nThe unit may hold half an image.")),
+        qPrintable(process.errors()));
 }
 
 void TestQuadrelctlUnit::tellsAUnitThatStaysAway()
@@ -329,7 +397,7 @@ void TestQuadrelctlUnit::writesTheRemark()
     for (int offset = 0; offset < remark.size(); offset += 16)
         lines += "182010" + QByteArray::number(offset, 16).rightJustified(2, '0') + ": "
             + remark.mid(offset, 16).leftJustified(16, '\0').toHex(' ') + '\n';
-    QTRY_VERIFY_WITH_TIMEOUT(ControlTool::contentsOf(memory).contains(lines), 60000);
+    TRY_VERIFY(ControlTool::contentsOf(memory).contains(lines));
 
     const ToolResult refused = tool.run({QStringLiteral("remark"), unitOption, unit.address(),
         QStringLiteral("--streamed"), tool.path(QStringLiteral("missing"))});

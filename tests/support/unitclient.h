@@ -1,16 +1,11 @@
 #pragma once
 
 #include "controlunit.h"
+#include "patience.h"
 #include "unitframe.h"
 
 #include <QtNetwork/QTcpSocket>
 #include <QtTest/QtTest>
-
-/** Long enough on any machine: only a fault makes a wait run out. */
-constexpr int patience = 30000;
-
-#define TRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, patience)
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
 
 /** The asking side of a connection to a unit in the same thread. */
 class UnitClient {

@@ -1,3 +1,4 @@
+#include "patience.h"
 #include "unitmemoryfile.h"
 #include "unitsample.h"
 
@@ -8,12 +9,6 @@
 #include <QtTest/QtTest>
 
 using namespace QuadrelUnit;
-
-namespace {
-
-constexpr int patience = 30000;
-
-} // namespace
 
 class TestUnitMemoryFile : public QObject {
     Q_OBJECT

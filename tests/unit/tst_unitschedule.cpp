@@ -1,3 +1,4 @@
+#include "patience.h"
 #include "unitschedule.h"
 
 #include <QtTest/QtTest>
@@ -6,7 +7,6 @@ using namespace QuadrelUnit;
 
 namespace {
 
-constexpr int patience = 30000;
 constexpr qint64 millisecond = 1000000;
 
 } // namespace
@@ -41,7 +41,7 @@ void TestUnitSchedule::callsInTheOrderOfTimes()
     schedule.callAt(time - 1, call("b"));
     schedule.callAt(0, call("a"));
     QVERIFY(m_calls.isEmpty());
-    QTRY_COMPARE_WITH_TIMEOUT(m_calls, QByteArray("abcde"), patience);
+    TRY_COMPARE(m_calls, QByteArray("abcde"));
 }
 
 void TestUnitSchedule::callsNotBeforeTheTime()
@@ -50,7 +50,7 @@ void TestUnitSchedule::callsNotBeforeTheTime()
     const qint64 due = schedule.now() + 7 * millisecond + 1;
     qint64 called = 0;
     schedule.callAt(due, [&] { called = schedule.now(); });
-    QTRY_VERIFY_WITH_TIMEOUT(called > 0, patience);
+    TRY_VERIFY(called > 0);
     QVERIFY(called >= due);
 }
 
@@ -63,7 +63,7 @@ void TestUnitSchedule::takesCallsFromCalls()
         schedule.callAt(0, call("b"));
         schedule.callAt(schedule.now() + millisecond, call("c"));
     });
-    QTRY_COMPARE_WITH_TIMEOUT(m_calls, QByteArray("abc"), patience);
+    TRY_COMPARE(m_calls, QByteArray("abc"));
 }
 
 void TestUnitSchedule::takesAnEarlierCall()
@@ -72,7 +72,7 @@ void TestUnitSchedule::takesAnEarlierCall()
     UnitSchedule schedule;
     schedule.callAt(schedule.now() + 3600000 * millisecond, call("late"));
     schedule.callAt(schedule.now() + millisecond, call("soon"));
-    QTRY_COMPARE_WITH_TIMEOUT(m_calls, QByteArray("soon"), patience);
+    TRY_COMPARE(m_calls, QByteArray("soon"));
 }
 
 QTEST_GUILESS_MAIN(TestUnitSchedule)
