@@ -7,6 +7,7 @@
 #include <QtCore/QThreadPool>
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -137,22 +138,17 @@ UnitMemoryFile::~UnitMemoryFile()
 
 bool UnitMemoryFile::claim(QString* error)
 {
-    m_lock = std::make_unique<QLockFile>(pathOfLock(m_path));
-    // A lock does not grow old: a unit may run for weeks.
-    m_lock->setStaleLockTime(0);
-    if (m_lock->tryLock(0))
+    switch (m_lock.hold(pathOfLock(m_path))) {
+    case UnitFileLock::Held:
         return true;
-    qint64 process = 0;
-    QString host;
-    QString program;
-    if (m_lock->error() == QLockFile::LockFailedError)
-        *error = m_lock->getLockInfo(&process, &host, &program)
-            ? QStringLiteral("%1 is in use by process %2").arg(m_path).arg(process)
-            : QStringLiteral("%1 is in use by another process").arg(m_path);
-    else
+    case UnitFileLock::Taken:
+        *error = QStringLiteral("%1 is in use by process %2").arg(m_path, m_lock.holder());
+        return false;
+    case UnitFileLock::Impossible:
         *error = QStringLiteral("cannot save %1: its folder is missing or cannot be written")
                      .arg(m_path);
-    m_lock.reset();
+        return false;
+    }
     return false;
 }
 

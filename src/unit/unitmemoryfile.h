@@ -1,13 +1,12 @@
 #pragma once
 
 #include "controlunit.h"
+#include "unitfilelock.h"
 
-#include <QtCore/QLockFile>
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
 
 #include <future>
-#include <memory>
 
 namespace QuadrelUnit {
 
@@ -52,7 +51,7 @@ private:
 
     QString m_path;
     ControlUnit* m_unit;
-    std::unique_ptr<QLockFile> m_lock;
+    UnitFileLock m_lock;
     QTimer m_pause;
     /** The error of the save that runs, or an empty text. */
     std::future<QString> m_saving;

@@ -26,6 +26,7 @@ private slots:
     void tellsOfAFailureOnce();
     void isClaimedOnce();
     void claimsWhatACrashLeftBehind();
+    void letsGoWhatWasRemoved();
     void cannotClaimWithoutAFolder();
     void readsNoMissingFile();
     void refusesForeignFiles_data();
@@ -264,15 +265,32 @@ void TestUnitMemoryFile::isClaimedOnce()
 
 void TestUnitMemoryFile::claimsWhatACrashLeftBehind()
 {
-    // No process has this number.
     QFile lock(m_path + QStringLiteral(".lock"));
     QVERIFY(lock.open(QIODevice::WriteOnly));
-    lock.write("2147483646\nquadrelsim\n" + QSysInfo::machineHostName().toUtf8() + '\n');
+    lock.write("1\n");
     lock.close();
     ControlUnit unit;
     UnitMemoryFile file(m_path, &unit);
     QString error;
     QVERIFY2(file.claim(&error), qPrintable(error));
+    QVERIFY(lock.open(QIODevice::ReadOnly));
+    QCOMPARE(lock.readAll(), QByteArray::number(QCoreApplication::applicationPid()) + '\n');
+}
+
+void TestUnitMemoryFile::letsGoWhatWasRemoved()
+{
+    ControlUnit unit;
+    QString error;
+    QFile lock(m_path + QStringLiteral(".lock"));
+    auto first = std::make_unique<UnitMemoryFile>(m_path, &unit);
+    QVERIFY(first->claim(&error));
+    QVERIFY(lock.remove());
+    auto second = std::make_unique<UnitMemoryFile>(m_path, &unit);
+    QVERIFY2(second->claim(&error), qPrintable(error));
+    first.reset();
+    QVERIFY(lock.exists());
+    second.reset();
+    QVERIFY(!lock.exists());
 }
 
 void TestUnitMemoryFile::cannotClaimWithoutAFolder()

@@ -2,6 +2,7 @@
 #include "unitserver.h"
 #include "upgradewrites.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtNetwork/QNetworkDatagram>
 #include <QtNetwork/QUdpSocket>
 
@@ -31,6 +32,10 @@ private slots:
     void losesRequests();
     void hangs();
     void dropsADelayedReplyWithItsConnection();
+    void repliesLate_data();
+    void repliesLate();
+    void repliesLateInOrder();
+    void delaysBeyondItsLatency();
     void resets_data();
     void resets();
     void resetsOverUdp();
@@ -343,6 +348,57 @@ void TestUnitServer::dropsADelayedReplyWithItsConnection()
     TRY_COMPARE(down.size(), 1);
     TRY_COMPARE(client.bytes().size(), 20);
     QVERIFY(m_server->connectionCount() <= 1);
+}
+
+void TestUnitServer::repliesLate_data()
+{
+    QTest::addColumn<int>("latency");
+    QTest::addColumn<int>("jitter");
+    QTest::newRow("latency") << 20 << 0;
+    QTest::newRow("latency and jitter") << 20 << 5;
+}
+
+void TestUnitServer::repliesLate()
+{
+    QFETCH(int, latency);
+    QFETCH(int, jitter);
+    m_server->setLatency(latency, jitter, 3);
+    QElapsedTimer clock;
+    UnitClient client(m_server->port());
+    TRY_VERIFY(client.isConnected());
+    clock.start();
+    client.send(readInformation());
+    TRY_COMPARE(client.bytes(), informationReply(*m_unit));
+    QVERIFY(clock.elapsed() >= latency);
+
+    QUdpSocket datagrams;
+    QVERIFY(datagrams.bind(QHostAddress(QHostAddress::LocalHost)));
+    clock.start();
+    datagrams.writeDatagram(readInformation().encode(), QHostAddress::LocalHost, m_server->port());
+    TRY_VERIFY(datagrams.hasPendingDatagrams());
+    QVERIFY(clock.elapsed() >= latency);
+    QCOMPARE(datagrams.receiveDatagram().data(), informationReply(*m_unit));
+}
+
+void TestUnitServer::repliesLateInOrder()
+{
+    m_server->setLatency(0, 20, 1);
+    UnitClient client(m_server->port());
+    QByteArray replies;
+    for (quint8 label = 0; label < 100; ++label) {
+        client.send(readInformation(label));
+        replies += informationReply(*m_unit, label);
+    }
+    TRY_COMPARE(client.bytes(), replies);
+}
+
+void TestUnitServer::delaysBeyondItsLatency()
+{
+    m_server->setLatency(1);
+    m_server->faults().addNth(FaultKind::Delay, 1, 5);
+    UnitClient client(m_server->port());
+    client.socket().write(readInformation(1).encode() + readInformation(2).encode());
+    TRY_COMPARE(client.bytes(), informationReply(*m_unit, 2) + informationReply(*m_unit, 1));
 }
 
 void TestUnitServer::resets_data()

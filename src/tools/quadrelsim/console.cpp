@@ -1,6 +1,9 @@
 #include "console.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <climits>
+
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
@@ -39,7 +42,17 @@ void offer(int descriptor, const QString& line)
         writeAll(descriptor, bytesOf(line));
 }
 
+void offerMessage(QtMsgType /*type*/, const QMessageLogContext& /*context*/, const QString& text)
+{
+    offer(STDERR_FILENO, QStringLiteral("quadrelsim: ") + text);
+}
+
 } // namespace
+
+void takeFrameworkMessages()
+{
+    qInstallMessageHandler(&offerMessage);
+}
 
 void printLine(const QString& line)
 {

@@ -9,6 +9,9 @@ void printLine(const QString& line);
 /** The same, but a line that nobody takes is lost: it does not hold up the units. */
 void offerLine(const QString& line);
 
+/** Lets messages of the framework go the way of Log, which never waits. */
+void takeFrameworkMessages();
+
 /** Makes standard input, output and error exist: a file or socket must not get their numbers. */
 void openStandardStreams();
 

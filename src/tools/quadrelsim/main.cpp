@@ -10,6 +10,7 @@
 int main(int argc, char** argv)
 {
     openStandardStreams();
+    takeFrameworkMessages();
     // Whoever read the output may be gone, and the units serve on.
     std::signal(SIGPIPE, SIG_IGN);
     // The framework's own event loop makes half as many system calls for a request.
