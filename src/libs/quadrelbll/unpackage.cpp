@@ -585,7 +585,7 @@ bool UnPackage::sendReset(QString& error)
     const QByteArray command = PackageDevice::createResetPackage(m_retainIP);
     if (m_retainIP)
         return writeBlock(resetAddress, command, tr("配置参数"), error);
-    // A unit that gives up its address can't be relied on to answer from it.
+    // Applications know it so: a reply, if there is one, is not awaited.
     sendWrite(resetAddress, command);
     return true;
 }
