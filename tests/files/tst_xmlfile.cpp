@@ -1,3 +1,4 @@
+#include "patience.h"
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QHash>
@@ -644,7 +645,7 @@ void TestXmlFile::newFileIsXmlForOthers()
         QProcess process;
         process.start(
             xmllint, {QStringLiteral("--noent"), QStringLiteral("--xpath"), expression, path});
-        if (!process.waitForFinished() || process.exitCode() != 0)
+        if (!process.waitForFinished(patience) || process.exitCode() != 0)
             return QByteArray("failed: ") + process.readAllStandardError();
         QByteArray output = process.readAllStandardOutput();
         if (output.endsWith('\n'))

@@ -1,6 +1,6 @@
+#include "patience.h"
 #include "programs.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -399,7 +399,7 @@ void TestQuadrelctl::readsFewerPorts()
 
 void TestQuadrelctl::showsProgressOnATerminalOnly()
 {
-    if (!ControlTool::hasTerminals())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     const SimulatorProcess unit;
     const QStringList arguments{QStringLiteral("read"), QStringLiteral("--unit"), unit.address()};
@@ -442,14 +442,15 @@ void TestQuadrelctl::showsTheClock()
 
 void TestQuadrelctl::setsTheClock_data()
 {
+    // What is shown of the time lasts longer than the patience of the tests.
     QTest::addColumn<QString>("time");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("as told") << QStringLiteral("2026/11/14  06:05:49")
-                             << QStringLiteral("2026/11/14 06:05:");
+    QTest::newRow("as told") << QStringLiteral("2026/11/14  16:50:49")
+                             << QStringLiteral("2026/11/14 16:5");
     QTest::newRow("a year of one digit")
-        << QStringLiteral("2005/02/03  00:00:00") << QStringLiteral("205/02/03 00:00:");
+        << QStringLiteral("2005/02/03  00:00:00") << QStringLiteral("205/02/03 00:0");
     QTest::newRow("a leap day") << QStringLiteral("2028/02/29  23:50:00")
-                                << QStringLiteral("2028/02/29 23:50:");
+                                << QStringLiteral("2028/02/29 23:5");
 }
 
 void TestQuadrelctl::setsTheClock()
@@ -474,7 +475,7 @@ void TestQuadrelctl::setsTheClockToNow()
     const ToolResult result = tool.run(arguments + QStringList{QStringLiteral("now")});
     const QJsonObject object = QJsonDocument::fromJson(result.output.toUtf8()).object();
     const int difference = object[QStringLiteral("differenceSeconds")].toInt(-1000);
-    QVERIFY2(qAbs(difference) <= 60, qPrintable(result.output));
+    QVERIFY2(qAbs(difference) <= patience / 1000, qPrintable(result.output));
 }
 
 void TestQuadrelctl::endsWhenInterrupted()
@@ -482,28 +483,26 @@ void TestQuadrelctl::endsWhenInterrupted()
     QTcpServer silent;
     QVERIFY(silent.listen(QHostAddress::LocalHost));
     ControlTool tool("[Communication]\ntimeout=-1\n");
-    QProcess process;
+    Program process;
     tool.start(process,
         {QStringLiteral("info"), QStringLiteral("--unit"),
             QStringLiteral("tcp://127.0.0.1:%1").arg(silent.serverPort())});
-    QVERIFY(silent.waitForNewConnection(60000));
-    QVERIFY(silent.nextPendingConnection()->waitForReadyRead(60000));
-    kill(static_cast<pid_t>(process.processId()), SIGINT);
-    QVERIFY(process.waitForFinished(60000));
-    QCOMPARE(process.exitCode(), 130);
-    QCOMPARE(process.readAllStandardError(), QByteArray("interrupted\n"));
+    QVERIFY(silent.waitForNewConnection(patience));
+    QVERIFY(silent.nextPendingConnection()->waitForReadyRead(patience));
+    QVERIFY(process.sendSignal(SIGINT));
+    QCOMPARE(process.waitForExit(), 130);
+    QCOMPARE(process.errors(), QStringLiteral("interrupted\n"));
 }
 
 void TestQuadrelctl::tellsAFullDisk()
 {
     const SimulatorProcess unit;
     ControlTool tool;
-    QProcess process;
+    Program process;
     process.setStandardOutputFile(QStringLiteral("/dev/full"));
     tool.start(process, {QStringLiteral("info"), QStringLiteral("--unit"), unit.address()});
-    QVERIFY(process.waitForFinished(60000));
-    QCOMPARE(process.exitCode(), 1);
-    QCOMPARE(process.readAllStandardError(), QByteArray("the output can't be written\n"));
+    QCOMPARE(process.waitForExit(), 1);
+    QCOMPARE(process.errors(), QStringLiteral("the output can't be written\n"));
 }
 
 QTEST_GUILESS_MAIN(TestQuadrelctl)

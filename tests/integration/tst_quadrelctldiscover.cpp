@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int patience = 120000;
-
 /** A unit on a host of its own that answers searches. */
 class UnitHost {
 public:
@@ -17,21 +15,12 @@ public:
         : m_process(network.addHost({address + QStringLiteral("/24")}))
     {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral(QUADRELSIM_PATH),
-            QStringList{QStringLiteral("--sample"), QStringLiteral("--listen"), address,
-                QStringLiteral("--discovery")}
-                + arguments);
-        QByteArray output;
-        while (!output.contains("answering searches")) {
-            if (!m_process.waitForReadyRead(patience))
-                qFatal("the simulated unit does not start");
-            output += m_process.readAll();
-        }
-    }
-    ~UnitHost()
-    {
-        m_process.kill();
-        m_process.waitForFinished();
+        if (!m_process.launch(QStringLiteral(QUADRELSIM_PATH),
+                QStringList{QStringLiteral("--sample"), QStringLiteral("--listen"), address,
+                    QStringLiteral("--discovery")}
+                    + arguments)
+            || m_process.waitForLine("answering searches").isEmpty())
+            qFatal("the simulated unit does not start");
     }
 
 private:
@@ -44,10 +33,7 @@ ToolResult runInside(const NetworkNamespace& host, const QStringList& arguments,
     ControlTool tool(settings);
     NamespaceProcess process(host);
     tool.start(process, arguments);
-    if (!process.waitForFinished(patience))
-        qFatal("quadrelctl does not end");
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-        QString::fromUtf8(process.readAllStandardError())};
+    return ControlTool::resultOf(process);
 }
 
 const QString ownAddress = QStringLiteral("192.168.1.1/24");

@@ -166,7 +166,8 @@ void TestQuadrelctlFiles::leavesTheOldFileOnAFullDisk()
     QVERIFY(QDir(tool.path(QString())).mkdir(QStringLiteral("disk")));
     const QString disk = tool.path(QStringLiteral("disk"));
     const auto command = [](const QString& program, const QStringList& arguments) {
-        return QProcess::execute(program, arguments) == 0;
+        Program process;
+        return process.launch(program, arguments) && process.waitForExit() == 0;
     };
     if (geteuid() != 0
         || !command(QStringLiteral("mount"),

@@ -1,6 +1,6 @@
+#include "patience.h"
 #include "programs.h"
 
-#include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -18,12 +18,6 @@ QByteArray image(int size, int seed)
     for (int i = 0; i < size; ++i)
         bytes[i] = static_cast<char>((i + seed) * 7 % 251);
     return bytes;
-}
-
-QByteArray digestLine(const char* name, const QByteArray& bytes)
-{
-    return QByteArray("image ") + name + ' ' + QByteArray::number(bytes.size()) + ' '
-        + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
 }
 
 QString field(ControlTool& tool, const SimulatorProcess& unit, const char* name)
@@ -97,7 +91,7 @@ void TestQuadrelctlUnit::asksOnATerminal_data()
 
 void TestQuadrelctlUnit::asksOnATerminal()
 {
-    if (!ControlTool::hasTerminals())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     QFETCH(QByteArray, answer);
     QFETCH(QString, ip);
@@ -151,7 +145,7 @@ void TestQuadrelctlUnit::resetsToTheDefaultAddress()
     QCOMPARE(result.exitCode, 0);
     // It is away for a moment.
     QString ip;
-    QTRY_VERIFY_WITH_TIMEOUT(!(ip = field(tool, unit, "ip")).isEmpty(), 60000);
+    TRY_VERIFY(!(ip = field(tool, unit, "ip")).isEmpty());
     QCOMPARE(ip, QStringLiteral("192.168.1.100"));
 }
 
@@ -253,7 +247,7 @@ void TestQuadrelctlUnit::refusesBadImages()
 
 void TestQuadrelctlUnit::showsABarOnATerminal()
 {
-    if (!ControlTool::hasTerminals())
+    if (!TerminalProgram::isPossible())
         QSKIP("this machine makes no terminals");
     const SimulatorProcess unit({QStringLiteral("--reset-time"), QStringLiteral("0")});
     ControlTool tool;
@@ -286,20 +280,16 @@ void TestQuadrelctlUnit::tellsAnInterruptedUpgrade()
     const SimulatorProcess unit({QStringLiteral("--fault"), QStringLiteral("drop@30")});
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("image"), image(80000, 1));
-    QProcess process;
+    Program process;
     tool.start(process,
         {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
             QStringLiteral("--addressed"), file});
-    process.setReadChannel(QProcess::StandardError);
-    QByteArray errors;
-    while (!errors.contains("30 % sent") && process.waitForReadyRead(60000)) {
-        errors += process.readAllStandardError();
-    }
-    kill(static_cast<pid_t>(process.processId()), SIGINT);
-    QVERIFY(process.waitForFinished(60000));
-    errors += process.readAllStandardError();
-    QCOMPARE(process.exitCode(), 130);
-    QVERIFY2(errors.contains("interrupted\nThe unit may hold half an image."), errors.constData());
+    QVERIFY(process.waitForError(QStringLiteral("30 % sent")));
+    QVERIFY(process.sendSignal(SIGINT));
+    QCOMPARE(process.waitForExit(), 130);
+    QVERIFY2(
+        process.errors().contains(QStringLiteral("interrupted\nThe unit may hold half an image.")),
+        qPrintable(process.errors()));
 }
 
 void TestQuadrelctlUnit::tellsAUnitThatStaysAway()
@@ -329,7 +319,7 @@ void TestQuadrelctlUnit::writesTheRemark()
     for (int offset = 0; offset < remark.size(); offset += 16)
         lines += "182010" + QByteArray::number(offset, 16).rightJustified(2, '0') + ": "
             + remark.mid(offset, 16).leftJustified(16, '\0').toHex(' ') + '\n';
-    QTRY_VERIFY_WITH_TIMEOUT(ControlTool::contentsOf(memory).contains(lines), 60000);
+    TRY_VERIFY(ControlTool::contentsOf(memory).contains(lines));
 
     const ToolResult refused = tool.run({QStringLiteral("remark"), unitOption, unit.address(),
         QStringLiteral("--streamed"), tool.path(QStringLiteral("missing"))});

@@ -1,12 +1,11 @@
-#include "upgradewrites.h"
 #include "controlunit.h"
+#include "patience.h"
+#include "programs.h"
 #include "unitframe.h"
 #include "unitframereader.h"
 #include "unitsettings.h"
+#include "upgradewrites.h"
 
-#include <QtCore/QCryptographicHash>
-#include <QtCore/QProcess>
-#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtNetwork/QNetworkDatagram>
 #include <QtNetwork/QTcpSocket>
@@ -19,75 +18,6 @@
 using namespace QuadrelUnit;
 
 namespace {
-
-constexpr int patience = 30000;
-
-/** The program quadrelsim, listening on a free port of the loopback interface. */
-class Simulator {
-public:
-    explicit Simulator(const QStringList& options = {})
-    {
-        const QString port = QStringLiteral("--port");
-        const QStringList freePort = {port, QStringLiteral("0")};
-        m_process.start(QStringLiteral(QUADRELSIM_PROGRAM),
-            options.contains(port) ? options : options + freePort);
-    }
-    ~Simulator()
-    {
-        m_process.terminate();
-        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(patience))
-            m_process.kill();
-    }
-
-    QProcess& process() { return m_process; }
-
-    /** The next line of standard output, without its end. */
-    QString line()
-    {
-        while (!m_process.canReadLine()) {
-            if (!m_process.waitForReadyRead(patience))
-                return QStringLiteral("no line: ") + errors();
-        }
-        return QString::fromUtf8(m_process.readLine()).trimmed();
-    }
-
-    /** The port told by the next line, or 0 if the line is another one. */
-    quint16 port(const QString& beginning = QStringLiteral("listening on "))
-    {
-        const QRegularExpression form(
-            QLatin1Char('^') + beginning + QStringLiteral("127\\.0\\.0\\.1:(\\d+)$"));
-        return form.match(line()).captured(1).toUShort();
-    }
-
-    QString errors()
-    {
-        m_errors += QString::fromUtf8(m_process.readAllStandardError());
-        return m_errors;
-    }
-
-    bool waitForError(const QString& text)
-    {
-        return QTest::qWaitFor([&] { return errors().contains(text); }, patience);
-    }
-
-    /** The exit code, or -1 if the program does not end or was killed. */
-    int exitCode()
-    {
-        if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(patience))
-            return -1;
-        return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
-    }
-
-    int terminate(int signal = SIGTERM)
-    {
-        ::kill(static_cast<pid_t>(m_process.processId()), signal);
-        return exitCode();
-    }
-
-private:
-    QProcess m_process;
-    QString m_errors;
-};
 
 class Client {
 public:
@@ -143,14 +73,6 @@ bool upgrade(Client& client, const QByteArray& streamed, const QByteArray& addre
     const QList<UpgradeWrite> writes = upgradeWrites(streamed, addressed);
     return std::all_of(writes.begin(), writes.end(),
         [&client](const UpgradeWrite& write) { return client.write(write.address, write.data); });
-}
-
-QString imageLine(const char* name, const QByteArray& image)
-{
-    return QStringLiteral("image %1 %2 %3")
-        .arg(QLatin1String(name))
-        .arg(image.size())
-        .arg(QLatin1String(QCryptographicHash::hash(image, QCryptographicHash::Sha256).toHex()));
 }
 
 } // namespace
@@ -240,7 +162,7 @@ void TestQuadrelsim::endsCleanly()
     QFETCH(int, signal);
     Simulator simulator;
     Client client(simulator.port());
-    QCOMPARE(simulator.terminate(signal), 0);
+    QCOMPARE(simulator.stop(signal), 0);
     QCOMPARE(simulator.errors(), QString());
     QVERIFY(client.waitForClosed());
 }
@@ -262,8 +184,8 @@ void TestQuadrelsim::tellsItsUsage()
     QFETCH(QString, option);
     QFETCH(QString, text);
     Simulator simulator({option});
-    QCOMPARE(simulator.exitCode(), 0);
-    QVERIFY(simulator.process().readAllStandardOutput().contains(text.toUtf8()));
+    QCOMPARE(simulator.waitForExit(), 0);
+    QVERIFY(simulator.readAllStandardOutput().contains(text.toUtf8()));
     QCOMPARE(simulator.errors(), QString());
 }
 
@@ -322,9 +244,9 @@ void TestQuadrelsim::refusesWrongUsage()
     QFETCH(QString, options);
     QFETCH(QString, reason);
     Simulator simulator(options.split(QLatin1Char(' ')));
-    QCOMPARE(simulator.exitCode(), 2);
+    QCOMPARE(simulator.waitForExit(), 2);
     QVERIFY2(simulator.errors().contains(reason), qPrintable(simulator.errors()));
-    QVERIFY(simulator.process().readAllStandardOutput().isEmpty());
+    QVERIFY(simulator.readAllStandardOutput().isEmpty());
 }
 
 void TestQuadrelsim::cannotTakeAPortTwice()
@@ -332,10 +254,10 @@ void TestQuadrelsim::cannotTakeAPortTwice()
     Simulator simulator;
     const QString port = QString::number(simulator.port());
     Simulator second({QStringLiteral("--port"), port});
-    QCOMPARE(second.exitCode(), 1);
+    QCOMPARE(second.waitForExit(), 1);
     QVERIFY(second.errors().startsWith(
         QStringLiteral("quadrelsim: cannot listen on 127.0.0.1:%1: ").arg(port)));
-    QVERIFY(second.process().readAllStandardOutput().isEmpty());
+    QVERIFY(second.readAllStandardOutput().isEmpty());
 }
 
 void TestQuadrelsim::refusesGarbage()
@@ -392,7 +314,7 @@ void TestQuadrelsim::keepsItsMemory()
         QVERIFY(client.write(0xF0020001, QByteArray(512, 'e')));
         QVERIFY(client.write(0x02000011, QByteArray::fromHex("000101000000")));
         table = client.read(0xF0010000, 5000);
-        QCOMPARE(simulator.terminate(), 0);
+        QCOMPARE(simulator.stop(SIGTERM), 0);
     }
     {
         // The sample fills a new memory only.
@@ -402,7 +324,7 @@ void TestQuadrelsim::keepsItsMemory()
         QCOMPARE(client.read(0xF0020001, 512), QByteArray(512, 'e'));
         QCOMPARE(client.read(0xF0010000, 5000), table);
         QCOMPARE(client.read(0x02000011, 3), QByteArray::fromHex("000101"));
-        QCOMPARE(simulator.terminate(), 0);
+        QCOMPARE(simulator.stop(SIGTERM), 0);
     }
 }
 
@@ -414,7 +336,7 @@ void TestQuadrelsim::laysOptionsOverItsMemory()
     {
         Simulator simulator(memory + words("--model 5 --serial 77"));
         QVERIFY(simulator.port() != 0);
-        QCOMPARE(simulator.terminate(), 0);
+        QCOMPARE(simulator.stop(SIGTERM), 0);
     }
     Simulator simulator(memory + words("--serial 78 --ip 10.0.0.9"));
     Client client(simulator.port());
@@ -434,7 +356,7 @@ void TestQuadrelsim::refusesAForeignMemory()
     file.write("Dear diary\n");
     file.close();
     Simulator simulator({QStringLiteral("--memory"), path});
-    QCOMPARE(simulator.exitCode(), 1);
+    QCOMPARE(simulator.waitForExit(), 1);
     QCOMPARE(simulator.errors(),
         QStringLiteral("quadrelsim: %1 is no memory of a simulated unit\n").arg(path));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -446,7 +368,7 @@ void TestQuadrelsim::cannotSaveItsMemory()
     QTemporaryDir directory;
     const QString path = directory.filePath(QStringLiteral("folder/unit.memory"));
     Simulator refused({QStringLiteral("--memory"), path});
-    QCOMPARE(refused.exitCode(), 1);
+    QCOMPARE(refused.waitForExit(), 1);
     QVERIFY(refused.errors().startsWith(QStringLiteral("quadrelsim: cannot save ") + path));
 
     QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("folder")));
@@ -457,7 +379,7 @@ void TestQuadrelsim::cannotSaveItsMemory()
     QVERIFY(simulator.waitForError(QStringLiteral("cannot save ") + path));
     QCOMPARE(client.read(0xF0020000, 1), QByteArray("\x01"));
     QVERIFY(client.write(0xF0020000, "\x02"));
-    QCOMPARE(simulator.terminate(), 1);
+    QCOMPARE(simulator.stop(SIGTERM), 1);
 }
 
 void TestQuadrelsim::resetsAndComesBack()
@@ -484,15 +406,15 @@ void TestQuadrelsim::takesUpgrades()
     Client client(port);
     QVERIFY(upgrade(client, streamed, addressed));
     QVERIFY(client.waitForClosed());
-    QCOMPARE(simulator.line(), imageLine("addressed", addressed));
-    QCOMPARE(simulator.line(), imageLine("streamed", streamed));
+    QCOMPARE(simulator.waitForLine(), digestLine("addressed", addressed));
+    QCOMPARE(simulator.waitForLine(), digestLine("streamed", streamed));
     QVERIFY(simulator.waitForError(QStringLiteral("back again")));
     Client again(port);
     QCOMPARE(again.read(0xF0000002, 4), QByteArray::fromHex("09090909"));
     QVERIFY(upgrade(again, QByteArray(), QByteArray()));
     QVERIFY(again.waitForClosed());
-    QCOMPARE(simulator.line(), imageLine("addressed", QByteArray()));
-    QCOMPARE(simulator.line(), imageLine("streamed", QByteArray()));
+    QCOMPARE(simulator.waitForLine(), digestLine("addressed", QByteArray()));
+    QCOMPARE(simulator.waitForLine(), digestLine("streamed", QByteArray()));
 }
 
 void TestQuadrelsim::tellsOfABrokenUpgrade()
@@ -523,7 +445,7 @@ void TestQuadrelsim::answersSearches()
 {
     Simulator simulator(words("--serial 42 --discovery-listen 127.0.0.1 --discovery-port 0"));
     const quint16 port = simulator.port();
-    const quint16 searchPort = simulator.port(QStringLiteral("answering searches on "));
+    const quint16 searchPort = simulator.port("answering searches on 127.0.0.1:");
     QVERIFY(searchPort != 0);
     QUdpSocket searcher;
     QVERIFY(searcher.bind(QHostAddress(QHostAddress::LocalHost)));
@@ -540,7 +462,7 @@ void TestQuadrelsim::answersSearchesOddly()
                               "--discovery-zeros 2 --discovery-offset 1 --discovery-repeat 2 "
                               "--discovery-garbage 100"));
     QVERIFY(simulator.port() != 0);
-    const quint16 searchPort = simulator.port(QStringLiteral("answering searches on "));
+    const quint16 searchPort = simulator.port("answering searches on 127.0.0.1:");
     QUdpSocket searcher;
     QVERIFY(searcher.bind(QHostAddress(QHostAddress::LocalHost)));
     searcher.writeDatagram("Zorbe:", QHostAddress::LocalHost, searchPort);
@@ -562,10 +484,10 @@ void TestQuadrelsim::answersSearchesOddly()
 void TestQuadrelsim::cannotAnswerSearchesEverywhere()
 {
     Simulator simulator(words("--discovery-listen 192.0.2.1"));
-    QCOMPARE(simulator.exitCode(), 1);
+    QCOMPARE(simulator.waitForExit(), 1);
     QVERIFY(simulator.errors().startsWith(
         QStringLiteral("quadrelsim: cannot answer searches on 192.0.2.1:3800: ")));
-    QVERIFY(simulator.process().readAllStandardOutput().isEmpty());
+    QVERIFY(simulator.readAllStandardOutput().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestQuadrelsim)

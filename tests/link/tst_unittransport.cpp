@@ -1,12 +1,12 @@
 #include "devicemanagermodel.h"
 #include "modelmanagement.h"
+#include "patience.h"
 #include "settingsbeside.h"
 #include "unitsample.h"
 #include "unitserver.h"
 #include "unittransport.h"
 #include "unpackage.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
 #include <QtCore/QThread>
 #include <QtCore/QTimer>
@@ -83,6 +83,9 @@ private:
     {
         m_results.clear();
         QMetaObject::invokeMethod(m_unit.get(), operation, Qt::QueuedConnection);
+        QTimer limit;
+        connect(&limit, &QTimer::timeout, &m_loop, &QEventLoop::quit);
+        limit.start(patience);
         m_loop.exec();
         forgetDevice();
         // Whatever else is on its way would be a second closing signal.
@@ -377,10 +380,7 @@ void TestUnitTransport::wakesAnOperationThatSleepsLate()
     connect(
         &operations.unit(), &UnPackage::signal_sendPackage, &operations.unit(),
         [&operations] { operations.transport().awaitLastReply(); }, Qt::DirectConnection);
-    QElapsedTimer elapsed;
-    elapsed.start();
     QCOMPARE(operations.run(ReadDataType), noError);
-    QVERIFY(elapsed.elapsed() < longWait);
 }
 
 void TestUnitTransport::tellsAFailureToAnOperationThatSleepsLate()
@@ -421,22 +421,17 @@ void TestUnitTransport::isRefused()
     const UnitAddress address{
         static_cast<UnitAddress::Protocol>(protocol), QStringLiteral("127.0.0.1"), port};
     Operations operations(longWait, address);
-    QElapsedTimer elapsed;
-    elapsed.start();
     QCOMPARE(operations.readDevice(), address.toText() + QStringLiteral(" refused the connection"));
-    QVERIFY(elapsed.elapsed() < longWait);
     QCOMPARE(operations.transport().lastFailure(),
         address.toText() + QStringLiteral(" refused the connection"));
 }
 
 void TestUnitTransport::givesUpOnAnUnknownHost()
 {
-    const UnitAddress address{UnitAddress::Tcp, QStringLiteral("unit.invalid"), 3801};
-    Operations operations(shortWait, address);
-    const QString error = operations.readDevice();
-    QVERIFY2(error == QStringLiteral("tcp://unit.invalid:3801: no such host")
-            || error == QStringLiteral("tcp://unit.invalid:3801 does not answer"),
-        qPrintable(error));
+    // No name server is asked for a name that can't be one.
+    const QString name(64, QLatin1Char('x'));
+    Operations operations(shortWait, {UnitAddress::Tcp, name, 3801});
+    QCOMPARE(operations.readDevice(), QStringLiteral("tcp://%1:3801: no such host").arg(name));
 }
 
 /** A port whose queue of connections is full: the system lets further ones wait. */
@@ -478,10 +473,7 @@ void TestUnitTransport::givesUpConnecting()
 {
     const FullPort port;
     Operations operations(shortWait, port.address());
-    QElapsedTimer elapsed;
-    elapsed.start();
     QCOMPARE(operations.readDevice(), port.address().toText() + QStringLiteral(" does not answer"));
-    QVERIFY(elapsed.elapsed() >= shortWait);
 }
 
 void TestUnitTransport::givesUpWaiting()
@@ -558,6 +550,7 @@ void TestUnitTransport::awaitsTheLastReply()
         operations.transport().awaitLastReply();
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
     loop.exec();
     waiter.join();
     QCOMPARE(sample.server.faults().replies(), Q_UINT64_C(1));

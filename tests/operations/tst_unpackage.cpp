@@ -4,6 +4,7 @@
 #include "packageevent.h"
 #include "packagetimetrigger.h"
 #include "packagetrigger.h"
+#include "patience.h"
 #include "protocolcreate.h"
 #include "recordingcomm/recordedrequest.h"
 #include "replyframes.h"
@@ -11,11 +12,12 @@
 #include "settingsbeside.h"
 #include "signallog.h"
 #include "unpackage.h"
-#include "unpackagewait.h"
+#include "unpackageaccess.h"
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QMetaMethod>
 #include <QtCore/QThread>
+#include <QtCore/QTimer>
 #include <QtTest/QtTest>
 
 #include <memory>
@@ -218,6 +220,23 @@ public:
     std::unique_ptr<ScriptedUnit> unit;
 };
 
+/**
+ * A wait that must run out is short, and on a busy machine another one may then run out too. How
+ * often a test tries before it fails.
+ */
+constexpr int attempts = 10;
+
+/** Whether `attempt` succeeds with one of several waits, in ms, each twice as long as the last. */
+bool succeedsWithAWait(const std::function<bool(int wait)>& attempt)
+{
+    int wait = 40;
+    for (int i = 0; i < attempts; ++i, wait *= 2) {
+        if (attempt(wait))
+            return true;
+    }
+    return false;
+}
+
 /** Answers like a unit with this memory, but fails at one frame. */
 Bench failingAt(int failing, const Memory& memory)
 {
@@ -231,7 +250,7 @@ Bench failingAt(int failing, const Memory& memory)
 
 Q_DECLARE_METATYPE(Memory)
 
-class UnPackageTest : public QObject {
+class TestUnPackage : public QObject {
     Q_OBJECT
 
 private slots:
@@ -246,116 +265,117 @@ private slots:
     void labels();
     void labelsOfRequests();
 
-    void wait_timesOut();
-    void wait_replies();
-    void wait_fails();
-    void wait_bareWake();
-    void wait_earlyReplyIsLost();
-    void wait_withoutLimit();
+    void waitTimesOut();
+    void waitReplies();
+    void waitFails();
+    void waitBareWake();
+    void waitEarlyReplyIsLost();
+    void waitWithoutLimit();
+    void registryOfItsOwn();
     void errorStaysUntilNextRun();
     void sendPackage();
 
-    void dispatch_withoutOperation_data();
-    void dispatch_withoutOperation();
-    void dispatch_success_data();
-    void dispatch_success();
-    void dispatch_resetsState();
-    void dispatch_tellsTheDeviceOfTheStart();
-    void dispatch_onAWorkerThread();
+    void dispatchWithoutOperation_data();
+    void dispatchWithoutOperation();
+    void dispatchSuccess_data();
+    void dispatchSuccess();
+    void dispatchResetsState();
+    void dispatchTellsTheDeviceOfTheStart();
+    void dispatchOnAWorkerThread();
 
     void readDevice();
-    void readDevice_fillsThePlacedRecord();
-    void readDevice_failureChangesNothing();
-    void readDevice_keepsOldAggregate();
-    void readDevice_staleReply();
+    void readDeviceFillsThePlacedRecord();
+    void readDeviceFailureChangesNothing();
+    void readDeviceKeepsOldAggregate();
+    void readDeviceStaleReply();
 
     void sendConfig();
-    void sendConfig_takesLinesAfterPorts();
-    void sendConfig_emptyLists();
-    void sendConfig_withoutModels();
+    void sendConfigTakesLinesAfterPorts();
+    void sendConfigEmptyLists();
+    void sendConfigWithoutModels();
     void readConfig();
     void configNumber();
-    void configNumber_isNotChecked_data();
-    void configNumber_isNotChecked();
-    void readConfig_secondBlockFails();
+    void configNumberIsNotChecked_data();
+    void configNumberIsNotChecked();
+    void readConfigSecondBlockFails();
 
     void sendEvent_data();
     void sendEvent();
-    void sendEvent_blocks();
-    void readEvents_counts_data();
-    void readEvents_counts();
-    void readEvents_appends();
-    void readEvents_failureKeepsWhatWasRead();
+    void sendEventBlocks();
+    void readEventsCounts_data();
+    void readEventsCounts();
+    void readEventsAppends();
+    void readEventsFailureKeepsWhatWasRead();
 
     void sendTrigger_data();
     void sendTrigger();
-    void sendTrigger_mixedBatch();
-    void sendTrigger_manyTriggers_data();
-    void sendTrigger_manyTriggers();
-    void sendTimeTrigger_isSendTrigger();
-    void readTriggers_counts_data();
-    void readTriggers_counts();
-    void readTriggers_numbersEachKind();
+    void sendTriggerMixedBatch();
+    void sendTriggerManyTriggers_data();
+    void sendTriggerManyTriggers();
+    void sendTimeTriggerIsSendTrigger();
+    void readTriggersCounts_data();
+    void readTriggersCounts();
+    void readTriggersNumbersEachKind();
 
-    void readTriggers_failureLeavesThemUnnumbered();
-    void readTimeTriggers_failureLeavesThemUnnumbered();
+    void readTriggersFailureLeavesThemUnnumbered();
+    void readTimeTriggersFailureLeavesThemUnnumbered();
     void failedWriteLeavesTheRegistry_data();
     void failedWriteLeavesTheRegistry();
 
-    void readData_emptyUnit();
-    void readData_fullUnit();
-    void readData_twice();
-    void readData_failingEvents();
-    void readData_emptiesListsButNotTheConfiguration();
+    void readDataEmptyUnit();
+    void readDataFullUnit();
+    void readDataTwice();
+    void readDataFailingEvents();
+    void readDataEmptiesListsButNotTheConfiguration();
     void unknownDeviceGetsAggregate();
 
-    void clock_read_data();
-    void clock_read();
-    void clock_shortReply();
-    void clock_foreignReplyIsAccepted();
-    void clock_write_data();
-    void clock_write();
-    void clock_writeReportsBeforeReply();
+    void clockRead_data();
+    void clockRead();
+    void clockShortReply();
+    void clockForeignReplyIsAccepted();
+    void clockWrite_data();
+    void clockWrite();
+    void clockWriteReportsBeforeReply();
 
     void setBytesFromInt_data();
     void setBytesFromInt();
     void network();
-    void network_badAddresses_data();
-    void network_badAddresses();
-    void network_failures();
-    void network_errorStaysSet();
+    void networkBadAddresses_data();
+    void networkBadAddresses();
+    void networkFailures();
+    void networkErrorStaysSet();
     void reset_data();
     void reset();
-    void reset_withoutUnit();
+    void resetWithoutUnit();
 
-    void upgrade_controlWords();
-    void upgrade_sizes_data();
-    void upgrade_sizes();
-    void upgrade_secondRun();
-    void upgrade_failsMidway();
-    void upgrade_newPackageStartsOver();
+    void upgradeControlWords();
+    void upgradeSizes_data();
+    void upgradeSizes();
+    void upgradeSecondRun();
+    void upgradeFailsMidway();
+    void upgradeNewPackageStartsOver();
     void progress_data();
     void progress();
     void remark_data();
     void remark();
-    void remark_twice();
+    void remarkTwice();
 
     void faults_data();
     void faults();
     void lateReply();
 
-    void labels_translated_data();
-    void labels_translated();
-    void networkLabel_translated();
-    void messages_translated();
+    void labelsTranslated_data();
+    void labelsTranslated();
+    void networkLabelTranslated();
+    void messagesTranslated();
 };
 
-void UnPackageTest::init()
+void TestUnPackage::init()
 {
     selectDevice(QStringLiteral("192.168.1.10"));
 }
 
-void UnPackageTest::metaObject_data()
+void TestUnPackage::metaObject_data()
 {
     QTest::addColumn<int>("index");
     QTest::addColumn<QString>("signature");
@@ -393,7 +413,7 @@ void UnPackageTest::metaObject_data()
                                         << QString::fromLatin1(method.names);
 }
 
-void UnPackageTest::metaObject()
+void TestUnPackage::metaObject()
 {
     QFETCH(int, index);
     QFETCH(QString, signature);
@@ -409,7 +429,7 @@ void UnPackageTest::metaObject()
     QCOMPARE(method.access(), QMetaMethod::Public);
 }
 
-void UnPackageTest::metaType()
+void TestUnPackage::metaType()
 {
     const int type = QMetaType::type("DataPackageType");
     QVERIFY(type != QMetaType::UnknownType);
@@ -417,7 +437,7 @@ void UnPackageTest::metaType()
     QCOMPARE(QMetaType::sizeOf(type), 4);
 }
 
-void UnPackageTest::singleton()
+void TestUnPackage::singleton()
 {
     QVERIFY(UnPackage::Instance() != nullptr);
     QCOMPARE(UnPackage::Instance(), UnPackage::Instance());
@@ -428,7 +448,7 @@ void UnPackageTest::singleton()
     QCOMPARE(own->parent(), &parent);
 }
 
-void UnPackageTest::settings_data()
+void TestUnPackage::settings_data()
 {
     QTest::addColumn<QByteArray>("contents");
     QTest::newRow("no key") << QByteArray("[Search]\ntimeout=5000\n");
@@ -441,7 +461,7 @@ void UnPackageTest::settings_data()
     QTest::newRow("empty") << QByteArray();
 }
 
-void UnPackageTest::settings()
+void TestUnPackage::settings()
 {
     QFETCH(QByteArray, contents);
     writeSettingsBeside(contents);
@@ -451,7 +471,7 @@ void UnPackageTest::settings()
     QCOMPARE(log.entries, QStringList{QStringLiteral("errored:回读设备信息超时！")});
 }
 
-void UnPackageTest::labels()
+void TestUnPackage::labels()
 {
     UnPackage operations;
     for (int round = 0; round < 3; ++round) {
@@ -460,7 +480,7 @@ void UnPackageTest::labels()
     }
 }
 
-void UnPackageTest::labelsOfRequests()
+void TestUnPackage::labelsOfRequests()
 {
     Bench bench(makeMemory(3, 2, 1));
     for (int run = 0; run < 20; ++run)
@@ -471,7 +491,7 @@ void UnPackageTest::labelsOfRequests()
         QCOMPARE(int(requests.at(i).label), i % 255);
 }
 
-void UnPackageTest::wait_timesOut()
+void TestUnPackage::waitTimesOut()
 {
     writeSettingsBeside("[Communication]\ntimeout=0\n");
     UnPackage operations;
@@ -480,7 +500,7 @@ void UnPackageTest::wait_timesOut()
     QCOMPARE(error, QStringLiteral("步骤超时！"));
 }
 
-void UnPackageTest::wait_replies()
+void TestUnPackage::waitReplies()
 {
     Bench bench;
     QString error = QStringLiteral("before");
@@ -489,7 +509,7 @@ void UnPackageTest::wait_replies()
     QCOMPARE(error, QStringLiteral("before"));
 }
 
-void UnPackageTest::wait_fails()
+void TestUnPackage::waitFails()
 {
     Bench bench([](const RecordedRequest&, int) {
         return ScriptedUnit::failure(QStringLiteral("连接已断开"));
@@ -499,7 +519,7 @@ void UnPackageTest::wait_fails()
     QCOMPARE(error, QStringLiteral("连接已断开"));
 }
 
-void UnPackageTest::wait_bareWake()
+void TestUnPackage::waitBareWake()
 {
     Bench bench([](const RecordedRequest&, int) { return ScriptedUnit::wake(); });
     bench.run(SendConfigType);
@@ -510,7 +530,7 @@ void UnPackageTest::wait_bareWake()
         bench.log->entries, QStringList{QStringLiteral("errored:数据包长度小于最小数据包长度！")});
 }
 
-void UnPackageTest::wait_earlyReplyIsLost()
+void TestUnPackage::waitEarlyReplyIsLost()
 {
     writeSettingsBeside("[Communication]\ntimeout=1\n");
     UnPackage operations;
@@ -522,7 +542,7 @@ void UnPackageTest::wait_earlyReplyIsLost()
     QCOMPARE(log.entries, QStringList{QStringLiteral("errored:配置参数超时！")});
 }
 
-void UnPackageTest::wait_withoutLimit()
+void TestUnPackage::waitWithoutLimit()
 {
     // The wake comes only long after the time that the settings file allows.
     const auto lateWake = [](const RecordedRequest&, int) {
@@ -530,7 +550,7 @@ void UnPackageTest::wait_withoutLimit()
         return ScriptedUnit::wake();
     };
     Bench unlimited(lateWake, 0);
-    UnPackageWait::setUnlimited(*unlimited.operations);
+    UnPackageAccess::setUnlimitedWait(*unlimited.operations);
     QString error = QStringLiteral("before");
     QVERIFY(unlimited.call(&UnPackage::sendConfig, error));
     QCOMPARE(error, QStringLiteral("before"));
@@ -543,7 +563,28 @@ void UnPackageTest::wait_withoutLimit()
     QCOMPARE(error, QStringLiteral("配置参数超时！"));
 }
 
-void UnPackageTest::errorStaysUntilNextRun()
+void TestUnPackage::registryOfItsOwn()
+{
+    selectDevice(QStringLiteral("10.0.0.1"));
+    DeviceManagerModel registry;
+    Bench bench(makeMemory(3, 2, 1));
+    UnPackageAccess::setRegistry(*bench.operations, &registry);
+    bench.run(ReadDataType);
+    DeviceModel device = registry.getCurrentSelectDevice();
+    QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
+    const std::unique_ptr<ModelManagement> models(registry.getDeviceData(device));
+    QCOMPARE(models->getEventModel()->size(), 3);
+    QCOMPARE(models->getTriggerTimeModel()->size(), 1);
+    QCOMPARE(bench.log->entries.last(), QStringLiteral("readFinished:10.0.0.7"));
+    DeviceManagerModel* const shared = DeviceManagerModel::Instance();
+    QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.1"));
+
+    UnPackageAccess::setRegistry(*bench.operations, nullptr);
+    bench.run(ReadDataType);
+    QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.7"));
+}
+
+void TestUnPackage::errorStaysUntilNextRun()
 {
     Bench bench;
     bench.operations->setError(QStringLiteral("线路故障"));
@@ -562,7 +603,7 @@ void UnPackageTest::errorStaysUntilNextRun()
     QCOMPARE(error, QStringLiteral("配置参数超时！"));
 }
 
-void UnPackageTest::sendPackage()
+void TestUnPackage::sendPackage()
 {
     UnPackage operations;
     QByteArray sent;
@@ -572,14 +613,14 @@ void UnPackageTest::sendPackage()
     QCOMPARE(sent, QByteArray("any bytes"));
 }
 
-void UnPackageTest::dispatch_withoutOperation_data()
+void TestUnPackage::dispatchWithoutOperation_data()
 {
     QTest::addColumn<int>("value");
     for (int value : {5, 11, 12, 255, -1, 0x7FFFFFFF})
         QTest::newRow(qPrintable(QString::number(value))) << value;
 }
 
-void UnPackageTest::dispatch_withoutOperation()
+void TestUnPackage::dispatchWithoutOperation()
 {
     QFETCH(int, value);
     selectDevice(QStringLiteral("10.1.2.3"));
@@ -592,7 +633,7 @@ void UnPackageTest::dispatch_withoutOperation()
     QVERIFY(bench.unit->frames().isEmpty());
 }
 
-void UnPackageTest::dispatch_success_data()
+void TestUnPackage::dispatchSuccess_data()
 {
     QTest::addColumn<DataPackageType>("type");
     QTest::addColumn<QString>("closing");
@@ -613,7 +654,7 @@ void UnPackageTest::dispatch_success_data()
     QTest::newRow("10") << BackwordWriteType << finished << "w 02000011 6";
 }
 
-void UnPackageTest::dispatch_success()
+void TestUnPackage::dispatchSuccess()
 {
     QFETCH(DataPackageType, type);
     QFETCH(QString, closing);
@@ -631,7 +672,7 @@ void UnPackageTest::dispatch_success()
     }
 }
 
-void UnPackageTest::dispatch_tellsTheDeviceOfTheStart()
+void TestUnPackage::dispatchTellsTheDeviceOfTheStart()
 {
     const Memory memory = makeMemory(0, 0, 0);
     Bench bench([memory](const RecordedRequest& request, int) {
@@ -645,7 +686,7 @@ void UnPackageTest::dispatch_tellsTheDeviceOfTheStart()
 }
 
 /** As an application does it: slots reached and signals taken through queued connections. */
-void UnPackageTest::dispatch_onAWorkerThread()
+void TestUnPackage::dispatchOnAWorkerThread()
 {
     Bench bench(makeMemory(2, 1, 1));
     UnPackage* operations = bench.operations.get();
@@ -669,6 +710,7 @@ void UnPackageTest::dispatch_onAWorkerThread()
     });
     QVERIFY(QMetaObject::invokeMethod(operations, "slot_runReadPackage", Qt::QueuedConnection,
         Q_ARG(DataPackageType, ReadDataType)));
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
     loop.exec();
     bench.unit->operationClosed();
     worker.quit();
@@ -678,7 +720,7 @@ void UnPackageTest::dispatch_onAWorkerThread()
     QCOMPARE(selectedModels()->getEventModel()->size(), 2);
 }
 
-void UnPackageTest::dispatch_resetsState()
+void TestUnPackage::dispatchResetsState()
 {
     // A wake without a reply decodes the buffer: the slot must have emptied it, and cleared the
     // error.
@@ -690,7 +732,7 @@ void UnPackageTest::dispatch_resetsState()
         bench.log->entries, QStringList{QStringLiteral("errored:数据包长度小于最小数据包长度！")});
 }
 
-void UnPackageTest::readDevice()
+void TestUnPackage::readDevice()
 {
     Bench bench(makeMemory(0, 0, 0));
     QString error = QStringLiteral("before");
@@ -704,7 +746,7 @@ void UnPackageTest::readDevice()
     QVERIFY(*selectedModels()->getDeviceModel() == device);
 }
 
-void UnPackageTest::readDevice_fillsThePlacedRecord()
+void TestUnPackage::readDeviceFillsThePlacedRecord()
 {
     Bench bench(makeMemory(0, 0, 0));
     DeviceModel placed;
@@ -721,7 +763,7 @@ void UnPackageTest::readDevice_fillsThePlacedRecord()
     QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
 }
 
-void UnPackageTest::readDevice_failureChangesNothing()
+void TestUnPackage::readDeviceFailureChangesNothing()
 {
     Bench bench([](const RecordedRequest& request, int) {
         return ScriptedUnit::reply(replyFrame(request.address, informationBlock(7).left(31)));
@@ -734,7 +776,7 @@ void UnPackageTest::readDevice_failureChangesNothing()
         QStringLiteral("192.168.1.10"));
 }
 
-void UnPackageTest::readDevice_keepsOldAggregate()
+void TestUnPackage::readDeviceKeepsOldAggregate()
 {
     Bench bench(makeMemory(0, 0, 0));
     QString error;
@@ -747,7 +789,7 @@ void UnPackageTest::readDevice_keepsOldAggregate()
     QCOMPARE(first->getDeviceModel()->getIP(), QStringLiteral("10.0.0.7"));
 }
 
-void UnPackageTest::readDevice_staleReply()
+void TestUnPackage::readDeviceStaleReply()
 {
     // The reply of the step before is still in the buffer when a bare wake ends the next one.
     const Memory memory = makeMemory(0, 0, 0);
@@ -761,7 +803,7 @@ void UnPackageTest::readDevice_staleReply()
             QStringLiteral("errored:请求数据类型与返回数据类型不一致！")}));
 }
 
-void UnPackageTest::sendConfig()
+void TestUnPackage::sendConfig()
 {
     Bench bench;
     SystemModel configuration = makeConfiguration(2, 3);
@@ -778,7 +820,7 @@ void UnPackageTest::sendConfig()
     QVERIFY(*selectedModels()->getConfigModel() == configuration);
 }
 
-void UnPackageTest::sendConfig_takesLinesAfterPorts()
+void TestUnPackage::sendConfigTakesLinesAfterPorts()
 {
     // The IO list is taken only once the unit has answered the serial block.
     UnPackage* operations = nullptr;
@@ -794,7 +836,7 @@ void UnPackageTest::sendConfig_takesLinesAfterPorts()
         (QStringList{QStringLiteral("w f0001000 14"), QStringLiteral("w f0001100 8")}));
 }
 
-void UnPackageTest::sendConfig_emptyLists()
+void TestUnPackage::sendConfigEmptyLists()
 {
     Bench bench;
     bench.run(SendConfigType);
@@ -802,7 +844,7 @@ void UnPackageTest::sendConfig_emptyLists()
         (QStringList{QStringLiteral("w f0001000 0"), QStringLiteral("w f0001100 0")}));
 }
 
-void UnPackageTest::sendConfig_withoutModels()
+void TestUnPackage::sendConfigWithoutModels()
 {
     selectDevice(QStringLiteral("192.168.1.99"));
     rememberSelectedModels();
@@ -815,7 +857,7 @@ void UnPackageTest::sendConfig_withoutModels()
     QVERIFY(selectedModels() == nullptr);
 }
 
-void UnPackageTest::readConfig()
+void TestUnPackage::readConfig()
 {
     Bench bench(makeMemory(0, 0, 0));
     QString error;
@@ -826,7 +868,7 @@ void UnPackageTest::readConfig()
     QVERIFY(*selectedModels()->getConfigModel() == makeConfiguration(9, 12));
 }
 
-void UnPackageTest::configNumber()
+void TestUnPackage::configNumber()
 {
     Bench bench(makeMemory(0, 0, 0));
     bench.operations->setConfigNumber(4, 8);
@@ -842,7 +884,7 @@ void UnPackageTest::configNumber()
         (QStringList{QStringLiteral("w f0001000 63"), QStringLiteral("w f0001100 24")}));
 }
 
-void UnPackageTest::configNumber_isNotChecked_data()
+void TestUnPackage::configNumberIsNotChecked_data()
 {
     QTest::addColumn<int>("ports");
     QTest::addColumn<int>("lines");
@@ -854,7 +896,7 @@ void UnPackageTest::configNumber_isNotChecked_data()
     QTest::newRow("largest") << 0x7FFFFFFF << 12 << QStringList{"r f0001000 2147483641"};
 }
 
-void UnPackageTest::configNumber_isNotChecked()
+void TestUnPackage::configNumberIsNotChecked()
 {
     QFETCH(int, ports);
     QFETCH(int, lines);
@@ -876,7 +918,7 @@ void UnPackageTest::configNumber_isNotChecked()
     }
 }
 
-void UnPackageTest::readConfig_secondBlockFails()
+void TestUnPackage::readConfigSecondBlockFails()
 {
     selectDevice(QStringLiteral("10.9.9.9"));
     Bench bench = failingAt(1, makeMemory(0, 0, 0));
@@ -896,7 +938,7 @@ void UnPackageTest::readConfig_secondBlockFails()
         (QStringList{QStringLiteral("w f0001000 63"), QStringLiteral("w f0001100 2")}));
 }
 
-void UnPackageTest::sendEvent_data()
+void TestUnPackage::sendEvent_data()
 {
     QTest::addColumn<int>("count");
     QTest::addColumn<QStringList>("traffic");
@@ -909,7 +951,7 @@ void UnPackageTest::sendEvent_data()
     QTest::newRow("8") << 8 << QStringList{countFrame, "w f0020001 2048", "w f0020801 2048"};
 }
 
-void UnPackageTest::sendEvent()
+void TestUnPackage::sendEvent()
 {
     QFETCH(int, count);
     QFETCH(QStringList, traffic);
@@ -923,7 +965,7 @@ void UnPackageTest::sendEvent()
     QVERIFY(*selectedModels()->getEventModel() == makeEvents(count));
 }
 
-void UnPackageTest::sendEvent_blocks()
+void TestUnPackage::sendEventBlocks()
 {
     Bench bench;
     EventModel events = makeEvents(300);
@@ -941,7 +983,7 @@ void UnPackageTest::sendEvent_blocks()
         QCOMPARE(table.mid(512 * i, 512), PackageEvent::createEventPackage(events.at(i)));
 }
 
-void UnPackageTest::readEvents_counts_data()
+void TestUnPackage::readEventsCounts_data()
 {
     QTest::addColumn<int>("cell");
     QTest::addColumn<int>("read");
@@ -949,7 +991,7 @@ void UnPackageTest::readEvents_counts_data()
         QTest::newRow(qPrintable(QString::number(row.first))) << row.first << row.second;
 }
 
-void UnPackageTest::readEvents_counts()
+void TestUnPackage::readEventsCounts()
 {
     QFETCH(int, cell);
     QFETCH(int, read);
@@ -966,7 +1008,7 @@ void UnPackageTest::readEvents_counts()
     QCOMPARE(bench.log->entries, QStringList{QStringLiteral("updateEvented")});
 }
 
-void UnPackageTest::readEvents_appends()
+void TestUnPackage::readEventsAppends()
 {
     Bench bench(makeMemory(2, 0, 0));
     QString error;
@@ -975,7 +1017,7 @@ void UnPackageTest::readEvents_appends()
     QCOMPARE(selectedModels()->getEventModel()->size(), 4);
 }
 
-void UnPackageTest::readEvents_failureKeepsWhatWasRead()
+void TestUnPackage::readEventsFailureKeepsWhatWasRead()
 {
     Bench bench = failingAt(3, makeMemory(4, 0, 0));
     QString error;
@@ -988,7 +1030,7 @@ void UnPackageTest::readEvents_failureKeepsWhatWasRead()
     QVERIFY(*selectedModels()->getEventModel() == makeEvents(2));
 }
 
-void UnPackageTest::sendTrigger_data()
+void TestUnPackage::sendTrigger_data()
 {
     QTest::addColumn<int>("triggers");
     QTest::addColumn<int>("timeTriggers");
@@ -1004,7 +1046,7 @@ void UnPackageTest::sendTrigger_data()
                                     "w f0011001 512"};
 }
 
-void UnPackageTest::sendTrigger()
+void TestUnPackage::sendTrigger()
 {
     QFETCH(int, triggers);
     QFETCH(int, timeTriggers);
@@ -1025,7 +1067,7 @@ void UnPackageTest::sendTrigger()
     }
 }
 
-void UnPackageTest::sendTrigger_mixedBatch()
+void TestUnPackage::sendTriggerMixedBatch()
 {
     Bench bench;
     TriggerModel triggers = makeTriggers(3);
@@ -1042,14 +1084,14 @@ void UnPackageTest::sendTrigger_mixedBatch()
     QCOMPARE(requests.at(2).data, PackageTimeTrigger::createTimeTriggerPackage(timeTriggers.at(1)));
 }
 
-void UnPackageTest::sendTrigger_manyTriggers_data()
+void TestUnPackage::sendTriggerManyTriggers_data()
 {
     QTest::addColumn<int>("triggers");
     for (int triggers : {255, 256, 257, 300, 512})
         QTest::newRow(qPrintable(QString::number(triggers))) << triggers;
 }
 
-void UnPackageTest::sendTrigger_manyTriggers()
+void TestUnPackage::sendTriggerManyTriggers()
 {
     QFETCH(int, triggers);
     Bench bench;
@@ -1071,7 +1113,7 @@ void UnPackageTest::sendTrigger_manyTriggers()
     QCOMPARE(table, expected);
 }
 
-void UnPackageTest::sendTimeTrigger_isSendTrigger()
+void TestUnPackage::sendTimeTriggerIsSendTrigger()
 {
     Bench bench;
     bench.operations->setTriggerModel(makeTriggers(1));
@@ -1083,7 +1125,7 @@ void UnPackageTest::sendTimeTrigger_isSendTrigger()
         (QStringList{QStringLiteral("updateTriggered"), QStringLiteral("updateTimeTriggered")}));
 }
 
-void UnPackageTest::readTriggers_counts_data()
+void TestUnPackage::readTriggersCounts_data()
 {
     QTest::addColumn<int>("cell");
     QTest::addColumn<int>("read");
@@ -1091,7 +1133,7 @@ void UnPackageTest::readTriggers_counts_data()
         QTest::newRow(qPrintable(QString::number(row.first))) << row.first << row.second;
 }
 
-void UnPackageTest::readTriggers_counts()
+void TestUnPackage::readTriggersCounts()
 {
     QFETCH(int, cell);
     QFETCH(int, read);
@@ -1117,7 +1159,7 @@ void UnPackageTest::readTriggers_counts()
     QCOMPARE(bench.log->entries.last(), QStringLiteral("updateTimeTriggered"));
 }
 
-void UnPackageTest::readTriggers_numbersEachKind()
+void TestUnPackage::readTriggersNumbersEachKind()
 {
     Memory memory = makeMemory(0, 3, 2);
     // A time trigger between the others: each list still counts from 0 by itself.
@@ -1137,7 +1179,7 @@ void UnPackageTest::readTriggers_numbersEachKind()
     QCOMPARE(triggers->at(2).getTriggerEvent(), QStringLiteral("(ID:0)"));
 }
 
-void UnPackageTest::readTriggers_failureLeavesThemUnnumbered()
+void TestUnPackage::readTriggersFailureLeavesThemUnnumbered()
 {
     Bench bench = failingAt(4, makeMemory(0, 5, 0));
     QString error;
@@ -1150,7 +1192,7 @@ void UnPackageTest::readTriggers_failureLeavesThemUnnumbered()
         QCOMPARE(triggers->at(i).getTriggerId(), TriggerInfo().getTriggerId());
 }
 
-void UnPackageTest::readTimeTriggers_failureLeavesThemUnnumbered()
+void TestUnPackage::readTimeTriggersFailureLeavesThemUnnumbered()
 {
     Bench bench = failingAt(4, makeMemory(0, 0, 5));
     QString error;
@@ -1163,7 +1205,7 @@ void UnPackageTest::readTimeTriggers_failureLeavesThemUnnumbered()
         QCOMPARE(triggers->at(i).getTriggerId(), TriggerTimeInfo().getTriggerId());
 }
 
-void UnPackageTest::failedWriteLeavesTheRegistry_data()
+void TestUnPackage::failedWriteLeavesTheRegistry_data()
 {
     QTest::addColumn<DataPackageType>("type");
     QTest::addColumn<int>("failing");
@@ -1177,7 +1219,7 @@ void UnPackageTest::failedWriteLeavesTheRegistry_data()
     rows("time triggers", SendTimeTriggerType, 3);
 }
 
-void UnPackageTest::failedWriteLeavesTheRegistry()
+void TestUnPackage::failedWriteLeavesTheRegistry()
 {
     QFETCH(DataPackageType, type);
     QFETCH(int, failing);
@@ -1201,7 +1243,7 @@ void UnPackageTest::failedWriteLeavesTheRegistry()
     QCOMPARE(stored->getTriggerTimeModel()->size(), 0);
 }
 
-void UnPackageTest::readData_emptyUnit()
+void TestUnPackage::readDataEmptyUnit()
 {
     Bench bench(makeMemory(0, 0, 0));
     bench.run(ReadDataType);
@@ -1217,7 +1259,7 @@ void UnPackageTest::readData_emptyUnit()
             QStringLiteral("readFinished:10.0.0.7")}));
 }
 
-void UnPackageTest::readData_fullUnit()
+void TestUnPackage::readDataFullUnit()
 {
     Bench bench(makeMemory(128, 40, 24));
     bench.run(ReadDataType);
@@ -1229,7 +1271,7 @@ void UnPackageTest::readData_fullUnit()
     QVERIFY(*models->getConfigModel() == makeConfiguration(9, 12));
 }
 
-void UnPackageTest::readData_twice()
+void TestUnPackage::readDataTwice()
 {
     Bench bench(makeMemory(5, 2, 1));
     bench.run(ReadDataType);
@@ -1241,7 +1283,7 @@ void UnPackageTest::readData_twice()
     QCOMPARE(models->getConfigModel()->getComInfo().size(), 9);
 }
 
-void UnPackageTest::readData_failingEvents()
+void TestUnPackage::readDataFailingEvents()
 {
     const Memory memory = makeMemory(3, 0, 0);
     Bench bench([memory](const RecordedRequest& request, int) {
@@ -1258,7 +1300,7 @@ void UnPackageTest::readData_failingEvents()
     QCOMPARE(selectedModels()->getEventModel()->size(), 0);
 }
 
-void UnPackageTest::readData_emptiesListsButNotTheConfiguration()
+void TestUnPackage::readDataEmptiesListsButNotTheConfiguration()
 {
     Bench bench = failingAt(0, makeMemory(0, 0, 0));
     bench.operations->setConfigModel(makeConfiguration(1, 2));
@@ -1278,7 +1320,7 @@ void UnPackageTest::readData_emptiesListsButNotTheConfiguration()
     QCOMPARE(bench.requests().at(4).data, hex("00"));
 }
 
-void UnPackageTest::unknownDeviceGetsAggregate()
+void TestUnPackage::unknownDeviceGetsAggregate()
 {
     selectDevice(QStringLiteral("10.7.7.7"));
     const std::unique_ptr<ModelManagement> fresh(selectedModels());
@@ -1292,7 +1334,7 @@ void UnPackageTest::unknownDeviceGetsAggregate()
     QVERIFY(*stored->getConfigModel() == makeConfiguration(1, 2));
 }
 
-void UnPackageTest::clock_read_data()
+void TestUnPackage::clockRead_data()
 {
     QTest::addColumn<QByteArray>("cell");
     QTest::addColumn<QString>("text");
@@ -1303,7 +1345,7 @@ void UnPackageTest::clock_read_data()
     QTest::newRow("nibbles above 9") << hex("1affffffffff") << "2020/165/165 165:165:165";
 }
 
-void UnPackageTest::clock_read()
+void TestUnPackage::clockRead()
 {
     QFETCH(QByteArray, cell);
     QFETCH(QString, text);
@@ -1316,7 +1358,7 @@ void UnPackageTest::clock_read()
         (QStringList{QStringLiteral("backread:") + text, QStringLiteral("finshed:192.168.1.10")}));
 }
 
-void UnPackageTest::clock_shortReply()
+void TestUnPackage::clockShortReply()
 {
     const QByteArray whole = replyFrame(0x02000011, hex("260109070503"));
     for (int size : {0, 1, 20, 23}) {
@@ -1331,7 +1373,7 @@ void UnPackageTest::clock_shortReply()
     QCOMPARE(bench.log->entries.first(), QStringLiteral("backread:2026/01/09 07:05:03"));
 }
 
-void UnPackageTest::clock_foreignReplyIsAccepted()
+void TestUnPackage::clockForeignReplyIsAccepted()
 {
     Bench bench([&](const RecordedRequest&, int) {
         return ScriptedUnit::reply(replyFrame(0x12345678, hex("2601090705030000")));
@@ -1340,7 +1382,7 @@ void UnPackageTest::clock_foreignReplyIsAccepted()
     QCOMPARE(bench.log->entries.first(), QStringLiteral("backread:2026/01/09 07:05:03"));
 }
 
-void UnPackageTest::clock_write_data()
+void TestUnPackage::clockWrite_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QByteArray>("cell");
@@ -1354,7 +1396,7 @@ void UnPackageTest::clock_write_data()
     QTest::newRow("too few parts") << "2026  06" << hex("260000060000");
 }
 
-void UnPackageTest::clock_write()
+void TestUnPackage::clockWrite()
 {
     QFETCH(QString, text);
     QFETCH(QByteArray, cell);
@@ -1367,7 +1409,7 @@ void UnPackageTest::clock_write()
         (QStringList{QStringLiteral("backread:") + text, QStringLiteral("finshed:192.168.1.10")}));
 }
 
-void UnPackageTest::clock_writeReportsBeforeReply()
+void TestUnPackage::clockWriteReportsBeforeReply()
 {
     Bench bench = failingAt(0, Memory());
     bench.operations->setTimingCheck(QStringLiteral("2026/11/14  06:05:49"));
@@ -1389,7 +1431,7 @@ void UnPackageTest::clock_writeReportsBeforeReply()
     QCOMPARE(order, (QStringList{QStringLiteral("frame"), QStringLiteral("backread")}));
 }
 
-void UnPackageTest::setBytesFromInt_data()
+void TestUnPackage::setBytesFromInt_data()
 {
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("start");
@@ -1413,7 +1455,7 @@ void UnPackageTest::setBytesFromInt_data()
     QTest::newRow("longer than the value") << 6 << 0 << 6 << 1 << true << hex("000000000001") << 6;
 }
 
-void UnPackageTest::setBytesFromInt()
+void TestUnPackage::setBytesFromInt()
 {
     QFETCH(int, size);
     QFETCH(int, start);
@@ -1430,7 +1472,7 @@ void UnPackageTest::setBytesFromInt()
     QCOMPARE(position, next);
 }
 
-void UnPackageTest::network()
+void TestUnPackage::network()
 {
     Bench bench;
     bench.operations->slot_SendQuadrelNetWork(QStringLiteral("10.0.0.1"),
@@ -1442,7 +1484,7 @@ void UnPackageTest::network()
         bench.log->entries, QStringList{QStringLiteral("finishnetwork:10.0.0.1,192.168.1.10,1")});
 }
 
-void UnPackageTest::network_badAddresses_data()
+void TestUnPackage::networkBadAddresses_data()
 {
     QTest::addColumn<QString>("ip");
     QTest::addColumn<QString>("mask");
@@ -1462,7 +1504,7 @@ void UnPackageTest::network_badAddresses_data()
         << "256.257.-1.4" << good << good << hex("0004ff01000403020104030201");
 }
 
-void UnPackageTest::network_badAddresses()
+void TestUnPackage::networkBadAddresses()
 {
     QFETCH(QString, ip);
     QFETCH(QString, mask);
@@ -1478,7 +1520,7 @@ void UnPackageTest::network_badAddresses()
     QVERIFY(bench.log->entries.isEmpty());
 }
 
-void UnPackageTest::network_failures()
+void TestUnPackage::networkFailures()
 {
     // Neither the reason nor any other signal than the closing one goes out.
     writeSettingsBeside("[Communication]\ntimeout=0\n");
@@ -1497,7 +1539,7 @@ void UnPackageTest::network_failures()
             QStringLiteral("finishnetwork:old,1.2.3,0")}));
 }
 
-void UnPackageTest::network_errorStaysSet()
+void TestUnPackage::networkErrorStaysSet()
 {
     Bench bench;
     bench.operations->setError(QStringLiteral("断线"));
@@ -1507,7 +1549,7 @@ void UnPackageTest::network_errorStaysSet()
     QCOMPARE(bench.log->entries, QStringList{QStringLiteral("finishnetwork:1.2.3.4,1.2.3.4,0")});
 }
 
-void UnPackageTest::reset_data()
+void TestUnPackage::reset_data()
 {
     QTest::addColumn<bool>("retain");
     QTest::addColumn<QByteArray>("byte");
@@ -1515,7 +1557,7 @@ void UnPackageTest::reset_data()
     QTest::newRow("default address") << false << hex("00");
 }
 
-void UnPackageTest::reset()
+void TestUnPackage::reset()
 {
     QFETCH(bool, retain);
     QFETCH(QByteArray, byte);
@@ -1527,7 +1569,7 @@ void UnPackageTest::reset()
     QCOMPARE(bench.log->entries, QStringList{QStringLiteral("finshed:192.168.1.10")});
 }
 
-void UnPackageTest::reset_withoutUnit()
+void TestUnPackage::resetWithoutUnit()
 {
     writeSettingsBeside("[Communication]\ntimeout=0\n");
     UnPackage operations;
@@ -1543,7 +1585,7 @@ void UnPackageTest::reset_withoutUnit()
     QCOMPARE(log.entries, QStringList{QStringLiteral("finshed:192.168.1.10")});
 }
 
-void UnPackageTest::upgrade_controlWords()
+void TestUnPackage::upgradeControlWords()
 {
     Bench bench;
     bench.operations->setUpgradePackage(
@@ -1581,7 +1623,7 @@ void UnPackageTest::upgrade_controlWords()
             QStringLiteral("updateProgress:重连设备中"), QStringLiteral("finshedUpgrade:v2")}));
 }
 
-void UnPackageTest::upgrade_sizes_data()
+void TestUnPackage::upgradeSizes_data()
 {
     QTest::addColumn<int>("streamed");
     QTest::addColumn<int>("addressed");
@@ -1593,7 +1635,7 @@ void UnPackageTest::upgrade_sizes_data()
     }
 }
 
-void UnPackageTest::upgrade_sizes()
+void TestUnPackage::upgradeSizes()
 {
     QFETCH(int, streamed);
     QFETCH(int, addressed);
@@ -1631,7 +1673,7 @@ void UnPackageTest::upgrade_sizes()
     QCOMPARE(bench.log->entries.last(), QStringLiteral("finshedUpgrade:v2"));
 }
 
-void UnPackageTest::upgrade_secondRun()
+void TestUnPackage::upgradeSecondRun()
 {
     Bench bench;
     bench.operations->setUpgradePackage(
@@ -1646,7 +1688,7 @@ void UnPackageTest::upgrade_secondRun()
     QCOMPARE(bench.log->entries.last(), QStringLiteral("finshedUpgrade:v2"));
 }
 
-void UnPackageTest::upgrade_failsMidway()
+void TestUnPackage::upgradeFailsMidway()
 {
     // What was sent is gone: the next run has the rest only, and its control words say so.
     Bench bench = failingAt(5, Memory());
@@ -1664,7 +1706,7 @@ void UnPackageTest::upgrade_failsMidway()
     QCOMPARE(bench.log->entries.last(), QStringLiteral("finshedUpgrade:v2"));
 }
 
-void UnPackageTest::upgrade_newPackageStartsOver()
+void TestUnPackage::upgradeNewPackageStartsOver()
 {
     Bench bench = failingAt(5, Memory());
     bench.operations->setUpgradePackage(
@@ -1684,7 +1726,7 @@ void UnPackageTest::upgrade_newPackageStartsOver()
     QCOMPARE(bench.log->entries.last(), QStringLiteral("finshedUpgrade:v3"));
 }
 
-void UnPackageTest::progress_data()
+void TestUnPackage::progress_data()
 {
     QTest::addColumn<double>("value");
     QTest::addColumn<double>("total");
@@ -1695,7 +1737,7 @@ void UnPackageTest::progress_data()
     QTest::newRow("all") << 36.0 << 36.0 << "100";
 }
 
-void UnPackageTest::progress()
+void TestUnPackage::progress()
 {
     QFETCH(double, value);
     QFETCH(double, total);
@@ -1706,14 +1748,14 @@ void UnPackageTest::progress()
     QCOMPARE(log.entries, QStringList{QStringLiteral("updateProgress:升级中\n%1%").arg(number)});
 }
 
-void UnPackageTest::remark_data()
+void TestUnPackage::remark_data()
 {
     QTest::addColumn<int>("size");
     for (int size : {0, 1, 89, 90, 91, 5000})
         QTest::newRow(qPrintable(QString::number(size))) << size;
 }
 
-void UnPackageTest::remark()
+void TestUnPackage::remark()
 {
     QFETCH(int, size);
     Bench bench;
@@ -1726,7 +1768,7 @@ void UnPackageTest::remark()
     QCOMPARE(bench.log->entries, QStringList{QStringLiteral("finshedUpdateRemark")});
 }
 
-void UnPackageTest::remark_twice()
+void TestUnPackage::remarkTwice()
 {
     Bench bench;
     bench.run(UpdateRemarkType);
@@ -1828,7 +1870,7 @@ QString faultText(Fault fault, const QString& label, bool write)
 
 } // namespace
 
-void UnPackageTest::faults_data()
+void TestUnPackage::faults_data()
 {
     QTest::addColumn<int>("operation");
     QTest::addColumn<int>("step");
@@ -1847,7 +1889,7 @@ void UnPackageTest::faults_data()
     }
 }
 
-void UnPackageTest::faults()
+void TestUnPackage::faults()
 {
     QFETCH(int, operation);
     QFETCH(int, step);
@@ -1865,15 +1907,14 @@ void UnPackageTest::faults()
             return ScriptedUnit::failure(QStringLiteral("连接已断开"));
         return ScriptedUnit::reply(faultyReply(static_cast<Fault>(fault), request));
     };
-    // A wait that must run out is short. On a busy machine an earlier step may run out instead of
-    // the one in question; the case is then tried again.
     std::unique_ptr<Bench> bench;
-    do {
-        armed = true;
-        bench = std::make_unique<Bench>(script, fault == NoReply ? 40 : -1);
+    const bool reachesTheStep = succeedsWithAWait([&](int wait) {
+        bench = std::make_unique<Bench>(script, fault == NoReply ? wait : -1);
         placeInputs(*bench->operations);
         bench->run(told.type);
-    } while (bench->unit->frames().size() <= step);
+        return bench->unit->frames().size() > step;
+    });
+    QVERIFY(reachesTheStep);
 
     const QStringList closings = bench->log->entries.filter(
         QRegularExpression(QStringLiteral("^(errored|readFinished|finshed)")));
@@ -1888,16 +1929,19 @@ void UnPackageTest::faults()
         QCOMPARE(bench->unit->frames().size(), step + 1);
     }
 
+    // The next operation knows nothing of it. Its waits are those of the one that failed.
     armed = false;
-    do {
+    for (int attempt = 0; attempt < attempts; ++attempt) {
         bench->log->entries.clear();
         bench->run(BackwordReadType);
-    } while (fault == NoReply && bench->log->entries.last().endsWith(QStringLiteral("超时！")));
+        if (fault != NoReply || !bench->log->entries.last().endsWith(QStringLiteral("超时！")))
+            break;
+    }
     QCOMPARE(bench->log->entries.size(), 2);
     QVERIFY(bench->log->entries.last().startsWith(QStringLiteral("finshed:")));
 }
 
-void UnPackageTest::lateReply()
+void TestUnPackage::lateReply()
 {
     Bench bench(
         [](const RecordedRequest& request, int number) {
@@ -1908,10 +1952,12 @@ void UnPackageTest::lateReply()
     bench.run(BackwordReadType);
     QCOMPARE(bench.log->entries, QStringList{QStringLiteral("errored:校时回读超时！")});
     bench.operations->setRecvPackage(replyFrame(0x02000011, hex("990101000000")));
-    do {
+    for (int attempt = 0; attempt < attempts; ++attempt) {
         bench.log->entries.clear();
         bench.run(BackwordReadType);
-    } while (bench.log->entries.last().startsWith(QStringLiteral("errored")));
+        if (!bench.log->entries.last().startsWith(QStringLiteral("errored")))
+            break;
+    }
     QCOMPARE(bench.log->entries.first(), QStringLiteral("backread:2026/01/09 07:05:03"));
 }
 
@@ -1954,14 +2000,14 @@ public:
 
 } // namespace
 
-void UnPackageTest::labels_translated_data()
+void TestUnPackage::labelsTranslated_data()
 {
     QTest::addColumn<int>("index");
     for (int i = 0; i < int(std::size(labelledOperations)); ++i)
         QTest::newRow(labelledOperations[i].name) << i;
 }
 
-void UnPackageTest::labels_translated()
+void TestUnPackage::labelsTranslated()
 {
     QFETCH(int, index);
     const auto& told = labelledOperations[index];
@@ -1978,7 +2024,7 @@ void UnPackageTest::labels_translated()
     QCOMPARE(error, QStringLiteral("UnPackage|") + label + QStringLiteral("UnPackage|超时！"));
 }
 
-void UnPackageTest::networkLabel_translated()
+void TestUnPackage::networkLabelTranslated()
 {
     writeSettingsBeside("[Communication]\ntimeout=0\n");
     UnPackage operations;
@@ -1990,7 +2036,7 @@ void UnPackageTest::networkLabel_translated()
         (QStringList{QStringLiteral("UnPackage|网络设置"), QStringLiteral("UnPackage|超时！")}));
 }
 
-void UnPackageTest::messages_translated()
+void TestUnPackage::messagesTranslated()
 {
     ContextTranslator translator;
     QVERIFY(QCoreApplication::installTranslator(&translator));
@@ -2013,5 +2059,5 @@ void UnPackageTest::messages_translated()
     QCOMPARE(failing.log->entries, QStringList{QStringLiteral("errored:断线")});
 }
 
-QTEST_GUILESS_MAIN(UnPackageTest)
+QTEST_GUILESS_MAIN(TestUnPackage)
 #include "tst_unpackage.moc"

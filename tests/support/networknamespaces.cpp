@@ -1,5 +1,7 @@
 #include "networknamespaces.h"
 
+#include "patience.h"
+
 #include <QtCore/QFile>
 
 #include <cerrno>
@@ -53,14 +55,13 @@ bool enterUserAndNetworkNamespace()
 // Runs `ip` in the namespace of the calling thread; returns what it had to complain of.
 QString runIp(const QStringList& commands)
 {
-    QProcess process;
+    Program process;
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral("ip"), {QStringLiteral("-batch"), QStringLiteral("-")});
+    if (!process.launch(QStringLiteral("ip"), {QStringLiteral("-batch"), QStringLiteral("-")}))
+        return QStringLiteral("running ip: ") + process.errorString();
     process.write(commands.join(QLatin1Char('\n')).toUtf8() + '\n');
     process.closeWriteChannel();
-    if (!process.waitForFinished(-1))
-        return QStringLiteral("running ip: ") + process.errorString();
-    if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+    if (process.waitForExit() == 0)
         return {};
     return commands.join(QLatin1String("; ")) + QLatin1String(": ")
         + QString::fromLocal8Bit(process.readAll());
@@ -69,18 +70,18 @@ QString runIp(const QStringList& commands)
 bool isRunning(const NetworkNamespace& network, const QString& interface, const QByteArray& state)
 {
     NamespaceProcess process(network);
-    process.start(QStringLiteral("ip"),
-        {QStringLiteral("-details"), QStringLiteral("-oneline"), QStringLiteral("link"),
-            QStringLiteral("show"), QStringLiteral("dev"), interface});
-    process.waitForFinished(-1);
-    return process.readAll().contains(state);
+    return process.launch(QStringLiteral("ip"),
+               {QStringLiteral("-details"), QStringLiteral("-oneline"), QStringLiteral("link"),
+                   QStringLiteral("show"), QStringLiteral("dev"), interface})
+        && process.waitForExit() == 0 && process.readAll().contains(state);
 }
 
 // A link that was just set up drops what is sent before the kernel noticed that it is.
 void waitUntilRunning(
     const NetworkNamespace& network, const QString& interface, const QByteArray& state)
 {
-    for (int attempt = 0; attempt < 10000; ++attempt) {
+    const QDeadlineTimer deadline(patience);
+    while (!deadline.hasExpired()) {
         if (isRunning(network, interface, state))
             return;
     }
@@ -139,7 +140,7 @@ InsideNamespace::~InsideNamespace()
 }
 
 NamespaceProcess::NamespaceProcess(const NetworkNamespace& network, QObject* parent)
-    : QProcess(parent)
+    : Program(parent)
     , m_descriptor(network.descriptor())
 {
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtCore/QProcess>
+#include "program.h"
+
 #include <QtCore/QStringList>
 
 #include <memory>
@@ -54,7 +55,7 @@ private:
 };
 
 /** A program that runs inside a namespace, and dies with the thread that started it. */
-class NamespaceProcess : public QProcess {
+class NamespaceProcess : public Program {
 public:
     explicit NamespaceProcess(const NetworkNamespace& network, QObject* parent = nullptr);
 

@@ -1,46 +1,41 @@
 #include "programs.h"
 
+#include "patience.h"
+
+#include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 
-#include <vector>
-
-#include <pty.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-namespace {
-
-constexpr int patience = 120000;
-
-} // namespace
-
-SimulatorProcess::SimulatorProcess(const QStringList& arguments)
+Simulator::Simulator(const QStringList& options, ProcessChannelMode channels)
 {
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_process.start(QStringLiteral(QUADRELSIM_PATH),
-        QStringList{QStringLiteral("--port"), QStringLiteral("0")} + arguments);
+    setProcessChannelMode(channels);
+    const QString port = QStringLiteral("--port");
+    const QStringList freePort = {port, QStringLiteral("0")};
+    if (!launch(
+            QStringLiteral(QUADRELSIM_PATH), options.contains(port) ? options : options + freePort))
+        qFatal("cannot start quadrelsim: %s", qPrintable(errorString()));
+}
+
+quint16 Simulator::port(const QByteArray& beginning)
+{
+    const QByteArray line = waitForLine(beginning);
+    return line.mid(line.lastIndexOf(':') + 1).toUShort();
+}
+
+QByteArray digestLine(const char* name, const QByteArray& image)
+{
+    return QByteArray("image ") + name + ' ' + QByteArray::number(image.size()) + ' '
+        + QCryptographicHash::hash(image, QCryptographicHash::Sha256).toHex();
+}
+
+SimulatorProcess::SimulatorProcess(const QStringList& options)
+    : m_simulator(options, QProcess::ForwardedErrorChannel)
+{
     const QByteArray beginning = "listening on ";
-    m_endpoint = QString::fromLatin1(waitForLine(beginning).mid(beginning.size()));
-}
-
-SimulatorProcess::~SimulatorProcess()
-{
-    m_process.kill();
-    m_process.waitForFinished();
-}
-
-QByteArray SimulatorProcess::waitForLine(const QByteArray& beginning)
-{
-    for (;;) {
-        while (m_process.canReadLine()) {
-            const QByteArray line = m_process.readLine().trimmed();
-            if (line.startsWith(beginning))
-                return line;
-        }
-        if (!m_process.waitForReadyRead(patience))
-            qFatal("the simulated unit says nothing like \"%s\"", beginning.constData());
-    }
+    const QByteArray line = m_simulator.waitForLine(beginning);
+    if (line.isEmpty())
+        qFatal("quadrelsim does not listen");
+    m_endpoint = QString::fromLatin1(line.mid(beginning.size()));
 }
 
 QByteArray ControlTool::usualSettings()
@@ -61,16 +56,18 @@ ControlTool::ControlTool(const QByteArray& settings)
 
 ToolResult ControlTool::run(const QStringList& arguments)
 {
-    QProcess process;
+    Program process;
     start(process, arguments);
-    if (!process.waitForFinished(patience))
-        qFatal("quadrelctl does not end");
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-        QString::fromUtf8(process.readAllStandardOutput()),
-        QString::fromUtf8(process.readAllStandardError())};
+    return resultOf(process);
 }
 
-void ControlTool::start(QProcess& process, const QStringList& arguments)
+ToolResult ControlTool::resultOf(Program& process)
+{
+    const int exitCode = process.waitForExit();
+    return {exitCode, QString::fromUtf8(process.readAllStandardOutput()), process.errors()};
+}
+
+void ControlTool::start(Program& process, const QStringList& arguments)
 {
     process.setStandardInputFile(QProcess::nullDevice());
     if (!m_locale.isEmpty()) {
@@ -79,48 +76,17 @@ void ControlTool::start(QProcess& process, const QStringList& arguments)
         environment.insert(QStringLiteral("LC_ALL"), m_locale);
         process.setProcessEnvironment(environment);
     }
-    process.start(m_program, arguments);
-}
-
-bool ControlTool::hasTerminals()
-{
-    int terminal = -1;
-    int program = -1;
-    if (openpty(&terminal, &program, nullptr, nullptr, nullptr) != 0)
-        return false;
-    close(terminal);
-    close(program);
-    return true;
+    if (!process.launch(m_program, arguments))
+        qFatal("cannot start quadrelctl: %s", qPrintable(process.errorString()));
 }
 
 ToolResult ControlTool::runOnTerminal(const QStringList& arguments, const QByteArray& input)
 {
-    std::vector<QByteArray> words{m_program.toLocal8Bit()};
-    for (const QString& argument : arguments)
-        words.push_back(argument.toLocal8Bit());
-    std::vector<char*> argv;
-    for (QByteArray& word : words)
-        argv.push_back(word.data());
-    argv.push_back(nullptr);
-
-    int terminal = -1;
-    const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
-    if (child < 0)
-        qFatal("no terminal: %s", qPrintable(qt_error_string()));
-    if (child == 0) {
-        execv(argv.front(), argv.data());
-        _exit(127);
-    }
-    if (::write(terminal, input.constData(), static_cast<size_t>(input.size())) < 0)
-        qFatal("cannot type");
-    QByteArray output;
-    char buffer[4096];
-    for (ssize_t size = 0; (size = read(terminal, buffer, sizeof(buffer))) > 0;)
-        output.append(buffer, static_cast<int>(size));
-    int status = 0;
-    waitpid(child, &status, 0);
-    close(terminal);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, QString::fromUtf8(output), QString()};
+    TerminalProgram process;
+    start(process, arguments);
+    process.type(input);
+    const int exitCode = process.waitForEnd();
+    return {exitCode, QString::fromUtf8(process.screen()), QString()};
 }
 
 QString ControlTool::write(const QString& name, const QByteArray& contents) const

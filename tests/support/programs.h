@@ -1,26 +1,41 @@
 #pragma once
 
+#include "program.h"
+
 #include <QtCore/QByteArray>
-#include <QtCore/QProcess>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
 
-/** The simulated unit as a process of its own; killed with the object. */
+/** quadrelsim, started with these options; on a free port of the loopback unless they name one. */
+class Simulator : public Program {
+public:
+    explicit Simulator(
+        const QStringList& options = {}, ProcessChannelMode channels = SeparateChannels);
+
+    /** The port in the next line that begins so; 0 if none comes. */
+    quint16 port(const QByteArray& beginning = "listening on 127.0.0.1:");
+};
+
+/** What quadrelsim prints of an image with --print-digests. */
+QByteArray digestLine(const char* name, const QByteArray& image);
+
+/** The simulated unit as a process of its own, listening on the loopback. */
 class SimulatorProcess {
 public:
-    /** Starts it on a free port of the loopback and waits until it listens. */
-    explicit SimulatorProcess(const QStringList& arguments = {QStringLiteral("--sample")});
-    ~SimulatorProcess();
+    explicit SimulatorProcess(const QStringList& options = {QStringLiteral("--sample")});
 
     /** "tcp://127.0.0.1:PORT" */
     QString address() const { return QStringLiteral("tcp://") + m_endpoint; }
     QString udpAddress() const { return QStringLiteral("udp://") + m_endpoint; }
-    /** Waits for a line on stdout that begins so. */
-    QByteArray waitForLine(const QByteArray& beginning);
+    /** As of `Program`. */
+    QByteArray waitForLine(const QByteArray& beginning)
+    {
+        return m_simulator.waitForLine(beginning);
+    }
 
 private:
-    QProcess m_process;
+    Simulator m_simulator;
     QString m_endpoint;
 };
 
@@ -43,11 +58,11 @@ public:
     void setLocale(const QString& locale) { m_locale = locale; }
 
     ToolResult run(const QStringList& arguments);
-    /** Whether this machine makes terminals; a container may not. */
-    static bool hasTerminals();
     /** The same on a terminal: output and errors both come back in `output`, `input` is typed. */
     ToolResult runOnTerminal(const QStringList& arguments, const QByteArray& input = {});
-    void start(QProcess& process, const QStringList& arguments);
+    void start(Program& process, const QStringList& arguments);
+    /** Waits for the end of what `start` started. */
+    static ToolResult resultOf(Program& process);
 
     /** A path in the tool's folder, which goes with the object. */
     QString path(const QString& name) const { return m_folder.filePath(name); }

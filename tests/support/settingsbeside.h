@@ -3,6 +3,12 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 
+/** The settings file beside the running test. */
+inline QString settingsFileBeside()
+{
+    return QCoreApplication::applicationDirPath() + QStringLiteral("/configWidget.ini");
+}
+
 /**
  * Writes the settings file beside the running test; an object made afterwards reads it. The
  * framework keeps a parsed file as long as its size and time look the same, so each file is a line
@@ -11,7 +17,7 @@
 inline void writeSettingsBeside(const QByteArray& contents)
 {
     static int written = 0;
-    QFile file(QCoreApplication::applicationDirPath() + QStringLiteral("/configWidget.ini"));
+    QFile file(settingsFileBeside());
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         qFatal("cannot write %s", qPrintable(file.fileName()));
     file.write(contents + QByteArray("\n; a line of its own                ").repeated(++written));

@@ -1,3 +1,4 @@
+#include "patience.h"
 #include "unpackage.h"
 #include "xmlfile.h"
 
@@ -199,7 +200,7 @@ void TestTranslations::missesNothing()
     QProcess update;
     update.setProcessChannelMode(QProcess::ForwardedChannels);
     update.start(source + QStringLiteral("/scripts/translate"), {folder.path()});
-    QVERIFY(update.waitForFinished(120000));
+    QVERIFY(update.waitForFinished(patience));
     QCOMPARE(update.exitCode(), 0);
     QCOMPARE(QString::fromUtf8(contentsOf(folder.path() + file)),
         QString::fromUtf8(contentsOf(source + QStringLiteral("/translations") + file)));

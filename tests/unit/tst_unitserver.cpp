@@ -1,3 +1,4 @@
+#include "patience.h"
 #include "unitserver.h"
 #include "upgradewrites.h"
 
@@ -8,11 +9,6 @@
 using namespace QuadrelUnit;
 
 namespace {
-
-constexpr int patience = 30000;
-
-#define TRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, patience)
-#define TRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, patience)
 
 /** The asking side of a connection. */
 class Client {

@@ -53,15 +53,19 @@ constexpr ushort upgradeStartWord = 0x7209;
 /** Of all control words of an upgrade, which count for its progress as the images do. */
 constexpr int upgradeControlBytes = 36;
 
-/** Lets `store` put working copies into the selected device's models, and keeps those. */
-template <typename Store> void updateRegistry(Store store)
+DeviceManagerModel& orSingleton(DeviceManagerModel* registry)
 {
-    DeviceManagerModel* registry = DeviceManagerModel::Instance();
-    const DeviceModel device = registry->getCurrentSelectDevice();
-    ModelManagement* models = registry->getDeviceData(device);
+    return registry ? *registry : *DeviceManagerModel::Instance();
+}
+
+/** Lets `store` put working copies into the selected device's models, and keeps those. */
+template <typename Store> void updateRegistry(DeviceManagerModel& registry, Store store)
+{
+    const DeviceModel device = registry.getCurrentSelectDevice();
+    ModelManagement* models = registry.getDeviceData(device);
     if (models)
         store(*models);
-    registry->setDeviceData(device, models);
+    registry.setDeviceData(device, models);
 }
 
 /** The bytes of so many records. The number is the application's and unchecked: it wraps. */
@@ -251,7 +255,7 @@ void UnPackage::slot_runReadPackage(DataPackageType type)
     m_hasError = false;
     m_recvPackage.clear();
     QString error = QLatin1String("");
-    const DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
+    const DeviceModel device = orSingleton(m_registry).getCurrentSelectDevice();
     if (runOperation(type, error))
         emitFinished(type, device);
     else
@@ -290,7 +294,7 @@ void UnPackage::emitFinished(DataPackageType type, const DeviceModel& device)
 {
     switch (type) {
     case ReadDataType:
-        Q_EMIT signal_readFinished(DeviceManagerModel::Instance()->getCurrentSelectDevice());
+        Q_EMIT signal_readFinished(orSingleton(m_registry).getCurrentSelectDevice());
         break;
     case UpgradeDeviceType:
         Q_EMIT signal_finshedUpgrade(m_upgradeName);
@@ -345,8 +349,8 @@ bool UnPackage::readDeviceParameter(QString& error)
     // models of an earlier read.
     auto* models = new ModelManagement(nullptr);
     models->setDeviceModel(m_deviceModel);
-    DeviceManagerModel::Instance()->setCurrentSelectDevice(m_deviceModel);
-    DeviceManagerModel::Instance()->setDeviceData(m_deviceModel, models);
+    orSingleton(m_registry).setCurrentSelectDevice(m_deviceModel);
+    orSingleton(m_registry).setDeviceData(m_deviceModel, models);
     Q_EMIT signal_updateDeviced();
     return true;
 }
@@ -360,7 +364,8 @@ bool UnPackage::sendConfig(QString& error)
     if (!writeBlock(ioAddress, ioBlock, tr("配置参数"), error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setConfigModel(m_configModel); });
     Q_EMIT signal_updateConfiged();
     return true;
 }
@@ -376,7 +381,8 @@ bool UnPackage::readConfigParameter(QString& error)
         || !readPart(ioAddress, bytesOf(m_ioNumber, m_ioLength)))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setConfigModel(m_configModel); });
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setConfigModel(m_configModel); });
     Q_EMIT signal_updateConfiged();
     return true;
 }
@@ -409,7 +415,8 @@ bool UnPackage::sendEvent(QString& error)
         || !writeRecords(eventTableAddress, count, encode, error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setEventModel(m_eventModel); });
     Q_EMIT signal_updateEvented();
     return true;
 }
@@ -456,7 +463,8 @@ bool UnPackage::readEventParameter(QString& error)
     if (!readTable(table, m_eventCount, parseCount, parseRecord, error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) { models.setEventModel(m_eventModel); });
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setEventModel(m_eventModel); });
     Q_EMIT signal_updateEvented();
     return true;
 }
@@ -488,7 +496,7 @@ bool UnPackage::sendTrigger(QString& error)
         || !writeRecords(triggerTableAddress, total, encode, error))
         return false;
 
-    updateRegistry([this](ModelManagement& models) {
+    updateRegistry(orSingleton(m_registry), [this](ModelManagement& models) {
         models.setTriggerModel(m_triggerModel);
         models.setTriggerTimeModel(m_timeTriggerModel);
     });
@@ -518,7 +526,8 @@ bool UnPackage::readTriggerParameter(QString& error)
         return false;
 
     numberRecords(m_triggerModel);
-    updateRegistry([this](ModelManagement& models) { models.setTriggerModel(m_triggerModel); });
+    updateRegistry(orSingleton(m_registry),
+        [this](ModelManagement& models) { models.setTriggerModel(m_triggerModel); });
     Q_EMIT signal_updateTriggered();
     return true;
 }
@@ -539,7 +548,7 @@ bool UnPackage::readTimeTriggerParameter(QString& error)
         return false;
 
     numberRecords(m_timeTriggerModel);
-    updateRegistry(
+    updateRegistry(orSingleton(m_registry),
         [this](ModelManagement& models) { models.setTriggerTimeModel(m_timeTriggerModel); });
     Q_EMIT signal_updateTimeTriggered();
     return true;

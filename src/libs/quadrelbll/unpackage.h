@@ -14,6 +14,8 @@
 #include <QtCore/QString>
 #include <QtCore/QWaitCondition>
 
+class DeviceManagerModel;
+
 /**
  * What UnPackage::slot_runReadPackage runs, and the signal that closes it on success. Any other
  * 32-bit value is allowed too, and runs as little as ReservedType.
@@ -296,8 +298,8 @@ public Q_SLOTS:
     void slot_SendQuadrelNetWork(QString oldIp, QString newIp, QString subnet, QString gateway);
 
 private:
-    /** Internal: lets a transport that keeps the time itself lift the limit of its own object. */
-    friend class UnPackageWait;
+    /** Internal: lets the link lift the wait of its own object, and give it a registry. */
+    friend class UnPackageAccess;
 
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
@@ -353,6 +355,8 @@ private:
     // How much of each image is gone already.
     int m_streamedSent = 0;
     int m_addressedSent = 0;
+    /** Null for the one of the process. */
+    DeviceManagerModel* m_registry = nullptr;
 
     static UnPackage* m_unPackageInstance;
 };

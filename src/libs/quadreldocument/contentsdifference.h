@@ -1,0 +1,66 @@
+#pragma once
+
+#include "finding.h"
+#include "unitcontents.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+namespace QuadrelDocument {
+
+/** A field that is not the same; a text is absent where the record has no such field. */
+struct FieldChange {
+    /** The key in documents. */
+    QString field;
+    std::optional<QString> before;
+    std::optional<QString> after;
+};
+
+enum class ChangeKind {
+    Changed,
+    Added,
+    Removed,
+    /** The same record at another place of its list. */
+    Moved
+};
+
+/** One record that differs. */
+struct RecordChange {
+    ChangeKind kind = ChangeKind::Changed;
+    Section section = Section::None;
+    /** The record's place in the list of either side; -1 where it is not there. */
+    int before = -1;
+    int after = -1;
+    /** What the record is called, such as "events[8]": by the side where it is, the later one
+     * first. */
+    QString path;
+    /** All that differs; for Added and Removed all that the record holds. */
+    QVector<FieldChange> fields;
+    /** A changed record that stands at another place too. */
+    bool isMoved = false;
+};
+
+struct Difference {
+    /** In the order of the sections, each in the order of the later side, removed records last. */
+    QVector<RecordChange> changes;
+    /** The sections that one side says nothing of. */
+    QVector<Section> notCompared;
+
+    bool isEmpty() const { return changes.isEmpty(); }
+    bool concerns(Section section) const;
+    int count(Section section, ChangeKind kind) const;
+};
+
+/**
+ * How `after` differs from `before`: in ports and lines by their numbers, in events by id, in
+ * triggers and time triggers by the best match. Their ids don't count, nor do device and clock.
+ */
+Difference compareContents(const Contents& before, const Contents& after);
+
+/** A line for each record and each field of it, ready for people; empty without a difference. */
+QString differenceText(const Difference& difference);
+/** The same as data for programs. */
+QJsonObject differenceJson(const Difference& difference);
+
+} // namespace QuadrelDocument

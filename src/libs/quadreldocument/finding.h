@@ -1,0 +1,70 @@
+#pragma once
+
+#include "unitcontents.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QString>
+#include <QtCore/QVector>
+
+namespace QuadrelDocument {
+
+/** A part of contents; None is the document as a whole. */
+enum class Section { None, Device, SerialPorts, IoLines, Events, Triggers, TimeTriggers, Clock };
+
+/** The key of the section in documents, such as "events"; empty for None. */
+QString sectionName(Section section);
+
+/** A section, a record of it, or a field of a record or of the device. */
+struct Place {
+    Section section = Section::None;
+    /** The record's place in the list of the contents, from 0; -1 for the section itself. */
+    int index = -1;
+    /** The key in documents; empty for the record itself. */
+    QString field;
+};
+
+/** Where something stands in a text, both counted from 1 in characters; 0: nowhere. */
+struct Position {
+    int line = 0;
+    int column = 0;
+};
+bool operator<(const Position& left, const Position& right);
+
+/** Where the parts of contents stand in the text that they were read from. */
+class Positions {
+public:
+    void insert(const Place& place, Position position);
+    /** Of the place, or else of its record, its section, or nowhere. */
+    Position of(const Place& place) const;
+
+private:
+    QHash<QString, Position> m_positions;
+};
+
+/** Only an error keeps contents from being written. */
+enum class Severity { Error, Warning, Note };
+
+struct Finding {
+    Severity severity = Severity::Error;
+    Place place;
+    /** Where there is a text. */
+    Position position;
+    /** What it is about, such as "events[8].description"; may be empty. */
+    QString path;
+    /** What is wrong, and what is allowed. */
+    QString text;
+};
+using Findings = QVector<Finding>;
+
+/** "events[8].description": records go by the id, port or line that is shown. */
+QString pathOf(const Place& place, const Contents& contents);
+
+bool hasErrors(const Findings& findings);
+
+/**
+ * "FILE:LINE:COLUMN: PATH: TEXT", with "warning: " or "note: " ahead of the path of what is no
+ * error. What is not known is left out.
+ */
+QString messageOf(const Finding& finding, const QString& file = QString());
+
+} // namespace QuadrelDocument

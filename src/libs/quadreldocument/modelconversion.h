@@ -1,0 +1,43 @@
+#pragma once
+
+#include "unitcontents.h"
+
+#include "devicemodel.h"
+#include "eventmodel.h"
+#include "systemmodel.h"
+#include "triggermodel.h"
+#include "triggertimemodel.h"
+
+/**
+ * Contents from the library's models and back.
+ *
+ * There are two ways back. asRead() gives the models that a read of a unit with these contents
+ * fills, for the library's files and for tables. toSend() gives those that make the library write a
+ * unit that reads back as these contents: a name goes out behind the description, and a delay off
+ * the grid of 10 ms as its command bytes.
+ */
+namespace QuadrelDocument {
+
+Device deviceOf(DeviceModel model);
+QVector<SerialPort> serialPortsOf(SystemModel model);
+QVector<IoLine> ioLinesOf(SystemModel model);
+/** The library's name of a new event counts as none. */
+QVector<Event> eventsOf(EventModel model);
+/** A trigger without an id, as a project file gives it, gets its place in the list. */
+QVector<Trigger> triggersOf(TriggerModel model);
+QVector<TimeTrigger> timeTriggersOf(TriggerTimeModel model);
+
+DeviceModel asRead(const Device& device);
+/** A list that is absent counts as empty. */
+SystemModel asRead(
+    const std::optional<QVector<SerialPort>>& ports, const std::optional<QVector<IoLine>>& lines);
+EventModel asRead(const QVector<Event>& events);
+TriggerModel asRead(const QVector<Trigger>& triggers);
+TriggerTimeModel asRead(const QVector<TimeTrigger>& triggers);
+
+// Serial ports and IO lines go out as they are read.
+EventModel toSend(const QVector<Event>& events);
+TriggerModel toSend(const QVector<Trigger>& triggers);
+TriggerTimeModel toSend(const QVector<TimeTrigger>& triggers);
+
+} // namespace QuadrelDocument

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "finding.h"
+#include "unitcontents.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <optional>
+
+namespace QuadrelDocument {
+
+/** How contents are written down. A project file is the library's XML and holds less. */
+enum class Form { Yaml, Json, Project };
+
+/** The form by the file's ending: .yaml and .yml, .json, .xml, in any case; nothing for others. */
+std::optional<Form> formOfFile(const QString& path);
+
+/** The largest text that is read. */
+constexpr int maximumDocumentSize = 4 * 1024 * 1024;
+/** The deepest nesting that is read. */
+constexpr int maximumDocumentDepth = 32;
+/** The most records of a section that are looked at; more than any unit has room for. */
+constexpr int maximumRecords = 1000;
+
+/** What was read from a text. */
+struct Document {
+    /** With errors among the findings: what could be made of the rest, for further checks only. */
+    Contents contents;
+    Positions positions;
+    /** What is wrong with the text; what is wrong with the contents is for checkContents(). */
+    Findings findings;
+};
+
+/**
+ * Reads a document of the form Yaml or Json. All errors are found in one go: unknown and doubled
+ * keys, values of the wrong kind or out of range, and what hostile texts do (anchors, aliases,
+ * tags, nesting, size), which ends the reading.
+ */
+Document parseDocument(const QByteArray& text, Form form);
+
+/**
+ * The document of the form Yaml or Json, always the same for the same contents. It ends with a line
+ * feed and is encoded in UTF-8.
+ */
+QByteArray writeDocument(const Contents& contents, Form form);
+
+/** Contents of a file with all that is to be said of them. */
+struct LoadedFile {
+    Form form = Form::Yaml;
+    Contents contents;
+    Positions positions;
+    /** Of the text and of the contents, in the order of the file. */
+    Findings findings;
+    /** The text as it stands in the file. */
+    QByteArray text;
+};
+
+/**
+ * Reads a file of any form and checks it. A file that can't be read, or whose ending says nothing,
+ * gives a finding without a position.
+ */
+LoadedFile loadFile(const QString& path);
+
+/**
+ * Saves contents in the form that the ending says, without the clock. The file is made beside
+ * `path` and then takes its place, so that a failure leaves an older file as it was; a link stays a
+ * link. Returns the reason of a failure, or an empty text. What a project file loses on the way is
+ * for lossesInProject() to tell.
+ */
+QString saveFile(const QString& path, const Contents& contents);
+
+/** Likewise with a text that is ready. */
+QString saveText(const QString& path, const QByteArray& text);
+
+} // namespace QuadrelDocument
