@@ -157,7 +157,7 @@ void WorkerPool::Worker::takeFailedStart(QProcess::ProcessError error)
 {
     if (error != QProcess::FailedToStart)
         return;
-    m_result.end = WorkerEnd::NotStarted;
+    m_result.end = WorkerEnd::CannotStart;
     m_result.reason =
         Workspace::tr("cannot start %1: %2").arg(m_task.program, m_process.errorString());
     m_pool->finish(this);

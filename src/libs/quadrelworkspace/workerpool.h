@@ -23,16 +23,17 @@ struct WorkerTask {
 
 /** How a worker came to its end. */
 enum class WorkerEnd {
-    Done,      ///< it ended by itself; `exitCode` says how well
-    TimedOut,  ///< it was ended at its limit
-    Crashed,   ///< a signal ended it that is not ours
-    Stopped,   ///< it was ended by WorkerPool::endAll()
-    NotStarted ///< the pool was stopped before, or the program does not run
+    Done,        ///< it ended by itself; `exitCode` says how well
+    TimedOut,    ///< it was ended at its limit
+    Crashed,     ///< a signal ended it that is not ours
+    Stopped,     ///< it was ended by WorkerPool::endAll()
+    CannotStart, ///< the program does not run
+    NotBegun     ///< the pool was stopped before
 };
 
 struct WorkerResult {
     QString name;
-    WorkerEnd end = WorkerEnd::NotStarted;
+    WorkerEnd end = WorkerEnd::NotBegun;
     /** Of a worker that ended by itself; -1 for others. */
     int exitCode = -1;
     /** What it wrote to stdout; null if that was no JSON, or more than 16 MB. */
