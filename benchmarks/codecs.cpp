@@ -1,11 +1,15 @@
-#include "comparison.h"
 #include "eventmodel.h"
+#include "fullunit.h"
+#include "loopback.h"
+#include "loopbackclient.h"
 #include "packageevent.h"
 #include "packagetimetrigger.h"
 #include "packagetrigger.h"
+#include "rows.h"
 #include "timing.h"
 #include "triggermodel.h"
 #include "triggertimemodel.h"
+#include "unitaddresses.h"
 #include "unitframe.h"
 
 #include <benchmark/benchmark.h>
@@ -13,7 +17,7 @@
 namespace {
 
 constexpr int recordsInTurn = 3000;
-constexpr quint32 address = 0xF0020001;
+constexpr quint32 anyAddress = 0xF0020001;
 
 /** A text with memory of its own, as one that is typed or read has; a literal's copies are free. */
 template <std::size_t N> QString madeText(const char16_t (&text)[N])
@@ -30,7 +34,7 @@ const QString endDate = madeText(u"2026/06/30");
 const QString timeOfDay = madeText(u"07:45");
 const QString days = madeText(u"11111");
 
-QByteArray replyWith(const QByteArray& block)
+QByteArray replyWith(const QByteArray& block, quint32 address = anyAddress)
 {
     using QuadrelUnit::UnitFrame;
     const auto length = static_cast<quint16>(block.size());
@@ -69,7 +73,7 @@ struct EventCodec {
     }
     static void makeSlot() { ::makeSlot(command); }
 
-    static bool decode(const QByteArray& reply, Model& model)
+    static bool decode(const QByteArray& reply, Model& model, quint32 address = anyAddress)
     {
         QString error;
         return PackageEvent::parseEventPackage(address, reply, 512, model, error);
@@ -98,7 +102,7 @@ struct SerialTriggerCodec {
     }
     static void makeSlot() { ::makeSlot(command); }
 
-    static bool decode(const QByteArray& reply, Model& model)
+    static bool decode(const QByteArray& reply, Model& model, quint32 address = anyAddress)
     {
         QString error;
         return PackageTrigger::parseTriggerPackage(address, reply, 512, model, error);
@@ -129,7 +133,7 @@ struct TimeTriggerCodec {
     // A time trigger has no hexadecimal text.
     static void makeSlot() { ::makeSlot(QString()); }
 
-    static bool decode(const QByteArray& reply, Model& model)
+    static bool decode(const QByteArray& reply, Model& model, quint32 address = anyAddress)
     {
         QString error;
         return PackageTimeTrigger::parseTimeTriggerPackage(address, reply, 512, model, error);
@@ -179,23 +183,97 @@ private:
     const typename Codec::Record m_record = Codec::makeRecord();
 };
 
+/** All records of a full unit: each decoded as often as a read of it does, and encoded once. */
+class UnitRecords : public Comparison {
+public:
+    UnitRecords()
+    {
+        QuadrelUnit::UnitMemory memory;
+        FullUnit::fill(memory);
+        namespace Address = QuadrelUnit::Address;
+        m_eventReplies = repliesOf(memory, Address::events, FullUnit::events);
+        m_tableReplies = repliesOf(memory, Address::triggers, FullUnit::tableEntries);
+    }
+
+    double ours() override
+    {
+        return microsecondsPerCall(1, [this] {
+            encodeAll<EventCodec>(decodeAll<EventCodec>(m_eventReplies), FullUnit::events);
+            encodeAll<SerialTriggerCodec>(decodeAll<SerialTriggerCodec>(m_tableReplies),
+                FullUnit::serialTriggers + FullUnit::inputTriggers);
+            encodeAll<TimeTriggerCodec>(
+                decodeAll<TimeTriggerCodec>(m_tableReplies), FullUnit::timeTriggers);
+        }) / 1000;
+    }
+
+    double reference() override
+    {
+        return microsecondsPerCall(1, [this] { m_client.readEverything(); }) / 1000;
+    }
+
+private:
+    struct Reply {
+        quint32 address;
+        QByteArray frame;
+    };
+
+    static std::vector<Reply> repliesOf(
+        const QuadrelUnit::UnitMemory& memory, quint32 table, int records)
+    {
+        constexpr int length = QuadrelUnit::Address::recordLength;
+        std::vector<Reply> replies;
+        for (int i = 0; i < records; ++i) {
+            const quint32 record = table + static_cast<quint32>(i * length);
+            replies.push_back({record, replyWith(memory.read(record, length), record)});
+        }
+        return replies;
+    }
+
+    template <typename Codec>
+    static typename Codec::Model decodeAll(const std::vector<Reply>& replies)
+    {
+        typename Codec::Model model;
+        for (const Reply& reply : replies) {
+            if (!Codec::decode(reply.frame, model, reply.address))
+                qFatal("a reply was refused");
+        }
+        return model;
+    }
+
+    template <typename Codec> static void encodeAll(typename Codec::Model model, int expectedSize)
+    {
+        if (model.size() != expectedSize)
+            qFatal("%d records instead of %d", model.size(), expectedSize);
+        for (int i = 0; i < model.size(); ++i) {
+            QByteArray block = Codec::encode(model.at(i));
+            benchmark::DoNotOptimize(block);
+        }
+    }
+
+    std::vector<Reply> m_eventReplies;
+    std::vector<Reply> m_tableReplies;
+    LoopbackUnit m_unit;
+    LoopbackClient m_client{m_unit.port()};
+};
+
 template <typename Codec> Row decodeRow(const char* name)
 {
-    return {
-        name, "ns", {Limit::RatioAtMost, 3}, 101, [] { return std::make_unique<Decode<Codec>>(); }};
+    return {name, "ns", {}, 101, [] { return std::make_unique<Decode<Codec>>(); }};
 }
 
 template <typename Codec> Row encodeRow(const char* name)
 {
-    return {name, "ns", {Limit::RatioAtMost, 1.6}, 101,
-        [] { return std::make_unique<Encode<Codec>>(); }};
+    return {name, "ns", {}, 101, [] { return std::make_unique<Encode<Codec>>(); }};
 }
 
 } // namespace
 
-std::vector<Row> codecRows()
+Rows codecRows()
 {
     return {
+        {"decode and encode a full unit / read of it, one processor", "ms",
+            {Limit::RatioAtMost, 0.05}, 51, [] { return std::make_unique<UnitRecords>(); },
+            Placement::OneProcessor},
         decodeRow<EventCodec>("decode event / fill record"),
         decodeRow<SerialTriggerCodec>("decode serial trigger / fill record"),
         decodeRow<TimeTriggerCodec>("decode time trigger / fill record"),

@@ -26,9 +26,7 @@ QByteArray eventTable()
 
 QByteArray triggerTable()
 {
-    QByteArray table(1,
-        static_cast<char>(
-            FullUnit::serialTriggers + FullUnit::inputTriggers + FullUnit::timeTriggers));
+    QByteArray table(1, static_cast<char>(FullUnit::tableEntries));
     const EventIds events{1, 5, 3, 128};
     const QString description = QStringLiteral("面板：开始上课");
     for (int i = 0; i < FullUnit::serialTriggers; ++i)

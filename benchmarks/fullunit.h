@@ -9,10 +9,10 @@ constexpr int events = 128;
 constexpr int serialTriggers = 24;
 constexpr int inputTriggers = 16;
 constexpr int timeTriggers = 24;
+constexpr int tableEntries = serialTriggers + inputTriggers + timeTriggers;
 
 /** Information, serial ports, IO lines, event table, trigger table twice, clock, three counts. */
-constexpr int exchangesOfRead =
-    3 + 1 + events + 2 * (1 + serialTriggers + inputTriggers + timeTriggers) + 1;
+constexpr int exchangesOfRead = 3 + 1 + events + 2 * (1 + tableEntries) + 1;
 static_assert(exchangesOfRead == 263);
 
 void fill(QuadrelUnit::UnitMemory& memory);

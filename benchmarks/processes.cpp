@@ -1,14 +1,20 @@
-#include "comparison.h"
+#include "echosize.h"
+#include "fullunit.h"
 #include "loopback.h"
+#include "rawecho.h"
+#include "rows.h"
 #include "timing.h"
 #include "upgradeimage.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -32,15 +38,45 @@ double printedSize(const char* name, const QStringList& arguments)
     return size;
 }
 
-void runToEnd(const QByteArray& path)
-{
-    char* arguments[] = {const_cast<char*>(path.constData()), nullptr};
-    pid_t process = 0;
-    int status = 0;
-    if (posix_spawn(&process, path.constData(), nullptr, nullptr, arguments, environ) != 0
-        || waitpid(process, &status, 0) != process || status != 0)
-        qFatal("%s does not run", path.constData());
-}
+/** A program and its arguments; what it prints is dropped. */
+class Program {
+public:
+    Program(const QString& path, const QStringList& arguments)
+    {
+        m_words.append(QFile::encodeName(path));
+        for (const QString& argument : arguments)
+            m_words.append(argument.toLocal8Bit());
+        for (QByteArray& word : m_words)
+            m_arguments.push_back(word.data());
+        m_arguments.push_back(nullptr);
+        posix_spawn_file_actions_init(&m_actions);
+        posix_spawn_file_actions_addopen(&m_actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    }
+
+    ~Program() { posix_spawn_file_actions_destroy(&m_actions); }
+    Q_DISABLE_COPY_MOVE(Program)
+
+    /** Milliseconds from its start to its end. */
+    double time()
+    {
+        return microsecondsPerCall(1, [this] { run(); }) / 1000;
+    }
+
+private:
+    void run()
+    {
+        char* const path = m_arguments.front();
+        pid_t process = 0;
+        int status = 0;
+        if (posix_spawn(&process, path, &m_actions, nullptr, m_arguments.data(), environ) != 0
+            || waitpid(process, &status, 0) != process || status != 0)
+            qFatal("%s failed", path);
+    }
+
+    QList<QByteArray> m_words;
+    std::vector<char*> m_arguments;
+    posix_spawn_file_actions_t m_actions = {};
+};
 
 /** Without the image itself, which the caller holds. */
 class UpgradePeak : public Comparison {
@@ -57,17 +93,87 @@ public:
 
 class LoadTime : public Comparison {
 public:
-    double ours() override { return time(m_library); }
-    double reference() override { return time(m_framework); }
+    double ours() override { return m_library.time(); }
+    double reference() override { return m_framework.time(); }
 
 private:
-    static double time(const QByteArray& path)
+    Program m_library{programPath("loadlibrary"), {}};
+    Program m_framework{programPath("loadframework"), {}};
+};
+
+/** A unit and an echo, for clients that are processes of their own. */
+class Servers {
+public:
+    QString unitPort() const { return QString::number(m_unit.port()); }
+    QString echoPort() const { return QString::number(m_echo.port()); }
+    QString unitAddress() const { return QStringLiteral("tcp://127.0.0.1:") + unitPort(); }
+
+private:
+    LoopbackUnit m_unit;
+    RawEchoServer m_echo{EchoSize::request, EchoSize::record};
+};
+
+class InfoTime : public Comparison {
+public:
+    double ours() override { return m_info.time(); }
+    double reference() override { return m_echo.time(); }
+
+private:
+    Servers m_servers;
+    Program m_info{QStringLiteral(QUADRELCTL),
+        {QStringLiteral("info"), QStringLiteral("--unit"), m_servers.unitAddress()}};
+    Program m_echo{programPath("rawechoes"), {m_servers.echoPort(), QStringLiteral("1")}};
+};
+
+/** System calls of an exchange, in all threads of the client. */
+class SystemCalls : public Comparison {
+public:
+    double ours() override
     {
-        return microsecondsPerCall(5, [&] { runToEnd(path); }) / 1000;
+        constexpr int reads = 5;
+        return callsPerRound("unitreads", m_servers.unitPort(), reads) / FullUnit::exchangesOfRead;
     }
 
-    const QByteArray m_library = QFile::encodeName(programPath("loadlibrary"));
-    const QByteArray m_framework = QFile::encodeName(programPath("loadframework"));
+    double reference() override
+    {
+        constexpr int echoes = 1000;
+        return callsPerRound("rawechoes", m_servers.echoPort(), echoes);
+    }
+
+private:
+    /** What a round more takes; starting and ending are no part of it. */
+    double callsPerRound(const char* program, const QString& port, int rounds) const
+    {
+        return (calls(program, port, 1 + rounds) - calls(program, port, 1)) / rounds;
+    }
+
+    double calls(const char* program, const QString& port, int rounds) const
+    {
+        QProcess process;
+        const QString summary = m_folder.filePath(QStringLiteral("summary"));
+        process.start(QStringLiteral("strace"),
+            {QStringLiteral("-f"), QStringLiteral("-c"), QStringLiteral("-o"), summary,
+                programPath(program), port, QString::number(rounds)});
+        QFile file(summary);
+        if (!process.waitForFinished(-1) || process.exitCode() != 0
+            || !file.open(QIODevice::ReadOnly))
+            qFatal("strace %s: %s", program, process.readAllStandardError().constData());
+        return totalOf(file.readAll());
+    }
+
+    /** The last line has the share, the seconds and the time of a call before the number of calls.
+     */
+    static double totalOf(const QByteArray& summary)
+    {
+        const QList<QByteArray> fields =
+            summary.trimmed().split('\n').constLast().simplified().split(' ');
+        if (fields.constLast() != "total")
+            qFatal("strace: no total in its summary");
+        return fields.value(3).toInt();
+    }
+
+    Servers m_servers;
+    QTemporaryDir m_folder;
 };
 
 class LoadMemory : public Comparison {
@@ -81,14 +187,20 @@ private:
 
 } // namespace
 
-std::vector<Row> processRows()
+Rows processRows()
 {
-    return {
-        {"peak memory of an upgrade / idle process", "MiB", {Limit::DifferenceAtMost, 4}, 5,
-            [] { return std::make_unique<UpgradePeak>(); }},
-        {"program with the library / framework only", "ms", {}, 51,
-            [] { return std::make_unique<LoadTime>(); }},
-        {"private memory, library / framework only", "KiB", {}, 5,
-            [] { return std::make_unique<LoadMemory>(); }},
-    };
+    return joined({
+        {{"peak memory of an upgrade / idle process", "MiB", {Limit::DifferenceAtMost, 4}, 5,
+             [] { return std::make_unique<UpgradePeak>(); }},
+            {"program with the library / framework only", "ms", {}, 51,
+                [] { return std::make_unique<LoadTime>(); }},
+            {"private memory, library / framework only", "KiB", {}, 5,
+                [] { return std::make_unique<LoadMemory>(); }},
+            {"system calls of an exchange / of a raw echo, one processor", "calls",
+                {Limit::OursAtMost, 7}, 3, [] { return std::make_unique<SystemCalls>(); },
+                Placement::OneProcessor}},
+        inBothPlacements({"quadrelctl info / bare program with one raw echo", "ms", {}, 51,
+                             [] { return std::make_unique<InfoTime>(); }},
+            {Limit::RatioAtMost, 1.5}, {Limit::RatioAtMost, 1.5}),
+    });
 }

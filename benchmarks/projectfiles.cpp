@@ -1,4 +1,4 @@
-#include "comparison.h"
+#include "rows.h"
 #include "timing.h"
 #include "xmlfile.h"
 
@@ -240,7 +240,7 @@ private:
 
 } // namespace
 
-std::vector<Row> projectFileRows()
+Rows projectFileRows()
 {
     return {
         {"read project file / three DOM parses", "ms", {Limit::RatioAtMost, 1.2}, 151,

@@ -1,17 +1,12 @@
-#include "comparison.h"
 #include "kvprotocolparser.h"
 #include "packagedevice.h"
+#include "pingpong.h"
+#include "rows.h"
 #include "timing.h"
 #include "unitaddresses.h"
 #include "unitframe.h"
 #include "unitsettings.h"
 #include "unpackage.h"
-
-#include <QtCore/QDeadlineTimer>
-#include <QtCore/QMutex>
-#include <QtCore/QWaitCondition>
-
-#include <thread>
 
 namespace {
 
@@ -19,41 +14,6 @@ using namespace QuadrelUnit;
 
 constexpr int exchangesInTurn = 300;
 constexpr std::chrono::microseconds wakePause(20);
-
-/** Hands something to another thread, over the framework's mutex and condition. */
-template <typename Item> class Mailbox {
-public:
-    void put(Item item)
-    {
-        const QMutexLocker locker(&m_mutex);
-        m_item = std::move(item);
-        m_full = true;
-        m_condition.wakeOne();
-    }
-
-    Item take()
-    {
-        return take(QDeadlineTimer(QDeadlineTimer::Forever), [] {});
-    }
-
-    /** Calls `repeat`, with the box locked and empty, each time that `pause` has gone by. */
-    template <typename Pause, typename Repeat> Item take(Pause pause, Repeat repeat)
-    {
-        const QMutexLocker locker(&m_mutex);
-        while (!m_full) {
-            if (!m_condition.wait(&m_mutex, QDeadlineTimer(pause)))
-                repeat();
-        }
-        m_full = false;
-        return std::move(m_item);
-    }
-
-private:
-    QMutex m_mutex;
-    QWaitCondition m_condition;
-    bool m_full = false;
-    Item m_item{};
-};
 
 class AnsweredUnPackage {
 public:
@@ -63,6 +23,7 @@ public:
         QObject::connect(
             &m_unPackage, &UnPackage::signal_sendPackage, &m_unPackage,
             [this] { m_orders.put(Order::Answer); }, Qt::DirectConnection);
+        const OtherSide side;
         m_answering = std::thread([this] { answerFrames(); });
     }
 
@@ -117,35 +78,6 @@ private:
     std::thread m_answering;
 };
 
-/** Two threads that do nothing but wake each other. */
-class PingPong {
-public:
-    PingPong()
-        : m_other([this] {
-            while (m_there.take())
-                m_back.put(true);
-        })
-    {
-    }
-
-    ~PingPong()
-    {
-        m_there.put(false);
-        m_other.join();
-    }
-
-    void exchange()
-    {
-        m_there.put(true);
-        m_back.take();
-    }
-
-private:
-    Mailbox<bool> m_there;
-    Mailbox<bool> m_back;
-    std::thread m_other;
-};
-
 class SignalExchange : public Comparison {
 public:
     double ours() override
@@ -168,8 +100,9 @@ private:
 
 } // namespace
 
-std::vector<Row> signalExchangeRows()
+Rows signalExchangeRows()
 {
-    return {{"exchange by signal / thread ping-pong", "us", {Limit::RatioAtMost, 1.25}, 101,
-        [] { return std::make_unique<SignalExchange>(); }}};
+    return inBothPlacements({"exchange by signal / thread ping-pong", "us", {}, 101,
+                                [] { return std::make_unique<SignalExchange>(); }},
+        {}, {});
 }

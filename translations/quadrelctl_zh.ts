@@ -508,10 +508,6 @@
         <translation>其中没有工程文件的任何部分</translation>
     </message>
     <message>
-        <source>the file is write-protected</source>
-        <translation>文件是只读的</translation>
-    </message>
-    <message>
         <source>the file can&apos;t be written; what was there before still is</source>
         <translation>文件无法写入；原有内容没有改变</translation>
     </message>
@@ -762,10 +758,6 @@ The unit may hold half an image. Run the upgrade again, without switching the un
         <translation>已发送 %1 %</translation>
     </message>
     <message>
-        <source>[%1%2] %3 %  %4 KiB/s  %5 s left</source>
-        <translation>[%1%2] %3 %  %4 KiB/秒  还剩 %5 秒</translation>
-    </message>
-    <message>
         <source>%1: the section for &quot;%2&quot; is missing or empty</source>
         <translation>%1：“%2”所在的部分缺失或为空</translation>
     </message>
@@ -872,20 +864,60 @@ The unit may hold some of the new records beside old ones.</source>
         <translation>%1：%2 不在 %3 之中</translation>
     </message>
     <message>
-        <source>%1
-Run with --help for more information.
-</source>
-        <translation>%1
-用 --help 查看更多信息。
-</translation>
-    </message>
-    <message>
         <source>Print the version and exit</source>
         <translation>显示版本并退出</translation>
     </message>
     <message>
         <source>The language of all texts, instead of the locale&apos;s: zh or en</source>
         <translation>所有文字的语言（代替区域设置）：zh 或 en</translation>
+    </message>
+    <message>
+        <source>UDP port %1 of %2 is in use by another program, so no answer can be heard; end that program and search again</source>
+        <translation>%2 的 UDP 端口 %1 已被另一个程序占用，无法收到应答；请结束该程序后重新查找</translation>
+    </message>
+    <message>
+        <source>; did you mean &quot;%1&quot;?</source>
+        <translation>；您是指 “%1” 吗？</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not expected here</source>
+        <translation>这里不应有 “%1”</translation>
+    </message>
+    <message>
+        <source>Run with --help for more information.</source>
+        <translation>用 --help 查看更多信息。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no command</source>
+        <translation>没有 “%1” 这个命令</translation>
+    </message>
+    <message>
+        <source>a project file can&apos;t be made of these contents</source>
+        <translation>这些内容无法存成工程文件</translation>
+    </message>
+    <message>
+        <source>the disk is full; what was there before still is</source>
+        <translation>磁盘已满；原来的内容保持不变</translation>
+    </message>
+    <message>
+        <source>the folder of the file does not exist</source>
+        <translation>文件所在的文件夹不存在</translation>
+    </message>
+    <message>
+        <source>writing there is not allowed</source>
+        <translation>没有在该处写入的权限</translation>
+    </message>
+    <message>
+        <source>this is a folder; name a file in it</source>
+        <translation>这是文件夹；请指定其中的文件</translation>
+    </message>
+    <message>
+        <source>%1 %  %2 KiB/s  %3 s left</source>
+        <translation>%1 %  %2 KiB/s  剩余 %3 秒</translation>
+    </message>
+    <message>
+        <source>--unit is missing: the address of the unit, as in --unit 192.168.1.10 (&quot;quadrelctl discover&quot; lists the units of the network)</source>
+        <translation>缺少 --unit：设备的地址，例如 --unit 192.168.1.10（“quadrelctl discover” 列出网络上的设备）</translation>
     </message>
 </context>
 </TS>

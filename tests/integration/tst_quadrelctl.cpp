@@ -16,6 +16,9 @@ class TestQuadrelctl : public QObject {
 private slots:
     void refusesWrongUsage_data();
     void refusesWrongUsage();
+    void explainsWrongUsage_data();
+    void explainsWrongUsage();
+    void takesOptionsBeforeTheCommand();
     void helps_data();
     void helps();
     void speaksALanguage_data();
@@ -99,6 +102,63 @@ void TestQuadrelctl::refusesWrongUsage()
     QVERIFY(!result.errors.isEmpty());
 }
 
+void TestQuadrelctl::explainsWrongUsage_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("explanation");
+    const auto row = [](const char* line, const QString& explanation) {
+        QTest::newRow(line) << QString::fromLatin1(line).split(QLatin1Char('|'), Qt::SkipEmptyParts)
+                            << explanation;
+    };
+    row("", QStringLiteral("a command is required"));
+    row("inf", QStringLiteral("\"inf\" is no command; did you mean \"info\"?"));
+    row("rad", QStringLiteral("\"rad\" is no command; did you mean \"read\"?"));
+    row("disc", QStringLiteral("\"disc\" is no command; did you mean \"discover\"?"));
+    row("dance", QStringLiteral("\"dance\" is no command"));
+    row("help|inf", QStringLiteral("\"inf\" is no command; did you mean \"info\"?"));
+    row("%2", QStringLiteral("\"%2\" is no command"));
+    row("\x1b[2J", QStringLiteral("\"\\u001b[2J\" is no command"));
+    row("info",
+        QStringLiteral("--unit is missing: the address of the unit, as in --unit 192.168.1.10 "
+                       "(\"quadrelctl discover\" lists the units of the network)"));
+    row("info|--unit", QStringLiteral("--unit: its argument is missing"));
+    row("info|--unit|%2://%1",
+        QStringLiteral("--unit: \"%2://%1\" is no address of a unit: tcp://HOST:PORT or "
+                       "udp://HOST:PORT"));
+    row("info|--unit|h|--jsom",
+        QStringLiteral("\"--jsom\" is not expected here; did you mean \"--json\"?"));
+    row("info|--unit|h|--langauge|zh",
+        QStringLiteral("\"--langauge\" is not expected here; did you mean \"--language\"?"));
+    row("info|--unit|h|%2", QStringLiteral("\"%2\" is not expected here"));
+    row("info|--unit|h|--language|%2%1", QStringLiteral("--language: %2%1 is none of zh,en"));
+    row("write|--unit|h|--only|names,events|file",
+        QStringLiteral("--only: names is none of config,events,triggers"));
+    row("clock|--unit|h|--set|\x1b]0;x\x07",
+        QStringLiteral("--set: \"\\u001b]0;x\\u0007\" is no time of the years 2000 to 2099 in the "
+                       "form \"2026/11/14  06:05:49\", with two blanks"));
+}
+
+void TestQuadrelctl::explainsWrongUsage()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, explanation);
+    const ToolResult result = ControlTool().run(arguments);
+    QCOMPARE(
+        result.errors, explanation + QStringLiteral("\nRun with --help for more information.\n"));
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.exitCode, 2);
+}
+
+void TestQuadrelctl::takesOptionsBeforeTheCommand()
+{
+    const SimulatorProcess unit;
+    const ToolResult result = ControlTool().run(
+        {QStringLiteral("--language"), QStringLiteral("en"), QStringLiteral("--unit"),
+            unit.address(), QStringLiteral("--json"), QStringLiteral("info")});
+    QCOMPARE(result.errors, QString());
+    QVERIFY(result.output.contains(QStringLiteral("serialNumber")));
+}
+
 void TestQuadrelctl::helps_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -106,6 +166,10 @@ void TestQuadrelctl::helps_data()
     QTest::newRow("help") << QStringList{QStringLiteral("--help")} << QStringLiteral("discover");
     QTest::newRow("help of a command") << QStringList{QStringLiteral("clock"),
         QStringLiteral("--help")} << QStringLiteral("--set");
+    QTest::newRow("help by its name")
+        << QStringList{QStringLiteral("help")} << QStringLiteral("discover");
+    QTest::newRow("help of a command by its name")
+        << QStringList{QStringLiteral("help"), QStringLiteral("clock")} << QStringLiteral("--set");
     QTest::newRow("version") << QStringList{QStringLiteral("--version")}
                              << QStringLiteral("quadrelctl ");
 }
@@ -165,8 +229,12 @@ void TestQuadrelctl::speaksALanguage()
     const ToolResult usage = tool.run(words + QStringList{QStringLiteral("info")});
     QCOMPARE(usage.exitCode, 2);
     QCOMPARE(usage.errors,
-        chinese ? QStringLiteral("缺少 --unit\n用 --help 查看更多信息。\n")
-                : QStringLiteral("--unit is required\nRun with --help for more information.\n"));
+        chinese ? QStringLiteral("缺少 --unit：设备的地址，例如 --unit 192.168.1.10"
+                                 "（“quadrelctl discover” 列出网络上的设备）\n"
+                                 "用 --help 查看更多信息。\n")
+                : QStringLiteral("--unit is missing: the address of the unit, as in "
+                                 "--unit 192.168.1.10 (\"quadrelctl discover\" lists the units of "
+                                 "the network)\nRun with --help for more information.\n"));
     const ToolResult help = tool.run(words + QStringList{QStringLiteral("--help")});
     QCOMPARE(help.exitCode, 0);
     QVERIFY2(help.output.contains(chinese ? QStringLiteral("查找网络上的设备")

@@ -4,6 +4,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtNetwork/QUdpSocket>
 #include <QtTest/QtTest>
 
 namespace {
@@ -53,7 +54,9 @@ private slots:
     void initTestCase();
     void listsUnits();
     void listsUnitsAsJson();
-    void printsTheFirst();
+    void endsWithTheFirst_data();
+    void endsWithTheFirst();
+    void saysThatThePortIsInUse();
     void searchesForAnUpgrade();
     void readsTheOnlyUnit();
     void refusesToChooseAUnit();
@@ -107,16 +110,46 @@ void TestQuadrelctlDiscover::listsUnitsAsJson()
             {QStringLiteral("reply"), QStringLiteral("Zorbe:3100 hello")}}));
 }
 
-void TestQuadrelctlDiscover::printsTheFirst()
+void TestQuadrelctlDiscover::endsWithTheFirst_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    const QStringList first{QStringLiteral("discover"), QStringLiteral("--first")};
+    QTest::newRow("plain") << first;
+    QTest::newRow("upgrade") << first
+            + QStringList{QStringLiteral("--upgrade"), QStringLiteral("x")};
+}
+
+void TestQuadrelctlDiscover::endsWithTheFirst()
+{
+    QFETCH(QStringList, arguments);
+    TestNetwork network;
+    const NetworkNamespace& host = network.addHost({ownAddress});
+    const UnitHost unit(network, firstAddress);
+    // To wait for the end of such a search would end the test.
+    const ToolResult result =
+        runInside(host, arguments, "[Search]\ntimeout=100000000\n[Upgrade]\ntimeout=100000000\n");
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.output, QStringLiteral("tcp://192.168.1.10:3801\n"));
+    QCOMPARE(result.exitCode, 0);
+}
+
+void TestQuadrelctlDiscover::saysThatThePortIsInUse()
 {
     TestNetwork network;
     const NetworkNamespace& host = network.addHost({ownAddress});
-    const UnitHost second(network, secondAddress);
-    const UnitHost first(network, firstAddress);
-    const ToolResult result =
-        runInside(host, {QStringLiteral("discover"), QStringLiteral("--first")});
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.output, QStringLiteral("tcp://192.168.1.10:3801\n"));
+    QUdpSocket other;
+    {
+        const InsideNamespace inside(host);
+        QVERIFY(
+            other.bind(QHostAddress(QHostAddress::AnyIPv4), 3800, QUdpSocket::DontShareAddress));
+    }
+    const ToolResult result = runInside(host, {QStringLiteral("discover")});
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+        QStringLiteral(
+            "UDP port 3800 of 192.168.1.1 is in use by another program, so no answer can "
+            "be heard; end that program and search again\n"));
 }
 
 void TestQuadrelctlDiscover::searchesForAnUpgrade()

@@ -45,11 +45,13 @@ private slots:
     void savesOverALink();
     void leavesTheOldFileOnFailure_data();
     void leavesTheOldFileOnFailure();
+    void tellsAForbiddenFolder();
     void leavesTheOldFileWhenTheUnitFails();
     void leavesTheOldFileOnAFullDisk();
     void keepsPermissions();
     void showsWhatIsThere_data();
     void showsWhatIsThere();
+    void letsNoTextActOnTheTerminal();
     void refusesDamagedFiles_data();
     void refusesDamagedFiles();
     void refusesWhatIsNoFile();
@@ -128,24 +130,49 @@ void TestQuadrelctlFiles::savesOverALink()
 void TestQuadrelctlFiles::leavesTheOldFileOnFailure_data()
 {
     QTest::addColumn<QString>("target");
-    QTest::newRow("a folder") << QStringLiteral("folder");
-    QTest::newRow("a folder that is not there") << QStringLiteral("nowhere/p.xml");
-    QTest::newRow("a pipe") << QStringLiteral("pipe");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("a folder") << QStringLiteral(
+        "folder") << QStringLiteral("this is a folder; name a file in it (Is a directory)");
+    QTest::newRow("a folder that is not there")
+        << QStringLiteral("nowhere/p.xml")
+        << QStringLiteral("the folder of the file does not exist (No such file or directory)");
+    QTest::newRow("a file in place of the folder") << QStringLiteral(
+        "pipe/p.xml") << QStringLiteral("the folder of the file does not exist (Not a directory)");
+    QTest::newRow("a pipe") << QStringLiteral("pipe") << QStringLiteral("not a regular file");
 }
 
 void TestQuadrelctlFiles::leavesTheOldFileOnFailure()
 {
     QFETCH(QString, target);
-    const SimulatorProcess unit;
+    QFETCH(QString, reason);
     ControlTool tool;
     QVERIFY(QDir(tool.path(QString())).mkdir(QStringLiteral("folder")));
     QCOMPARE(mkfifo(qPrintable(tool.path(QStringLiteral("pipe"))), 0600), 0);
     const QString path = QDir(tool.path(QString())).absoluteFilePath(target);
+    // There is no unit: where to save is looked at first.
+    const ToolResult result = tool.run({QStringLiteral("read"), unitOption,
+        QStringLiteral("tcp://127.0.0.1:1"), QStringLiteral("--save"), path});
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors, path + QStringLiteral(": ") + reason + QLatin1Char('\n'));
+}
+
+void TestQuadrelctlFiles::tellsAForbiddenFolder()
+{
+    const SimulatorProcess unit;
+    ControlTool tool;
+    QString folder = tool.path(QStringLiteral("forbidden"));
+    QVERIFY(QDir().mkdir(folder));
+    QCOMPARE(chmod(qPrintable(folder), 0500), 0);
+    // The superuser may write everywhere but where the system itself forbids it.
+    if (access(qPrintable(folder), W_OK) == 0)
+        folder = QStringLiteral("/sys");
+    const QString path = folder + QStringLiteral("/p.xml");
     const ToolResult result = tool.run(
         {QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"), path});
     QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.output, QString());
-    QVERIFY2(result.errors.startsWith(path), qPrintable(result.errors));
+    QVERIFY2(result.errors.startsWith(path + QStringLiteral(": writing there is not allowed (")),
+        qPrintable(result.errors));
 }
 
 void TestQuadrelctlFiles::leavesTheOldFileWhenTheUnitFails()
@@ -182,7 +209,12 @@ void TestQuadrelctlFiles::leavesTheOldFileOnAFullDisk()
     const QStringList left = QDir(disk).entryList(QDir::Files);
     QVERIFY(command(QStringLiteral("umount"), {disk}));
     QCOMPARE(result.exitCode, 1);
-    QVERIFY(result.errors.contains(QStringLiteral("can't be written")));
+    QCOMPARE(result.errors,
+        file
+            + QStringLiteral(": the disk is full; what was there before still is "
+                             "(No space left on device)\n"));
+    // What was read is not lost.
+    QVERIFY(result.output.contains(QStringLiteral("EVENTS\n")));
     QCOMPARE(contents, QByteArray("old"));
     QCOMPARE(left, QStringList{QStringLiteral("p.xml")});
 }
@@ -251,6 +283,30 @@ void TestQuadrelctlFiles::showsWhatIsThere()
             QStringLiteral("the section \"%1\" is missing or empty").arg(section)));
     QCOMPARE(json.errors.isEmpty(), missing.isEmpty());
     QCOMPARE(tool.run({QStringLiteral("show"), file}).exitCode, 0);
+}
+
+void TestQuadrelctlFiles::letsNoTextActOnTheTerminal()
+{
+    const SimulatorProcess unit;
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("p.xml"),
+        smallProject().replace("wait", QStringLiteral("a\u009b31mb\u202ec").toUtf8()));
+    const QString visible = QStringLiteral("a\\u009b31mb\\u202ec");
+    const ToolResult table = tool.run({QStringLiteral("show"), file});
+    QVERIFY2(table.output.contains(visible), qPrintable(table.output));
+    const ToolResult json = tool.run({QStringLiteral("show"), file, jsonOption});
+    QVERIFY2(json.output.contains(visible), qPrintable(json.output));
+    QCOMPARE(parse(json.output)[QStringLiteral("events")]
+                 .toArray()
+                 .at(0)
+                 .toObject()[QStringLiteral("description")]
+                 .toString(),
+        QStringLiteral("a\u009b31mb\u202ec"));
+    const ToolResult diff = tool.run({QStringLiteral("write"), unitOption, unit.address(), file,
+        QStringLiteral("--dry-run"), QStringLiteral("--diff")});
+    QVERIFY2(diff.output.contains(visible), qPrintable(diff.output));
+    const ToolResult error = tool.run({QStringLiteral("show"), QStringLiteral("\x1b]0;x\x07")});
+    QCOMPARE(error.errors, QStringLiteral("\\u001b]0;x\\u0007: The file could not be opened!\n"));
 }
 
 void TestQuadrelctlFiles::refusesDamagedFiles_data()
@@ -360,8 +416,8 @@ void TestQuadrelctlFiles::writesOneSection()
     const SimulatorProcess unit;
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const ToolResult write = tool.run({QStringLiteral("write"), unitOption, unit.address(), file,
-        QStringLiteral("--only"), only});
+    const ToolResult write = tool.run({QStringLiteral("write"), unitOption, unit.address(),
+        QStringLiteral("--only"), only, file});
     QVERIFY2(write.exitCode == 0 || only == QStringLiteral("config"), qPrintable(write.errors));
     const QJsonObject json =
         parse(tool.run({QStringLiteral("read"), unitOption, unit.address(), jsonOption}).output);

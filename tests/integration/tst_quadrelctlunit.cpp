@@ -58,6 +58,10 @@ private slots:
     void refusesBadImages_data();
     void refusesBadImages();
     void showsABarOnATerminal();
+    void fitsTheBarIntoATerminal_data();
+    void fitsTheBarIntoATerminal();
+    void finishesWithoutATerminal();
+    void finishesWithoutAReader();
     void tellsABrokenUpgrade();
     void tellsAnInterruptedUpgrade();
     void tellsAUnitThatStaysAway();
@@ -259,6 +263,80 @@ void TestQuadrelctlUnit::showsABarOnATerminal()
                 .match(result.output)
                 .hasMatch());
     QVERIFY(result.output.contains(QStringLiteral("[##############################] 100 %")));
+}
+
+void TestQuadrelctlUnit::fitsTheBarIntoATerminal_data()
+{
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<bool>("hasBar");
+    QTest::newRow("wide") << 200 << true;
+    QTest::newRow("narrow") << 45 << true;
+    QTest::newRow("no room for a bar") << 25 << false;
+    QTest::newRow("no room at all") << 5 << false;
+}
+
+void TestQuadrelctlUnit::fitsTheBarIntoATerminal()
+{
+    if (!TerminalProgram::isPossible())
+        QSKIP("this machine makes no terminals");
+    QFETCH(int, columns);
+    QFETCH(bool, hasBar);
+    const SimulatorProcess unit({QStringLiteral("--reset-time"), QStringLiteral("0")});
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
+    const ToolResult result = tool.runOnTerminal(
+        {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
+            QStringLiteral("--addressed"), file},
+        {}, {static_cast<unsigned short>(columns), 24});
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.output.contains(QLatin1Char('#')), hasBar);
+    static const QRegularExpression progress(QStringLiteral("\r([^\r\n]*)\x1b\\[K"));
+    int shown = 0;
+    for (auto it = progress.globalMatch(result.output); it.hasNext(); ++shown) {
+        const QString line = it.next().captured(1);
+        QVERIFY2(line.size() < columns, qPrintable(line));
+    }
+    QVERIFY(shown > 50);
+}
+
+/** The images are whole, whoever still listens. */
+static void expectImages(SimulatorProcess& unit, int size)
+{
+    QCOMPARE(unit.waitForLine("image addressed"), digestLine("addressed", image(size, 1)));
+    QCOMPARE(unit.waitForLine("image streamed"), digestLine("streamed", image(size, 1)));
+}
+
+void TestQuadrelctlUnit::finishesWithoutATerminal()
+{
+    if (!TerminalProgram::isPossible())
+        QSKIP("this machine makes no terminals");
+    SimulatorProcess unit({QStringLiteral("--print-digests")});
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
+    TerminalProgram process;
+    tool.start(process,
+        {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
+            QStringLiteral("--addressed"), file});
+    QVERIFY(process.waitForScreen("10 %"));
+    process.hangUp();
+    QCOMPARE(process.waitForExit(), 0);
+    expectImages(unit, 100000);
+}
+
+void TestQuadrelctlUnit::finishesWithoutAReader()
+{
+    SimulatorProcess unit({QStringLiteral("--print-digests")});
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("image"), image(100000, 1));
+    Program process;
+    tool.start(process,
+        {QStringLiteral("upgrade"), unitOption, unit.address(), QStringLiteral("--streamed"), file,
+            QStringLiteral("--addressed"), file});
+    QVERIFY(process.waitForError(QStringLiteral("10 % sent")));
+    process.closeReadChannel(QProcess::StandardOutput);
+    process.closeReadChannel(QProcess::StandardError);
+    QCOMPARE(process.waitForExit(), 0);
+    expectImages(unit, 100000);
 }
 
 void TestQuadrelctlUnit::tellsABrokenUpgrade()

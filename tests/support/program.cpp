@@ -81,10 +81,13 @@ bool TerminalProgram::isPossible()
     return true;
 }
 
-TerminalProgram::TerminalProgram(QObject* parent)
+TerminalProgram::TerminalProgram(TerminalSize size, QObject* parent)
     : Program(parent)
 {
-    if (openpty(&m_terminal, &m_programsEnd, nullptr, nullptr, nullptr) != 0)
+    winsize window = {};
+    window.ws_col = size.columns;
+    window.ws_row = size.rows;
+    if (openpty(&m_terminal, &m_programsEnd, nullptr, nullptr, &window) != 0)
         qFatal("no terminal: %s", qPrintable(qt_error_string()));
     for (const int descriptor : {m_terminal, m_programsEnd})
         fcntl(descriptor, F_SETFD, FD_CLOEXEC);
@@ -92,9 +95,16 @@ TerminalProgram::TerminalProgram(QObject* parent)
 
 TerminalProgram::~TerminalProgram()
 {
-    ::close(m_terminal);
+    hangUp();
     if (m_programsEnd >= 0)
         ::close(m_programsEnd);
+}
+
+void TerminalProgram::hangUp()
+{
+    if (m_terminal >= 0)
+        ::close(m_terminal);
+    m_terminal = -1;
 }
 
 void TerminalProgram::setupChildProcess()

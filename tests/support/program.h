@@ -45,6 +45,11 @@ private:
     QByteArray m_errors;
 };
 
+struct TerminalSize {
+    unsigned short columns = 80;
+    unsigned short rows = 24;
+};
+
 /**
  * A program on a terminal of its own: it reads there what `type` types, and what it writes, to
  * standard output and error alike, is what the terminal shows.
@@ -54,12 +59,14 @@ public:
     /** Whether this machine makes terminals; a container may not. */
     static bool isPossible();
 
-    explicit TerminalProgram(QObject* parent = nullptr);
+    explicit TerminalProgram(TerminalSize size = {}, QObject* parent = nullptr);
     ~TerminalProgram() override;
 
     void type(const QByteArray& keys);
     /** Reads on until the terminal has shown the text. */
     bool waitForScreen(const QByteArray& text);
+    /** Takes the terminal away, as a lost connection does. */
+    void hangUp();
     /** Reads on until the program ends; the exit code as of `waitForExit`. */
     int waitForEnd();
     /** All that has been shown so far. */

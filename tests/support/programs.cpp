@@ -80,9 +80,10 @@ void ControlTool::start(Program& process, const QStringList& arguments)
         qFatal("cannot start quadrelctl: %s", qPrintable(process.errorString()));
 }
 
-ToolResult ControlTool::runOnTerminal(const QStringList& arguments, const QByteArray& input)
+ToolResult ControlTool::runOnTerminal(
+    const QStringList& arguments, const QByteArray& input, TerminalSize size)
 {
-    TerminalProgram process;
+    TerminalProgram process(size);
     start(process, arguments);
     process.type(input);
     const int exitCode = process.waitForEnd();

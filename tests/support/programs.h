@@ -59,7 +59,8 @@ public:
 
     ToolResult run(const QStringList& arguments);
     /** The same on a terminal: output and errors both come back in `output`, `input` is typed. */
-    ToolResult runOnTerminal(const QStringList& arguments, const QByteArray& input = {});
+    ToolResult runOnTerminal(
+        const QStringList& arguments, const QByteArray& input = {}, TerminalSize size = {});
     void start(Program& process, const QStringList& arguments);
     /** Waits for the end of what `start` started. */
     static ToolResult resultOf(Program& process);

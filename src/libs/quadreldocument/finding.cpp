@@ -114,6 +114,12 @@ bool hasErrors(const Findings& findings)
         [](const Finding& finding) { return finding.severity == Severity::Error; });
 }
 
+void sortByPosition(Findings& findings)
+{
+    std::stable_sort(findings.begin(), findings.end(),
+        [](const Finding& left, const Finding& right) { return left.position < right.position; });
+}
+
 QString messageOf(const Finding& finding, const QString& file)
 {
     QString where = file;

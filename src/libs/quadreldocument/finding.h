@@ -60,6 +60,8 @@ using Findings = QVector<Finding>;
 QString pathOf(const Place& place, const Contents& contents);
 
 bool hasErrors(const Findings& findings);
+/** Into the order of the text; what stands nowhere comes first. */
+void sortByPosition(Findings& findings);
 
 /**
  * "FILE:LINE:COLUMN: PATH: TEXT", with "warning: " or "note: " ahead of the path of what is no

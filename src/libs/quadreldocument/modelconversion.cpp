@@ -62,13 +62,8 @@ Event eventOf(EventInfo info)
         event.delay = delayOf(info.getEventProtocal());
     else
         event.command = QByteArray::fromHex(info.getEventProtocal().toLatin1());
-    if (event.command.startsWith(delayCommand(0).left(5)) && isDelayCommand(event.command)) {
-        event.delay = static_cast<quint8>(event.command.at(5)) << 8
-            | static_cast<quint8>(event.command.at(6));
-        event.command.clear();
-    }
     event.description = info.getEventInstruction();
-    return event;
+    return normalEvent(event);
 }
 
 /** The ids in texts such as "(ID:3);(ID:7)"; an item without one runs event 0. */

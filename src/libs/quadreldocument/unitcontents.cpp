@@ -120,6 +120,16 @@ bool operator==(const Event& left, const Event& right)
     return fields(left) == fields(right);
 }
 
+Event normalEvent(Event event)
+{
+    const bool isDelay = isDelayCommand(event.command) && event.command.startsWith(delayHead());
+    if (!isDelay)
+        return event;
+    event.delay = byteAt(event.command, 5) << 8 | byteAt(event.command, 6);
+    event.command.clear();
+    return event;
+}
+
 bool operator==(const Trigger& left, const Trigger& right)
 {
     const auto fields = [](const Trigger& trigger) {

@@ -71,6 +71,8 @@ struct Event {
     int type() const;
 };
 bool operator==(const Event& left, const Event& right);
+/** The event with a delay in place of the command that delayCommand() makes. */
+Event normalEvent(Event event);
 
 enum class TriggerKind { Com, ComModbus, Io };
 enum class Level { Low, High };

@@ -43,8 +43,9 @@ QString toTable(const FoundUnits& units)
 
 void runDiscover(const DiscoverOptions& options)
 {
-    const FoundUnits units = searchNetwork(
-        options.isUpgrade ? std::optional<QString>(options.upgradeName) : std::nullopt);
+    const FoundUnits units =
+        searchNetwork(options.first ? SearchEnd::FirstAnswer : SearchEnd::OfTime,
+            options.isUpgrade ? std::optional<QString>(options.upgradeName) : std::nullopt);
     if (options.first)
         Console::print(addressOf(units.first()).toText() + QLatin1Char('\n'));
     else if (options.json)

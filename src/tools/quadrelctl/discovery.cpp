@@ -9,10 +9,15 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTimer>
 #include <QtNetwork/QNetworkInterface>
+#include <QtNetwork/QUdpSocket>
 
 #include <algorithm>
 
 namespace {
+
+constexpr quint16 searchPort = 3800;
+constexpr int lookInterval = 100;
+constexpr int broadcastInterval = 2000;
 
 bool hasUsableAddress()
 {
@@ -38,42 +43,90 @@ FoundUnits withoutMappedTwins(const FoundUnits& found)
     return units;
 }
 
+/** The library's search says nothing if it can't hear. */
+void requireFreePort()
+{
+    const QList<QHostAddress> addresses = QNetworkInterface::allAddresses();
+    for (const QHostAddress& address : addresses) {
+        QUdpSocket socket;
+        if (address.isLoopback() || socket.bind(address, searchPort, QUdpSocket::ShareAddress)
+            || socket.error() != QUdpSocket::AddressInUseError)
+            continue;
+        throw CommandFailure{
+            Tool::tr("UDP port %1 of %2 is in use by another program, so no answer "
+                     "can be heard; end that program and search again")
+                .arg(QString::number(searchPort), address.toString())};
+    }
+}
+
+/** A search whose result is looked at while it goes on. */
+class Search : public QObject {
+public:
+    Search(const std::optional<QString>& upgradeName, int length)
+        : m_upgradeName(upgradeName)
+        , m_length(length)
+    {
+        connect(&m_search, &SearchDevice::signal_updateDeviceList, this,
+            [this](const FoundUnits& found) { m_units = withoutMappedTwins(found); });
+    }
+
+    FoundUnits run(SearchEnd end)
+    {
+        m_elapsed.start();
+        if (m_upgradeName)
+            m_search.slot_searchDevice(*m_upgradeName);
+        else
+            m_search.searchDevice();
+        while (left() > 0 && (end == SearchEnd::OfTime || m_units.isEmpty())) {
+            Console::showProgress(Tool::tr("searching, %1 s left").arg((left() + 999) / 1000));
+            wait(std::min<qint64>(left(), lookInterval));
+            look();
+        }
+        Console::endProgress();
+        m_search.deleteUdpObject();
+        return m_units;
+    }
+
+private:
+    qint64 left() const { return m_length - m_elapsed.elapsed(); }
+
+    void wait(qint64 milliseconds)
+    {
+        QEventLoop loop;
+        QTimer::singleShot(static_cast<int>(milliseconds), &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+
+    /** Has the result so far reported. That ends the library's broadcasts, so they are made here.
+     */
+    void look()
+    {
+        m_search.stopSearchDevice();
+        if (m_upgradeName && m_elapsed.elapsed() / broadcastInterval > m_broadcasts) {
+            ++m_broadcasts;
+            m_search.slot_timeout();
+        }
+    }
+
+    const std::optional<QString> m_upgradeName;
+    const qint64 m_length;
+    SearchDevice m_search;
+    FoundUnits m_units;
+    QElapsedTimer m_elapsed;
+    qint64 m_broadcasts = 0;
+};
+
 } // namespace
 
-FoundUnits searchNetwork(const std::optional<QString>& upgradeName)
+FoundUnits searchNetwork(SearchEnd end, const std::optional<QString>& upgradeName)
 {
     if (!hasUsableAddress())
         throw CommandFailure{Tool::tr("this machine has no network address to search from")};
-
-    SearchDevice* search = SearchDevice::Instance();
+    requireFreePort();
     const Settings settings = Settings::load();
     const int length = upgradeName ? settings.upgradeTimeout : settings.searchTimeout;
-    FoundUnits units;
-    QEventLoop loop;
-    QObject::connect(search, &SearchDevice::signal_updateDeviceList, &loop,
-        // Both outlive the connection, which ends with the loop.
-        [&units, &loop](const FoundUnits& found) { // clazy:exclude=lambda-in-connect
-            units = withoutMappedTwins(found);
-            loop.quit();
-        });
-
-    QElapsedTimer elapsed;
-    elapsed.start();
-    QTimer countdown;
-    QObject::connect(&countdown, &QTimer::timeout, &loop, [length, &elapsed] {
-        const qint64 seconds = std::max<qint64>(0, (length - elapsed.elapsed() + 999) / 1000);
-        Console::showProgress(Tool::tr("searching, %1 s left").arg(seconds));
-    });
-    countdown.start(250);
-
-    // The signal may come before the loop runs only from a search of no length, by its timer.
-    if (upgradeName)
-        search->slot_searchDevice(*upgradeName);
-    else
-        search->searchDevice();
-    loop.exec();
-    Console::endProgress();
-    search->deleteUdpObject();
+    Search search(upgradeName, length);
+    FoundUnits units = search.run(end);
     if (units.isEmpty())
         throw CommandFailure{Tool::tr("no unit has answered within %1 ms").arg(length)};
     return units;
@@ -94,7 +147,7 @@ UnitAddress addressOf(const serverData& unit)
 
 UnitAddress findOnlyUnit()
 {
-    const FoundUnits units = searchNetwork();
+    const FoundUnits units = searchNetwork(SearchEnd::OfTime);
     if (units.size() == 1)
         return addressOf(units.first());
     QStringList addresses;

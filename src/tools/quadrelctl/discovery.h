@@ -10,11 +10,14 @@
 
 using FoundUnits = QMap<QString, serverData>;
 
+/** What a search waits for. */
+enum class SearchEnd { OfTime, FirstAnswer };
+
 /**
  * Searches the network and shows a countdown meanwhile. With a name the search is the long one, for
  * units of any model. Throws CommandFailure if no unit answered.
  */
-FoundUnits searchNetwork(const std::optional<QString>& upgradeName = std::nullopt);
+FoundUnits searchNetwork(SearchEnd end, const std::optional<QString>& upgradeName = std::nullopt);
 
 /** Where a unit takes requests: at the port that its reply names, or at the one of all units. */
 UnitAddress addressOf(const serverData& unit);

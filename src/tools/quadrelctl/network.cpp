@@ -24,6 +24,7 @@ void showChange(DeviceModel& device, const NetworkOptions& options)
 
 void runNetwork(const NetworkOptions& options)
 {
+    Console::outliveReader();
     const QString fault = networkFault(options.ip, options.mask, options.gateway);
     if (!fault.isEmpty())
         throw CommandFailure{fault, WrongUsage};

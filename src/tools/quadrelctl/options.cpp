@@ -1,15 +1,18 @@
 #include "options.h"
 
 #include "addresscheck.h"
+#include "arguments.h"
 #include "commands.h"
+#include "console.h"
 #include "tool.h"
+#include "usagetext.h"
 
 #include <CLI/CLI.hpp>
 
 #include <QtCore/QFile>
-#include <QtCore/QRegularExpression>
 
 #include <memory>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -97,40 +100,6 @@ void translate(CLI::App& app)
     label("REQUIRED", Tool::tr("(required)"));
 }
 
-/** The parser's complaint in the user's language, or as it stands if none of these. */
-QString usageText(const QString& complaint)
-{
-    struct Form {
-        const char* pattern;
-        QString text;
-    };
-    const Form forms[] = {
-        {"^A subcommand is required$", Tool::tr("a command is required")},
-        {"^Exactly 1 option from \\[(.+)\\] is required.*",
-            Tool::tr("exactly one of these is required: %1")},
-        {"^(.+) is required$", Tool::tr("%1 is required")},
-        {"^(.+): 1 required .+ missing$", Tool::tr("%1: its argument is missing")},
-        {"^The following arguments? .+ not expected: (.+)$", Tool::tr("not expected: %1")},
-        {"^(.+): (.+) not in \\{(.+)\\}$", Tool::tr("%1: %2 is none of %3")},
-    };
-    for (const Form& form : forms) {
-        const auto match = QRegularExpression(QString::fromLatin1(form.pattern)).match(complaint);
-        if (!match.hasMatch())
-            continue;
-        QString text = form.text;
-        for (int part = 1; part <= match.lastCapturedIndex(); ++part)
-            text = text.arg(match.captured(part));
-        return text;
-    }
-    return complaint;
-}
-
-std::string failureMessage(const CLI::App*, const CLI::Error& error)
-{
-    const QString text = usageText(QString::fromStdString(error.what()));
-    return Tool::tr("%1\nRun with --help for more information.\n").arg(text).toStdString();
-}
-
 /** A subcommand with options of its own, which live as long as the command may run. */
 template <typename Options> struct Subcommand {
     Subcommand(CLI::App& app, CommandLine& line, const char* name, const QString& help,
@@ -212,6 +181,7 @@ void addWrite(CLI::App& app, CommandLine& line)
             },
             Tool::tr("Write these sections alone: config, events, triggers").toStdString())
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->type_name("SECTIONS")
         ->check(CLI::IsMember({"config", "events", "triggers"}));
     addFlag(write.app, "--diff", Tool::tr("List each change"), options.diff);
@@ -285,6 +255,31 @@ void addDiscover(CLI::App& app, CommandLine& line)
         ->type_name("NAME");
 }
 
+QString unknown(const QString& complaint, const QString& name, const QStringList& names)
+{
+    const QString meant = Arguments::nearest(name, names);
+    const QString text = QString(complaint).replace(QStringLiteral("%1"), name);
+    return meant.isEmpty() ? text : text + Tool::tr("; did you mean \"%1\"?").arg(meant);
+}
+
+/** The complaint about an argument that the command does not take. */
+QString unexpected(const CLI::App& app)
+{
+    const QString argument = toText(app.remaining(true).front());
+    const CLI::App* command = app.get_subcommands().front();
+    const QStringList names = Arguments::optionNames(*command) + Arguments::optionNames(app);
+    return unknown(Tool::tr("\"%1\" is not expected here"), argument, names);
+}
+
+CommandLine refuse(const QString& complaint)
+{
+    Console::note(complaint);
+    Console::note(Tool::tr("Run with --help for more information."));
+    CommandLine line;
+    line.exitCode = WrongUsage;
+    return line;
+}
+
 } // namespace
 
 CommandLine CommandLine::parse(int argc, char** argv)
@@ -295,7 +290,6 @@ CommandLine CommandLine::parse(int argc, char** argv)
     app.set_version_flag("--version",
         ("quadrelctl " + QCoreApplication::applicationVersion()).toStdString(),
         Tool::tr("Print the version and exit").toStdString());
-    app.failure_message(failureMessage);
     // What it says has been taken into account already.
     app.add_option_function<std::string>(
            "--language", [](const std::string&) {},
@@ -314,10 +308,21 @@ CommandLine CommandLine::parse(int argc, char** argv)
     addReset(app, line);
     addUpgrade(app, line);
     addRemark(app, line);
+    const std::vector<std::string> arguments = Arguments::commandFirst(app, argc, argv);
+    const std::string command = Arguments::commandOf(arguments);
+    if (!command.empty() && !Arguments::commandNames(app).contains(toText(command)))
+        return refuse(unknown(
+            Tool::tr("\"%1\" is no command"), toText(command), Arguments::commandNames(app)));
     try {
-        app.parse(argc, argv);
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::Success& request) {
+        std::ostringstream text;
+        app.exit(request, text, text);
+        Console::print(QString::fromStdString(text.str()));
+    } catch (const CLI::ExtrasError& error) {
+        return refuse(unexpected(app));
     } catch (const CLI::ParseError& error) {
-        line.exitCode = app.exit(error) == 0 ? Success : WrongUsage;
+        return refuse(usageText(QString::fromStdString(error.what())));
     }
     return line;
 }

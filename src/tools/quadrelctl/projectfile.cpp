@@ -1,19 +1,15 @@
 #include "projectfile.h"
 
+#include "savefile.h"
 #include "tool.h"
 #include "xmlfile.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QHash>
 #include <QtCore/QTemporaryFile>
 #include <QtCore/QXmlStreamReader>
-
-#include <cerrno>
-#include <cstdio>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -150,19 +146,6 @@ private:
     ProjectFile m_file;
 };
 
-/** The permissions of the file that is replaced, or those of a new file. */
-void setPermissions(int descriptor, const QString& path)
-{
-    struct stat old = {};
-    if (stat(QFile::encodeName(path).constData(), &old) == 0) {
-        fchmod(descriptor, old.st_mode & 07777);
-        return;
-    }
-    const mode_t mask = umask(0);
-    umask(mask);
-    fchmod(descriptor, 0666 & ~mask);
-}
-
 /** The writers do not look whether the disk took their text: every section must be there again. */
 bool isComplete(const QString& path, const Contents& contents)
 {
@@ -184,30 +167,17 @@ ProjectFile ProjectFile::load(const QString& path)
     return Loader(path).load();
 }
 
-void saveProjectFile(const QString& givenPath, const Contents& contents)
+void saveProjectFile(const QString& path, const Contents& contents)
 {
-    const QFileInfo info(givenPath);
-    if (info.exists() && !info.isFile())
-        fail(givenPath, Tool::tr("not a regular file"));
-    // A link stays a link: what it leads to is replaced.
-    const QString path = info.exists() ? info.canonicalFilePath() : givenPath;
-    if (info.exists() && !info.isWritable())
-        fail(givenPath, Tool::tr("the file is write-protected"));
-
-    QTemporaryFile file(path + QStringLiteral(".XXXXXX"));
+    QTemporaryFile file;
     if (!file.open())
-        fail(givenPath, file.errorString());
-    setPermissions(file.handle(), path);
+        fail(QDir::tempPath(), file.errorString());
     const bool isWritten = XmlFile::writeConfigXmlFile(file.fileName(), *contents.config, false)
         && XmlFile::writeEventXmlFile(file.fileName(), *contents.events, true)
         && XmlFile::writeTriggerXmlFile(file.fileName(), *contents.triggers, true);
-    if (!isWritten || !isComplete(file.fileName(), contents) || fsync(file.handle()) != 0)
-        fail(givenPath, Tool::tr("the file can't be written; what was there before still is"));
-    if (std::rename(
-            QFile::encodeName(file.fileName()).constData(), QFile::encodeName(path).constData())
-        != 0)
-        fail(givenPath, qt_error_string(errno));
-    file.setAutoRemove(false);
+    if (!isWritten || !isComplete(file.fileName(), contents))
+        fail(path, Tool::tr("a project file can't be made of these contents"));
+    saveFile(path, file.readAll());
 }
 
 namespace {

@@ -4,23 +4,26 @@
 #include "contentstables.h"
 #include "discovery.h"
 #include "projectfile.h"
+#include "savefile.h"
 #include "session.h"
 
 void runRead(const ReadOptions& options)
 {
+    if (!options.file.isEmpty())
+        requireSavable(options.file);
     Session session(options.discover ? findOnlyUnit() : options.unit);
     session.readEverything();
     Contents contents = Contents::ofSelectedDevice();
     contents.clock = session.clock();
 
-    if (!options.file.isEmpty())
-        saveProjectFile(options.file, contents);
     if (options.json)
         printJson(contentsToJson(contents));
     else
         Console::print(contentsTables(contents));
     if (options.file.isEmpty())
         return;
+    // What was read is not lost with a file that can't be written.
+    saveProjectFile(options.file, contents);
     const QStringList losses = lossesOfSaving(contents);
     for (const QString& loss : losses)
         Console::warn(loss);

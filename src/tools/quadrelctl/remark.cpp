@@ -6,6 +6,7 @@
 
 void runRemark(const RemarkOptions& options)
 {
+    Console::outliveReader();
     const QByteArray image = loadImage(options.streamedFile);
     Session session(options.unit);
     session.unit().setUpgradePackage(image, QByteArray(), options.streamedFile);

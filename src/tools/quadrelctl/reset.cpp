@@ -6,6 +6,7 @@
 
 void runReset(const ResetOptions& options)
 {
+    Console::outliveReader();
     Session session(options.unit);
     session.unit().setRetainIP(!options.defaultAddress);
     session.run(SendResetType);

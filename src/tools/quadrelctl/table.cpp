@@ -1,5 +1,7 @@
 #include "table.h"
 
+#include "visibletext.h"
+
 #include <QtCore/QVector>
 
 #include <algorithm>
@@ -31,22 +33,11 @@ bool takesNoColumn(uint character)
         || category == QChar::Other_Format;
 }
 
-/** A unit may hold any text; on a terminal it must not do more than stand there. */
-QString printable(const QString& text)
-{
-    QString result = text;
-    for (QChar& character : result) {
-        if (character.category() == QChar::Other_Control)
-            character = QLatin1Char('?');
-    }
-    return result;
-}
-
 QString line(const QStringList& cells, const QVector<int>& widths)
 {
     QString result;
     for (int column = 0; column < cells.size(); ++column) {
-        const QString cell = printable(cells.at(column));
+        const QString cell = visible(cells.at(column));
         result += cell + QString(widths.at(column) - displayWidth(cell) + 2, QLatin1Char(' '));
     }
     while (result.endsWith(QLatin1Char(' ')))
@@ -87,7 +78,7 @@ QString Table::toText() const
     for (const QStringList& cells : qAsConst(lines)) {
         widths.resize(std::max(widths.size(), cells.size()));
         for (int column = 0; column < cells.size(); ++column)
-            widths[column] = std::max(widths.at(column), displayWidth(printable(cells.at(column))));
+            widths[column] = std::max(widths.at(column), displayWidth(visible(cells.at(column))));
     }
 
     QString text;

@@ -16,7 +16,8 @@ public:
     void addRow(const QStringList& cells);
     bool isEmpty() const { return m_rows.isEmpty(); }
 
-    /** The lines, each ended by a line break. Control characters of the cells show as "?". */
+    /** The lines, each ended by a line break. Control characters of the cells show as "\\n" or
+     * "\\u001b". */
     QString toText() const;
 
 private:

@@ -80,6 +80,7 @@ QString awaitReturn(Session& session, const QString& oldVersion)
 
 void runUpgrade(const UpgradeOptions& options)
 {
+    Console::outliveReader();
     const QByteArray streamed = loadImage(options.streamedFile);
     const QByteArray addressed = loadImage(options.addressedFile);
     if (!options.descriptorFile.isEmpty())

@@ -1,6 +1,7 @@
 #include "upgradeprogress.h"
 
 #include "console.h"
+#include "table.h"
 #include "tool.h"
 
 #include <QtCore/QRegularExpression>
@@ -9,7 +10,8 @@
 
 namespace {
 
-constexpr int barWidth = 30;
+constexpr int widestBar = 30;
+constexpr int narrowestBar = 5;
 constexpr int lineStep = 10;
 
 } // namespace
@@ -41,11 +43,18 @@ void UpgradeProgress::show(const QString& text)
 
 QString UpgradeProgress::bar(int percent) const
 {
-    const int filled = barWidth * percent / 100;
     const double seconds = std::max(1.0, static_cast<double>(m_elapsed.elapsed())) / 1000;
     const double rate = static_cast<double>(m_totalBytes) * percent / 100 / seconds;
     const int left = percent == 0 ? 0 : qRound(seconds * (100 - percent) / percent);
-    return Tool::tr("[%1%2] %3 %  %4 KiB/s  %5 s left")
-        .arg(QString(filled, QLatin1Char('#')), QString(barWidth - filled, QLatin1Char('.')),
-            QString::number(percent), QString::number(rate / 1024, 'f', 0), QString::number(left));
+    const QString facts = Tool::tr("%1 %  %2 KiB/s  %3 s left")
+                              .arg(QString::number(percent), QString::number(rate / 1024, 'f', 0),
+                                  QString::number(left));
+    const int room =
+        Console::columns() - 1 - displayWidth(facts) - displayWidth(QStringLiteral("[] "));
+    const int width = std::min(room, widestBar);
+    if (width < narrowestBar)
+        return facts;
+    const int filled = width * percent / 100;
+    return QStringLiteral("[%1%2] %3")
+        .arg(QString(filled, QLatin1Char('#')), QString(width - filled, QLatin1Char('.')), facts);
 }

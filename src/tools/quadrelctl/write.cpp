@@ -132,6 +132,7 @@ void verify(Session& session, const Plan& plan)
 
 void runWrite(const WriteOptions& options)
 {
+    Console::outliveReader();
     const ProjectFile file = ProjectFile::load(options.file);
     const Contents chosen = chosenSections(file, options);
     if (options.dropTimeTriggers && !chosen.triggers)

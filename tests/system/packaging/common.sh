@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # What the packaging tests share. Each gets a folder of its own to work in, and leaves nothing
 # outside it.
 set -eu

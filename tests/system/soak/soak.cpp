@@ -338,12 +338,13 @@ void Soak::printSummary() const
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: soak OPERATIONS SEED\n");
+    // A program that the test presets run gets no arguments of its user, but the environment.
+    const int operations = qEnvironmentVariable("SOAK_OPERATIONS", QStringLiteral("200")).toInt();
+    const uint seed = qEnvironmentVariable("SOAK_SEED", QStringLiteral("1")).toUInt();
+    if (operations <= 0) {
+        std::fprintf(stderr, "SOAK_OPERATIONS is no number of operations\n");
         return 2;
     }
-    const int operations = QByteArray(argv[1]).toInt();
-    const uint seed = QByteArray(argv[2]).toUInt();
     writeSettingsBeside("[Communication]\ntimeout=" + QByteArray::number(waitMilliseconds) + '\n');
 
     Soak soak(seed);

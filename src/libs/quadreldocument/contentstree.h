@@ -1,0 +1,43 @@
+#pragma once
+
+#include "documenttree.h"
+#include "unitcontents.h"
+#include "unitdocument.h"
+
+#include <QtCore/QStringList>
+#include <QtCore/QVector>
+
+namespace QuadrelDocument {
+
+/** What a key of a document holds. */
+enum class FieldType { Number, Flag, Word, Text, Numbers };
+
+struct Field {
+    QString key;
+    FieldType type;
+    bool isRequired;
+};
+
+/** The sections of a document in their order. */
+const QVector<Section>& documentSections();
+/** Whether the section is a list of records. */
+bool isList(Section section);
+/** The fields of the device or of a record, in their order; none for the clock. */
+const QVector<Field>& fieldsOf(Section section);
+/** The key by which records are called: "id", "port" or "line". */
+QString recordKey(Section section);
+
+/** The value of "format" in each document. */
+QString documentFormat();
+
+/** The tree of a whole document. */
+Node treeOf(const Contents& contents);
+/** A record of a section as it stands in a document. */
+Node recordNode(const Contents& contents, Section section, int index);
+/** What a YAML document says behind bytes in hexadecimal; empty where they hold no words. */
+QString commentOf(const QByteArray& bytes);
+
+/** The contents that a tree describes, with all that is wrong with it. */
+Document documentOf(const Node& root);
+
+} // namespace QuadrelDocument

@@ -1,0 +1,104 @@
+#include "documenttree.h"
+
+#include <algorithm>
+
+namespace QuadrelDocument {
+
+namespace {
+
+bool isContinuation(char byte)
+{
+    return (static_cast<quint8>(byte) & 0xC0) == 0x80;
+}
+
+} // namespace
+
+Node Node::text(const QString& text)
+{
+    Node node;
+    node.value = text;
+    node.isQuoted = true;
+    return node;
+}
+
+Node Node::word(const QString& text)
+{
+    Node node;
+    node.value = text;
+    node.isWord = true;
+    return node;
+}
+
+Node Node::bare(const QString& text)
+{
+    Node node;
+    node.value = text;
+    return node;
+}
+
+Node Node::number(qint64 number)
+{
+    return bare(QString::number(number));
+}
+
+Node Node::sequence()
+{
+    Node node;
+    node.kind = Kind::Sequence;
+    return node;
+}
+
+Node Node::mapping()
+{
+    Node node;
+    node.kind = Kind::Mapping;
+    return node;
+}
+
+void Node::add(const QString& key, Node value)
+{
+    members.push_back({key, 0, {}, std::move(value)});
+}
+
+const Node::Member* Node::member(const QString& key) const
+{
+    const auto found = std::find_if(
+        members.begin(), members.end(), [&](const Member& member) { return member.key == key; });
+    return found == members.end() ? nullptr : &*found;
+}
+
+bool Node::isNull() const
+{
+    return kind == Kind::Scalar && !isQuoted
+        && (value.isEmpty() || value == QLatin1String("~")
+            || value.compare(QLatin1String("null"), Qt::CaseInsensitive) == 0);
+}
+
+bool operator==(const Node& left, const Node& right)
+{
+    const auto isSameMember = [](const Node::Member& one, const Node::Member& other) {
+        return one.key == other.key && one.value == other.value;
+    };
+    return left.kind == right.kind && left.value == right.value && left.isQuoted == right.isQuoted
+        && left.items == right.items
+        && std::equal(left.members.begin(), left.members.end(), right.members.begin(),
+            right.members.end(), isSameMember);
+}
+
+Position PositionFinder::at(int offset)
+{
+    if (offset < m_offset) {
+        m_offset = 0;
+        m_position = {1, 1};
+    }
+    for (; m_offset < qMin(offset, m_text.size()); ++m_offset) {
+        const char byte = m_text.at(m_offset);
+        if (byte == '\n')
+            m_position = {m_position.line + 1, 1};
+        else if (!isContinuation(byte))
+            ++m_position.column;
+    }
+    return m_position;
+}
+
+} // namespace QuadrelDocument

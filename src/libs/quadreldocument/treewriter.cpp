@@ -1,0 +1,175 @@
+#include "documenttree.h"
+
+#include <QtCore/QStringList>
+
+#include <algorithm>
+
+namespace QuadrelDocument {
+
+namespace {
+
+constexpr int yamlIndentation = 2;
+constexpr int jsonIndentation = 4;
+constexpr int longestShownText = 40;
+
+QString blanks(int count)
+{
+    return QString(count, QLatin1Char(' '));
+}
+
+/** Whether every reader of YAML and every terminal takes the character as it stands. */
+bool isPlain(QChar character)
+{
+    const ushort unit = character.unicode();
+    return (unit >= 0x20 && unit <= 0x7E) || (unit >= 0xA0 && unit < 0x2028)
+        || (unit > 0x2029 && unit < 0xD800)
+        || (unit >= 0xE000 && unit <= 0xFFFD && unit != QChar::ByteOrderMark);
+}
+
+QString escape(QChar character)
+{
+    switch (character.unicode()) {
+    case '"':
+        return QStringLiteral("\\\"");
+    case '\\':
+        return QStringLiteral("\\\\");
+    case '\n':
+        return QStringLiteral("\\n");
+    case '\r':
+        return QStringLiteral("\\r");
+    case '\t':
+        return QStringLiteral("\\t");
+    default:
+        return QStringLiteral("\\u%1").arg(
+            static_cast<uint>(character.unicode()), 4, 16, QLatin1Char('0'));
+    }
+}
+
+/** The quotes and escapes are those of JSON, which YAML reads too. */
+QString quoted(const QString& text)
+{
+    QString result(QLatin1Char('"'));
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar character = text.at(i);
+        const bool isPair =
+            character.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        const bool isSpecial = character == QLatin1Char('"') || character == QLatin1Char('\\');
+        if (isPair)
+            result += text.mid(i++, 2);
+        else if (isPlain(character) && !isSpecial)
+            result += character;
+        else
+            result += escape(character);
+    }
+    return result + QLatin1Char('"');
+}
+
+/** Values within brackets, as both forms write them. */
+QString inlineText(const Node& node, bool isJson)
+{
+    QStringList parts;
+    switch (node.kind) {
+    case Node::Kind::Scalar:
+        return node.isQuoted || (isJson && node.isWord) ? quoted(node.value) : node.value;
+    case Node::Kind::Sequence:
+        for (const Node& item : node.items)
+            parts.append(inlineText(item, isJson));
+        return QStringLiteral("[%1]").arg(parts.join(QStringLiteral(", ")));
+    case Node::Kind::Mapping:
+        for (const Node::Member& member : node.members)
+            parts.append(QStringLiteral("%1: %2").arg(
+                isJson ? quoted(member.key) : member.key, inlineText(member.value, isJson)));
+        return QStringLiteral("{%1}").arg(parts.join(QStringLiteral(", ")));
+    }
+    Q_UNREACHABLE();
+}
+
+bool hasRecords(const Node& node)
+{
+    return std::any_of(node.items.begin(), node.items.end(),
+        [](const Node& item) { return item.kind == Node::Kind::Mapping; });
+}
+
+/** The items of a sequence of mappings, each line with `indentation` blanks ahead. */
+QString yamlRecords(const Node& sequence, int indentation)
+{
+    QStringList records;
+    for (const Node& item : sequence.items) {
+        const QString lines = yamlLines(item, indentation + yamlIndentation);
+        records.append(
+            blanks(indentation) + QStringLiteral("- ") + lines.mid(indentation + yamlIndentation));
+    }
+    return records.join(QLatin1Char('\n'));
+}
+
+/** What stands behind "key:". */
+QString yamlValue(const Node& node, int indentation)
+{
+    const int inner = indentation + yamlIndentation;
+    if (hasRecords(node))
+        return QLatin1Char('\n') + yamlRecords(node, inner);
+    if (node.kind == Node::Kind::Mapping && !node.members.empty())
+        return QLatin1Char('\n') + yamlLines(node, inner);
+    const QString comment =
+        node.comment.isEmpty() ? QString() : QStringLiteral("  # ") + node.comment;
+    return QLatin1Char(' ') + yamlInline(node) + comment;
+}
+
+/** The value without an indentation of its first line. */
+QString jsonValue(const Node& node, int indentation)
+{
+    const bool isBroken =
+        hasRecords(node) || (node.kind == Node::Kind::Mapping && !node.members.empty());
+    if (!isBroken)
+        return jsonInline(node);
+    const int inner = indentation + jsonIndentation;
+    QStringList lines;
+    for (const Node& item : node.items)
+        lines.append(blanks(inner) + jsonValue(item, inner));
+    for (const Node::Member& member : node.members)
+        lines.append(blanks(inner) + quoted(member.key) + QStringLiteral(": ")
+            + jsonValue(member.value, inner));
+    const bool isMapping = node.kind == Node::Kind::Mapping;
+    return (isMapping ? QStringLiteral("{\n") : QStringLiteral("[\n"))
+        + lines.join(QStringLiteral(",\n")) + QLatin1Char('\n') + blanks(indentation)
+        + (isMapping ? QLatin1Char('}') : QLatin1Char(']'));
+}
+
+} // namespace
+
+QString yamlInline(const Node& value)
+{
+    return inlineText(value, false);
+}
+
+QString jsonInline(const Node& value)
+{
+    return inlineText(value, true);
+}
+
+QString shownText(const QString& text)
+{
+    const bool isLong = text.size() > longestShownText;
+    return quoted(text.left(longestShownText)) + (isLong ? QStringLiteral("…") : QString());
+}
+
+QString yamlLines(const Node& mapping, int indentation)
+{
+    QStringList lines;
+    for (const Node::Member& member : mapping.members)
+        lines.append(blanks(indentation) + member.key + QLatin1Char(':')
+            + yamlValue(member.value, indentation));
+    return lines.join(QLatin1Char('\n'));
+}
+
+QByteArray yamlText(const Node& mapping)
+{
+    return (yamlLines(mapping, 0) + QLatin1Char('\n')).toUtf8();
+}
+
+QByteArray jsonText(const Node& value)
+{
+    return (jsonValue(value, 0) + QLatin1Char('\n')).toUtf8();
+}
+
+} // namespace QuadrelDocument
