@@ -178,7 +178,7 @@ void TestUserSettings::refuses_data()
            "upgrade-timeout, language, first-weekday, units";
     QTest::newRow("key for a terminal")
         << QByteArray("\"\\e[2J\": 1")
-        << "1:1: unknown key \"[2J\"; known are timeout, retries, search-timeout, "
+        << "1:1: unknown key \"\\u001b[2J\"; known are timeout, retries, search-timeout, "
            "upgrade-timeout, language, first-weekday, units";
     QTest::newRow("twice") << QByteArray("retries: 1\nretries: 1")
                            << "2:1: \"retries\" is there twice";

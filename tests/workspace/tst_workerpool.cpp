@@ -168,8 +168,7 @@ void TestWorkerPool::endsAWorkerAtItsLimit_data()
 {
     QTest::addColumn<QString>("script");
     QTest::newRow("hangs") << "exec sleep 1000";
-    QTest::newRow("does not want to end")
-        << "trap '' TERM; while :; do sleep 0.1; done";
+    QTest::newRow("does not want to end") << "trap '' TERM; while :; do sleep 0.1; done";
 }
 
 void TestWorkerPool::endsAWorkerAtItsLimit()

@@ -53,19 +53,21 @@ ConfigReader::ConfigReader(const QString& path)
 {
 }
 
-std::optional<Node> ConfigReader::load()
+std::optional<QByteArray> ConfigReader::read()
 {
     QFile file(m_path);
     const QFileInfo info(m_path);
-    if (info.exists() && !info.isFile()) {
-        addError({}, Workspace::tr("not a regular file"));
+    QString fault;
+    if (info.exists() && !info.isFile())
+        fault = Workspace::tr("not a regular file");
+    else if (!file.open(QIODevice::ReadOnly))
+        fault = file.errorString();
+    if (!fault.isEmpty()) {
+        addError({}, fault);
         return std::nullopt;
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        addError({}, file.errorString());
-        return std::nullopt;
-    }
-    return parse(file.read(QuadrelDocument::maximumDocumentSize + 1));
+    // One byte more than the reader of the text allows.
+    return file.read(QuadrelDocument::maximumDocumentSize + 1);
 }
 
 std::optional<Node> ConfigReader::parse(const QByteArray& text)

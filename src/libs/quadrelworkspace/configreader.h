@@ -26,9 +26,9 @@ public:
 
     explicit ConfigReader(const QString& path);
 
-    /** The file's mapping, empty if the file is; nothing, and an error, if it is none. */
-    std::optional<Node> load();
-    /** The same of a text that was read from the file. */
+    /** The file's bytes; nothing, and an error, if it cannot be read. */
+    std::optional<QByteArray> read();
+    /** The text's mapping, empty if the text is; nothing, and an error, if it is none. */
     std::optional<Node> parse(const QByteArray& text);
 
     /** Every key must be one of these, and stand there once. */

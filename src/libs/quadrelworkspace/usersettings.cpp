@@ -52,7 +52,8 @@ LoadedSettings loadSettings(const QString& settingsFolder)
     if (!QFileInfo::exists(path))
         return loaded;
     ConfigReader reader(path);
-    if (const auto file = reader.load()) {
+    const std::optional<QByteArray> text = reader.read();
+    if (const auto file = text ? reader.parse(*text) : std::nullopt) {
         const QString timeout = QStringLiteral("timeout");
         const QString retries = QStringLiteral("retries");
         const QString searchTimeout = QStringLiteral("search-timeout");
