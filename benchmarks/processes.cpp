@@ -1,5 +1,6 @@
 #include "echosize.h"
 #include "fullunit.h"
+#include "hostilefiles.h"
 #include "loopback.h"
 #include "rawecho.h"
 #include "rows.h"
@@ -89,6 +90,49 @@ public:
     }
 
     double reference() override { return printedSize("upgradepeak", {}) / kibInMib; }
+};
+
+/** The worst of all hostile files of 1 MB, and a file with nothing in it. */
+class HostileFiles : public Comparison {
+public:
+    HostileFiles(const QStringList& what, double unit)
+        : m_what(what)
+        , m_unit(unit)
+    {
+        m_harmless = write("harmless", "<a/>");
+        for (const HostileFile& file : hostileFiles(1024 * 1024))
+            m_hostile.append(write(file.name, file.bytes));
+    }
+
+    double ours() override
+    {
+        double worst = 0;
+        for (const QString& path : m_hostile)
+            worst = qMax(worst, cost(path));
+        return worst;
+    }
+
+    double reference() override { return cost(m_harmless); }
+
+private:
+    QString write(const QByteArray& name, const QByteArray& bytes)
+    {
+        QFile file(m_folder.filePath(QString::fromLatin1(name)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("%s can't be written", qPrintable(file.fileName()));
+        return file.fileName();
+    }
+
+    double cost(const QString& path)
+    {
+        return printedSize("hostilefile", QStringList(path) + m_what) * m_unit;
+    }
+
+    const QTemporaryDir m_folder;
+    const QStringList m_what;
+    const double m_unit;
+    QString m_harmless;
+    QStringList m_hostile;
 };
 
 class LoadTime : public Comparison {
@@ -192,6 +236,13 @@ Rows processRows()
     return joined({
         {{"peak memory of an upgrade / idle process", "MiB", {Limit::DifferenceAtMost, 4}, 5,
              [] { return std::make_unique<UpgradePeak>(); }},
+            {"worst hostile file of 1 MB / tiny file", "ms", {Limit::DifferenceAtMost, 250}, 3,
+                [] { return std::make_unique<HostileFiles>(QStringList(), 1); }},
+            {"memory of that / tiny file", "MB", {Limit::DifferenceAtMost, 80}, 3,
+                [] {
+                    return std::make_unique<HostileFiles>(
+                        QStringList(QStringLiteral("memory")), 1024 / 1e6);
+                }},
             {"program with the library / framework only", "ms", {}, 51,
                 [] { return std::make_unique<LoadTime>(); }},
             {"private memory, library / framework only", "KiB", {}, 5,

@@ -3,6 +3,7 @@
 
 #include "controlunit.h"
 #include "devicemodel.h"
+#include "hostilefiles.h"
 #include "packageevent.h"
 #include "packagetimetrigger.h"
 #include "packagetrigger.h"
@@ -138,6 +139,9 @@ void writeFileSeeds(const Table& events, const Table& triggers, const UnitMemory
         "<!DOCTYPE a [<!ENTITY b \"bb\"><!ENTITY c \"&b;&b;\"><!ELEMENT a ((b)|c)>]><a>&c;</a>",
         "<?xml version=\"1.0\" encoding=\"UTF-16\"?><a b='c'/>",
     };
+    int kind = 0;
+    for (const HostileFile& file : hostileFiles(8192))
+        writeSeed("hostilefile", kind++, file.bytes);
     for (const char* target : {"eventfile", "triggerfile", "configfile", "upgradefile"}) {
         int number = 1;
         for (const QByteArray& content : hostile)

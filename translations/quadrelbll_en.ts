@@ -376,6 +376,10 @@
         <translation>The entities of the XML are too large!</translation>
     </message>
     <message>
+        <source>XML节点过多！</source>
+        <translation>The XML has too many nodes!</translation>
+    </message>
+    <message>
         <source>打开文件失败！</source>
         <translation>The file could not be opened!</translation>
     </message>

@@ -5,10 +5,13 @@
 #include <QtXml/QDomDocument>
 
 #include "guardedxml.h"
+#include "hostilefiles.h"
+#include "owncost.h"
 
 namespace {
 
-const RefusalTexts texts = {QStringLiteral("too deep"), QStringLiteral("too large")};
+const RefusalTexts texts = {
+    QStringLiteral("too deep"), QStringLiteral("too large"), QStringLiteral("too many")};
 
 struct Parse {
     bool parsed = false;
@@ -106,10 +109,15 @@ private slots:
     void countsNoParenthesesOutsideTheProlog();
     void endsEntityBombs_data();
     void endsEntityBombs();
+    void countsOpenParentheses();
     void refusesTooLarge_data();
     void refusesTooLarge();
     void acceptsTheLargest_data();
     void acceptsTheLargest();
+    void refusesTooMany_data();
+    void refusesTooMany();
+    void staysInProportion_data();
+    void staysInProportion();
     void leavesErrorAloneOnSuccess();
     void takesNoErrorText();
     void parsesAnOpenTextFile();
@@ -328,6 +336,17 @@ void TestGuardedXml::endsEntityBombs()
     QCOMPARE(actual.error, expected.error);
 }
 
+void TestGuardedXml::countsOpenParentheses()
+{
+    const auto model = [](int open) {
+        return withType("<!ELEMENT a " + QByteArray("(").repeated(open) + "b"
+                + QByteArray(")").repeated(open) + ">",
+            "<a/>");
+    };
+    accepts(model(2048));
+    refuses(model(2049), texts.tooDeep);
+}
+
 void TestGuardedXml::refusesTooLarge_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -341,9 +360,7 @@ void TestGuardedXml::refusesTooLarge_data()
     row("text", longText, manyReferences);
     row("text of a section", "<![CDATA[" + longText + "]]>", manyReferences);
     row("comments", QByteArray("<!---->").repeated(500), manyReferences);
-    row("instructions", QByteArray("<?p?>").repeated(700), manyReferences);
     row("elements", QByteArray("<b/>").repeated(1000), manyReferences);
-    row("attributes", QByteArray("<b c=\"\"/>").repeated(400), manyReferences);
     row("text of attributes", longText, "<a b='" + references + "'/>");
     row("text of many attributes", longText,
         "<r>" + QByteArray("<a b='&e;'/>").repeated(20000) + "</r>");
@@ -373,6 +390,13 @@ void TestGuardedXml::refusesTooLarge_data()
                    + QByteArray(90, 'x') + "'><!ENTITY g '" + QByteArray("&e;").repeated(40) + "'>",
                "<a>&g;</a>");
 
+    // The entity ends in "&e", so that each ";" after it makes one more reference.
+    const QByteArray open = "<!ENTITY e '" + longText + "&#38;e'>";
+    QTest::newRow("references that end after the entity")
+        << withType(open, "<a>" + QByteArray(1024, ' ') + "&e;" + QByteArray(62, ';') + "</a>");
+    QTest::newRow("references that end in another entity")
+        << withType(open + "<!ENTITY f 'x;'>", "<a>" + QByteArray(1024, ' ') + "&f;</a>");
+
     QByteArray entities;
     for (int i = 0; i < 20000; ++i)
         entities += "<!ENTITY e" + QByteArray::number(i) + " ''>";
@@ -401,6 +425,24 @@ void TestGuardedXml::acceptsTheLargest_data()
                "<a>&e;</a>");
     QTest::newRow("references without entities")
         << "<a>" + QByteArray("&lt;").repeated(100000) + "</a>";
+    QTest::newRow("entity that is left open and not referred to")
+        << withType("<!ENTITY e 'AT&#38;T'><!ENTITY f '&#38;lt;'>",
+               "<a b='&f;'>" + QByteArray("x;&f;").repeated(10000) + "</a>");
+    QTest::newRow("semicolons") << withType("<!ENTITY e '" + QByteArray(4000, 'x') + "; '>",
+        "<a>&e;" + QByteArray(100000, ';') + "</a>");
+    const auto declarations = [](int count, const QByteArray& before, const QByteArray& after) {
+        QByteArray text;
+        for (int i = 0; i < count; ++i)
+            text += before + QByteArray::number(i) + after;
+        return text;
+    };
+    QTest::newRow("notations and external entities")
+        << withType(declarations(100, "<!NOTATION n", " SYSTEM 'n'>")
+                   + declarations(100, "<!ENTITY e", " SYSTEM 'e'>")
+                   + declarations(56, "<!ENTITY u", " SYSTEM 'u' NDATA n>"),
+               "<a/>");
+    QTest::newRow("attributes") << "<a" + declarations(256, " b", "='x'") + "/>";
+    QTest::newRow("nodes") << "<a  >" + QByteArray("<b c=''/>").repeated(45715) + "</a>";
     QTest::newRow("percent signs") << withType(
         "<!ENTITY e '" + QByteArray(4000, 'x') + "'>", "<a>&e;" + QByteArray(100000, '%') + "</a>");
     // A text that no entity makes larger has no limit.
@@ -411,6 +453,68 @@ void TestGuardedXml::acceptsTheLargest()
 {
     QFETCH(const QByteArray, bytes);
     accepts(bytes);
+}
+
+void TestGuardedXml::refusesTooMany_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+
+    const auto repeated = [](int count, const QByteArray& before, const QByteArray& after) {
+        QByteArray text;
+        for (int i = 0; i < count; ++i)
+            text += before + QByteArray::number(i) + after;
+        return text;
+    };
+    QTest::newRow("notations") << withType(repeated(257, "<!NOTATION n", " SYSTEM 'n'>"), "<a/>");
+    QTest::newRow("external entities")
+        << withType(repeated(257, "<!ENTITY e", " SYSTEM 'e'>"), "<a/>");
+    QTest::newRow("unparsed entities")
+        << withType(repeated(257, "<!ENTITY e", " SYSTEM 'e' NDATA n>"), "<a/>");
+    QTest::newRow("both") << withType(
+        repeated(256, "<!NOTATION n", " SYSTEM 'n'>") + "<!ENTITY e SYSTEM 'e'>", "<a/>");
+    QTest::newRow("attributes") << "<a" + repeated(257, " b", "='x'") + "/>";
+    QTest::newRow("nodes") << "<a >" + QByteArray("<b c=''/>").repeated(45715) + "</a>";
+    QTest::newRow("texts") << "<a>" + QByteArray("<b/>x").repeated(200000) + "</a>";
+    QTest::newRow("instructions") << "<a>" + QByteArray("<?p?>x").repeated(200000) + "</a>";
+    const QByteArray references = "<a>" + QByteArray("&e;").repeated(20000) + "</a>";
+    QTest::newRow("instructions of an entity")
+        << withType("<!ENTITY e '" + QByteArray("<?p?>").repeated(700) + "'>", references);
+    QTest::newRow("attributes of an entity")
+        << withType("<!ENTITY e '" + QByteArray("<b c=\"\"/>").repeated(400) + "'>", references);
+    QTest::newRow("undeclared entities") << "<a>" + QByteArray("&e;").repeated(100000) + "</a>";
+}
+
+void TestGuardedXml::refusesTooMany()
+{
+    QFETCH(const QByteArray, bytes);
+    refuses(bytes, texts.tooMany);
+}
+
+void TestGuardedXml::staysInProportion_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    for (const HostileFile& file : hostileFiles(1024 * 1024))
+        QTest::newRow(file.name.constData()) << file.bytes;
+}
+
+/** The benchmarks measure the time of an optimised build; this one may take ten times as long. */
+void TestGuardedXml::staysInProportion()
+{
+    QFETCH(QByteArray, bytes);
+    constexpr double seconds = 2.5;
+    constexpr double megabytes = 80;
+
+    const OwnCost cost;
+    {
+        QBuffer buffer(&bytes);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        QDomDocument document;
+        setContentGuarded(document, buffer, texts, nullptr);
+    }
+    const double spent = cost.processorSeconds();
+    QVERIFY2(spent < seconds, qPrintable(QStringLiteral("%1 s").arg(spent)));
+    const double grown = cost.peakMegabytes();
+    QVERIFY2(grown < megabytes, qPrintable(QStringLiteral("%1 MB").arg(grown)));
 }
 
 void TestGuardedXml::leavesErrorAloneOnSuccess()

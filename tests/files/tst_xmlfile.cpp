@@ -18,6 +18,7 @@
 #include <unistd.h>
 #endif
 
+#include "owncost.h"
 #include "xmlfile.h"
 
 namespace {
@@ -342,6 +343,7 @@ private slots:
     void parserMessageIsTheReason();
     void depthIsLimited_data();
     void depthIsLimited();
+    void longEventListStaysInProportion();
     void messagesAreTranslated_data();
     void messagesAreTranslated();
     void textSurvives_data();
@@ -1161,6 +1163,21 @@ void TestXmlFile::depthIsLimited()
     }
 }
 
+/** A file of 1 MB with a single trigger, whose list of events has a million items. */
+void TestXmlFile::longEventListStaysInProportion()
+{
+    const QByteArray list(1000000, ';');
+    const QString path = fileWith(project(section(Kind::Triggers,
+        "<TriggerInfo><a/><b/><c/><d/><e/><Event>" + list + "</Event></TriggerInfo>")));
+    const OwnCost cost;
+    TriggerModel model;
+    QString error;
+    QVERIFY2(XmlFile::readTriggerXmlFile(path, model, error), qPrintable(error));
+    QVERIFY(cost.processorSeconds() < 2.5);
+    QVERIFY(cost.peakMegabytes() < 80);
+    QVERIFY(model.at(0).getTriggerEvent() == QString("事件();").repeated(1000001).chopped(1));
+}
+
 void TestXmlFile::messagesAreTranslated_data()
 {
     QTest::addColumn<Kind>("kind");
@@ -1184,6 +1201,8 @@ void TestXmlFile::messagesAreTranslated_data()
     const QString large = "<!DOCTYPE a [<!ENTITY e '" + QString(4000, 'x') + "'>]><a>"
         + QString("&e;").repeated(100) + "</a>";
     QTest::newRow("too large") << Kind::Descriptor << large.toUtf8() << "XML实体过大！";
+    QTest::newRow("too many nodes")
+        << Kind::Descriptor << "<a>" + QByteArray("<b c=''/>").repeated(50000) << "XML节点过多！";
 }
 
 void TestXmlFile::messagesAreTranslated()

@@ -11,7 +11,7 @@
  *
  * | Field          | Default      | Meaning                                                   |
  * |----------------|--------------|-----------------------------------------------------------|
- * | `id`           | 1            | number of the event; a unit keeps its low 8 bits          |
+ * | `id`           | 1            | number of the event; a block holds its low 8 bits         |
  * | `name`         | "事件名称01" | shown name                                                |
  * | `eventtype`    | EVENT_TYPE_0 | kind of event                                             |
  * | `protocoltype` | true         | `protocol` is hexadecimal text; false: plain (ASCII) text |
@@ -21,7 +21,15 @@
  * The text of a delay is its length in units of 10 milliseconds followed by "*10ms": 25*10ms waits
  * a quarter of a second. The default name is the same whatever the id: a caller renames the event.
  *
- * No value is validated. The record is a value: a copy has no parent. The properties are bound to
+ * Nothing is validated and nothing is cut when an event is written; a read tests:
+ *
+ * - a command of more than 319 bytes makes the whole read fail, with "有效数据长度超出范围！";
+ * - of a description of more than 127 UTF-16 code units only the low 8 bits of its length in bytes
+ *   are written, and it reads back as short as that says;
+ * - a block has 512 bytes: 4, the command and 2 for each code unit of the description. A longer one
+ *   is written whole and shifts the blocks behind it in the same write.
+ *
+ * The record is a value: a copy has no parent. The properties are bound to
  * the fields, with no notification. The record has no lock; copies may go to other threads.
  */
 class QUADRELBLL_EXPORT EventInfo : public QObject {

@@ -1,8 +1,8 @@
 #include "guardedxml.h"
 
-#include <QtCore/QHash>
 #include <QtCore/QIODevice>
-#include <QtCore/QStringList>
+#include <QtCore/QMap>
+#include <QtCore/QVector>
 #include <QtXml/QDomDocument>
 #include <QtXml/QXmlSimpleReader>
 
@@ -57,66 +57,119 @@ private:
     int m_count = 0;
 };
 
-/** The declared entities, and what they come to with all that they refer to. */
+/** What the value of an entity refers to. */
+struct References {
+    /** The names between "&" and the next ";". */
+    QVector<QString> names;
+    /** No ";" ends the last one: the text after the entity may do so. */
+    bool isOpen = false;
+    /** A ";" that ends no reference of this value, but may end one that an entity left open. */
+    bool endsAnother = false;
+};
+
+References referencesIn(const QString& value)
+{
+    References references;
+    int start = -1;
+    for (int i = 0; i < value.size(); ++i) {
+        if (value.at(i) == QLatin1Char('&')) {
+            start = i + 1;
+        } else if (value.at(i) == QLatin1Char(';')) {
+            if (start >= 0)
+                references.names.append(value.mid(start, i - start));
+            else
+                references.endsAnother = true;
+            start = -1;
+        }
+    }
+    references.isOpen = start >= 0;
+    return references;
+}
+
+/**
+ * The declared entities, and what they come to with all that they refer to. Names have numbers, so
+ * that a sum over all entities looks up none: it is made again after each declaration.
+ */
 class Entities {
 public:
-    int count() const { return m_values.size(); }
+    int count() const { return m_count; }
 
     void declare(const QString& name, const QString& value)
     {
+        const int number = numberOf(name);
         // The first declaration of a name is the one that counts.
-        if (!m_values.contains(name))
-            m_values.insert(name, value);
-        const QStringList references = referencesIn(value);
-        for (const QString& reference : references)
-            m_refersAhead = m_refersAhead || !m_values.contains(reference);
+        if (m_entities.at(number).isDeclared)
+            return;
+        ++m_count;
+        m_entities[number].isDeclared = true;
+        m_entities[number].size = value.size();
+
+        const References references = referencesIn(value);
+        for (const QString& reference : references.names) {
+            const int referred = numberOf(reference);
+            m_entities[number].references.append(referred);
+            m_refersAhead = m_refersAhead || !m_entities.at(referred).isDeclared;
+        }
+        m_leavesOpen = m_leavesOpen || references.isOpen;
+        m_endsAnother = m_endsAnother || references.endsAnother;
     }
 
     /** Whether one refers to what was not declared before it. */
     bool refersAhead() const { return m_refersAhead; }
 
+    /** Whether one ends within a reference, so that a mere ";" after it makes a whole one. */
+    bool leavesOpen() const { return m_leavesOpen; }
+
     int largestSize() const
     {
-        Sizes sizes;
+        // Each end of a reference within an entity may then be a reference of its own.
+        if (m_leavesOpen && m_endsAnother)
+            return maximumXmlGrowth;
+        QVector<int> sizes(m_entities.size(), unknown);
         int largest = 0;
-        for (auto entity = m_values.begin(); entity != m_values.end(); ++entity)
-            largest = qMax(largest, sizeOf(entity.key(), sizes));
+        for (int number = 0; number < m_entities.size(); ++number)
+            largest = qMax(largest, sizeOf(number, sizes));
         return largest;
     }
 
 private:
-    using Sizes = QHash<QString, int>;
+    struct Entity {
+        bool isDeclared = false;
+        int size = 0;
+        QVector<int> references;
+    };
+    static constexpr int unknown = -1;
 
-    static QStringList referencesIn(const QString& value)
+    int numberOf(const QString& name)
     {
-        QStringList names;
-        int start = value.indexOf(QLatin1Char('&'));
-        while (start >= 0) {
-            const int end = value.indexOf(QLatin1Char(';'), start);
-            names.append(value.mid(start + 1, end - start - 1));
-            start = value.indexOf(QLatin1Char('&'), start + 1);
-        }
-        return names;
+        const auto known = m_numbers.constFind(name);
+        if (known != m_numbers.constEnd())
+            return *known;
+        m_entities.append(Entity());
+        return *m_numbers.insert(name, m_entities.size() - 1);
     }
 
     /** At most maximumXmlGrowth, so that no sum overflows. */
-    int sizeOf(const QString& name, Sizes& known) const
+    int sizeOf(int number, QVector<int>& sizes) const
     {
-        if (known.contains(name))
-            return known.value(name);
+        if (sizes.at(number) != unknown)
+            return sizes.at(number);
         // What a circle comes to is not asked: the parser refuses it.
-        known.insert(name, 0);
-        const QString value = m_values.value(name);
-        const QStringList references = referencesIn(value);
-        int size = value.size();
-        for (const QString& reference : references)
-            size = qMin(size + sizeOf(reference, known), maximumXmlGrowth);
-        known.insert(name, size);
+        sizes[number] = 0;
+        int size = m_entities.at(number).size;
+        for (const int reference : m_entities.at(number).references)
+            size = qMin(size + sizeOf(reference, sizes), maximumXmlGrowth);
+        sizes[number] = size;
         return size;
     }
 
-    QHash<QString, QString> m_values;
+    // In order, as names can be chosen so that they all have the same hash.
+    QMap<QString, int> m_numbers;
+    QVector<Entity> m_entities;
+    int m_count = 0;
     bool m_refersAhead = false;
+    bool m_leavesOpen = false;
+    bool m_endsAnother = false;
 };
 
 /**
@@ -129,17 +182,24 @@ public:
      */
     bool declare(const QString& name, const QString& value)
     {
-        m_entities.declare(name, value);
         m_growth += value.size();
+        if (m_growth > maximumXmlGrowth)
+            return false;
+        m_entities.declare(name, value);
+        if (m_entities.count() > maximumXmlEntities)
+            return false;
         m_largest = m_entities.largestSize();
-        const bool isTooLarge = m_entities.refersAhead() && m_largest > maximumXmlEntitySize;
-        return !isTooLarge && m_entities.count() <= maximumXmlEntities
-            && m_growth <= maximumXmlGrowth;
+        return !m_entities.refersAhead() || m_largest <= maximumXmlEntitySize;
     }
 
-    /** False when so many references can make too much of the document. */
-    bool accept(int references)
+    /** False when the references of a piece of the document can make too much of it. */
+    bool accept(const QString& piece, bool mayHoldParameters)
     {
+        int references = piece.count(QLatin1Char('&'));
+        if (mayHoldParameters)
+            references += piece.count(QLatin1Char('%'));
+        if (m_entities.leavesOpen())
+            references += piece.count(QLatin1Char(';'));
         m_growth += qint64(references) * m_largest;
         return m_growth <= maximumXmlGrowth;
     }
@@ -151,25 +211,30 @@ private:
 };
 
 /** Stands between the parser and the DOM's own handler, and stops the parser at the limits. */
-class ParserGuard : public QXmlContentHandler, public QXmlDeclHandler {
+class ParserGuard : public QXmlContentHandler, public QXmlDTDHandler, public QXmlDeclHandler {
 public:
-    enum class Refusal { None, TooDeep, TooLarge };
+    explicit ParserGuard(const RefusalTexts& texts)
+        : m_texts(texts)
+    {
+    }
 
     void setContentHandler(QXmlContentHandler* handler) { m_content = handler; }
+    void setDTDHandler(QXmlDTDHandler* handler) { m_dtd = handler; }
     void setDeclHandler(QXmlDeclHandler* handler) { m_decl = handler; }
 
     bool sawSkippedEntity() const { return m_sawSkippedEntity; }
-    Refusal refusal() const { return m_refusal; }
+    /** The text of the limit that was reached, or null. */
+    const QString* refusal() const { return m_refusal; }
 
     /** Before the parser gets a piece of the text, which may end the document here. */
     bool accept(const QString& piece)
     {
         if (m_beforeRoot && !m_parentheses.accept(piece))
-            return refuse(Refusal::TooDeep);
-        const int parameters = m_beforeRoot ? piece.count(QLatin1Char('%')) : 0;
-        if (!m_growth.accept(piece.count(QLatin1Char('&')) + parameters))
-            return refuse(Refusal::TooLarge);
-        return m_refusal == Refusal::None;
+            return refuse(m_texts.tooDeep);
+        if (!m_growth.accept(piece, m_beforeRoot))
+            return refuse(m_texts.tooLarge);
+        m_room += piece.size();
+        return !m_refusal;
     }
 
     void setDocumentLocator(QXmlLocator* locator) override
@@ -202,8 +267,12 @@ public:
     {
         m_beforeRoot = false;
         if (++m_depth > maximumXmlDepth)
-            return refuse(Refusal::TooDeep);
-        return m_content->startElement(namespaceUri, localName, qualifiedName, attributes);
+            return refuse(m_texts.tooDeep);
+        const int attributeCount = attributes.count();
+        if (attributeCount > maximumXmlAttributes)
+            return refuse(m_texts.tooMany);
+        return takeNodes(1 + attributeCount * nodesPerXmlAttribute)
+            && m_content->startElement(namespaceUri, localName, qualifiedName, attributes);
     }
 
     bool endElement(const QString& namespaceUri, const QString& localName,
@@ -213,17 +282,20 @@ public:
         return m_content->endElement(namespaceUri, localName, qualifiedName);
     }
 
-    bool characters(const QString& text) override { return m_content->characters(text); }
+    bool characters(const QString& text) override
+    {
+        return takeNodes(1) && m_content->characters(text);
+    }
 
     bool processingInstruction(const QString& target, const QString& data) override
     {
-        return m_content->processingInstruction(target, data);
+        return takeNodes(1) && m_content->processingInstruction(target, data);
     }
 
     bool skippedEntity(const QString& name) override
     {
         m_sawSkippedEntity = true;
-        return m_content->skippedEntity(name);
+        return takeNodes(nodesPerUndeclaredEntity) && m_content->skippedEntity(name);
     }
 
     bool attributeDecl(const QString& elementName, const QString& attributeName,
@@ -237,35 +309,63 @@ public:
         // Character references can hide the parentheses of a parameter entity from the source's
         // count.
         if (!OpenParentheses().accept(value))
-            return refuse(Refusal::TooDeep);
+            return refuse(m_texts.tooDeep);
         if (!m_growth.declare(name, value))
-            return refuse(Refusal::TooLarge);
+            return refuse(m_texts.tooLarge);
         return m_decl->internalEntityDecl(name, value);
     }
 
     bool externalEntityDecl(
         const QString& name, const QString& publicId, const QString& systemId) override
     {
-        return m_decl->externalEntityDecl(name, publicId, systemId);
+        return takeDeclaration() && m_decl->externalEntityDecl(name, publicId, systemId);
+    }
+
+    bool notationDecl(
+        const QString& name, const QString& publicId, const QString& systemId) override
+    {
+        return takeDeclaration() && m_dtd->notationDecl(name, publicId, systemId);
+    }
+
+    bool unparsedEntityDecl(const QString& name, const QString& publicId, const QString& systemId,
+        const QString& notation) override
+    {
+        return takeDeclaration() && m_dtd->unparsedEntityDecl(name, publicId, systemId, notation);
     }
 
     QString errorString() const override { return m_content->errorString(); }
 
 private:
-    bool refuse(Refusal refusal)
+    bool takeNodes(int count)
     {
-        m_refusal = refusal;
+        m_room -= count * charactersPerXmlNode;
+        return m_room >= 0 || refuse(m_texts.tooMany);
+    }
+
+    bool takeDeclaration()
+    {
+        return ++m_declarations <= maximumXmlEntities || refuse(m_texts.tooMany);
+    }
+
+    bool refuse(const QString& text)
+    {
+        m_refusal = &text;
         return false;
     }
 
+    const RefusalTexts& m_texts;
     QXmlContentHandler* m_content = nullptr;
+    QXmlDTDHandler* m_dtd = nullptr;
     QXmlDeclHandler* m_decl = nullptr;
     OpenParentheses m_parentheses;
     EntityGrowth m_growth;
     int m_depth = 0;
+    int m_declarations = 0;
+    // In characters, as each of them makes some.
+    qint64 m_room = maximumXmlNodes * charactersPerXmlNode;
     bool m_beforeRoot = true;
     bool m_sawSkippedEntity = false;
-    Refusal m_refusal = Refusal::None;
+    const QString* m_refusal = nullptr;
 };
 
 /** Shows the guard each piece of the text, and ends the document early when it refuses one. */
@@ -308,6 +408,12 @@ public:
         QXmlSimpleReader::setContentHandler(&m_guard);
     }
 
+    void setDTDHandler(QXmlDTDHandler* handler) override
+    {
+        m_guard.setDTDHandler(handler);
+        QXmlSimpleReader::setDTDHandler(&m_guard);
+    }
+
     void setDeclHandler(QXmlDeclHandler* handler) override
     {
         m_guard.setDeclHandler(handler);
@@ -318,24 +424,19 @@ private:
     ParserGuard& m_guard;
 };
 
-QString textOf(ParserGuard::Refusal refusal, const RefusalTexts& texts)
-{
-    return refusal == ParserGuard::Refusal::TooDeep ? texts.tooDeep : texts.tooLarge;
-}
-
 } // namespace
 
 bool setContentGuarded(
     QDomDocument& document, QIODevice& device, const RefusalTexts& texts, QString* error)
 {
-    ParserGuard guard;
+    ParserGuard guard(texts);
     GuardedSource source(device, guard);
     GuardedReader reader(guard);
     int line = 0;
     int column = 0;
     if (!document.setContent(&source, &reader, error, &line, &column)) {
-        if (guard.refusal() != ParserGuard::Refusal::None && error)
-            *error = textOf(guard.refusal(), texts);
+        if (guard.refusal() && error)
+            *error = *guard.refusal();
         return false;
     }
 

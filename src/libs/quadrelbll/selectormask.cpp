@@ -28,8 +28,8 @@ constexpr int lineCount = static_cast<int>(std::size(lineMasks));
 
 constexpr int serialD3 = 14;
 constexpr int serialD4 = 15;
-constexpr SelectorMask reportedSerialD3 = {0x00, 0x03};
-constexpr SelectorMask reportedSerialD4 = {0x00, 0x04};
+constexpr SelectorMask readSerialD3 = {0x00, 0x03};
+constexpr SelectorMask readSerialD4 = {0x00, 0x04};
 
 /** The line of the mask among the first `count` rows of the table. */
 int lineOf(const SelectorMask& mask, int count)
@@ -55,9 +55,9 @@ int SelectorMask::inputLine() const
 
 int SelectorMask::serialLine() const
 {
-    if (*this == reportedSerialD3)
+    if (*this == readSerialD3)
         return serialD3;
-    if (*this == reportedSerialD4)
+    if (*this == readSerialD4)
         return serialD4;
     return lineOf(*this, serialD3);
 }

@@ -19,8 +19,8 @@ struct SelectorMask {
     int inputLine() const;
 
     /**
-     * The serial line of the mask, likewise. Units report the last two ports in another way than
-     * they are told them: "D-3" as a second byte of 0x03 and "D-4" as 0x04; 0x08 is no port.
+     * The serial line of the mask, likewise. Applications know the last two ports by other masks
+     * than they write: "D-3" by a second byte of 0x03 and "D-4" by 0x04; 0x08 is no port.
      */
     int serialLine() const;
 

@@ -61,14 +61,27 @@ Q_DECLARE_METATYPE(IOSelect)
  * | `protocoltype` | true    | `parameter` is hexadecimal text; false: plain (ASCII) text |
  * | `parameter`    | empty   | bytes to wait for, or the level of the IO line             |
  * | `events`       | empty   | events to run                                              |
- * | `instruction`  | empty   | free description; a unit keeps 32 UTF-16 code units        |
+ * | `instruction`  | empty   | free description, at most 32 UTF-16 code units             |
  *
  * The parameter of a serial trigger is the bytes to wait for. That of an IO trigger is one of the
  * texts "输入-高电平" (input, high level) and "输入-低电平" (input, low level).
  *
  * The events are items joined by ";", each with an event's id behind "ID:" and before ")".
  *
- * No value is validated. The record is a value: a copy has no parent. The properties are bound to
+ * Nothing is validated and nothing is cut when an entry is written; a read tests, and its first
+ * entry beyond a limit makes the whole read fail:
+ *
+ * - a parameter of more than 305 bytes: "触发数据超出最大范围，最多为316个字节！", by the 11 bytes
+ *   before it;
+ * - more than 128 events: "触发事件个数已超出最大个数，最大为128个事件！". Of 256 and more only the
+ * low 8 bits of the number are written;
+ * - a description of more than 32 UTF-16 code units, which are 64 bytes: "描述信息数长度有误！". Of
+ *   more than 127 only the low 8 bits of the length in bytes are written.
+ *
+ * A block has 512 bytes, which entries within the limits never exceed. A longer one is written
+ * whole and shifts the blocks behind it in the same write.
+ *
+ * The record is a value: a copy has no parent. The properties are bound to
  * the fields, with no notification. The record has no lock; copies may go to other threads.
  */
 class QUADRELBLL_EXPORT TriggerInfo : public QObject {

@@ -19,7 +19,7 @@
  * | `selectWeekly` | empty    | days of the week, one digit each, as 0110001            |
  * | `triggerTime`  | empty    | hour and minute joined by ":", as 08:05                 |
  * | `events`       | empty    | events to run                                           |
- * | `instruction`  | empty    | free description; a unit keeps 32 UTF-16 code units     |
+ * | `instruction`  | empty    | free description, at most 32 UTF-16 code units          |
  *
  * The week selection is a digit 0 or 1 for each day, the first for bit 0 of the unit's week byte
  * and so on. Which bit is which day is settled between the unit and the application. The events are
@@ -29,9 +29,20 @@
  * "20" and the number that follows, so that a year before 2010 lacks a digit. Its week selection
  * stops at the highest set bit and is "0" for no day at all.
  *
- * No text is validated here; what is sent to a unit must have the forms of the table. The record is
- * a value: a copy has no parent. The properties are bound to the fields, with no notification. The
- * record has no lock; copies may go to other threads.
+ * Nothing is validated and nothing is cut when an entry is written; a read tests, and its first
+ * entry beyond a limit makes the whole read fail:
+ *
+ * - more than 128 events: "触发事件个数已超出最大个数，最大为128个事件！". Of 256 and more only the
+ * low 8 bits of the number are written;
+ * - a description of more than 32 UTF-16 code units, which are 64 bytes: "描述信息数长度有误！". Of
+ *   more than 127 only the low 8 bits of the length in bytes are written.
+ *
+ * A block has 512 bytes, which entries within the limits never exceed. A longer one is written
+ * whole and shifts the blocks behind it in the same write.
+ *
+ * What is sent to a unit must have the forms of the table, which is not tested either. The record
+ * is a value: a copy has no parent. The properties are bound to the fields, with no notification.
+ * The record has no lock; copies may go to other threads.
  */
 class QUADRELBLL_EXPORT TriggerTimeInfo : public QObject {
     Q_OBJECT

@@ -469,22 +469,13 @@ bool UnPackage::readEventParameter(QString& error)
     return true;
 }
 
-/**
- * All triggers stand in front of all time triggers. With 256 and more triggers the entry's kind is
- * told by the low byte of their number only, as the unit counts them: an index then also asks for a
- * time trigger that there isn't.
- */
+/** All triggers stand in front of all time triggers. */
 QByteArray UnPackage::encodeTableEntry(int index)
 {
     const int triggers = m_triggerModel.size();
-    const int timeIndex = index - triggers;
-    QByteArray entry;
     if (index < triggers)
-        entry.append(PackageTrigger::createTriggerPackage(m_triggerModel.at(index)));
-    if ((triggers & 0xFF) <= index && timeIndex >= 0)
-        entry.append(
-            PackageTimeTrigger::createTimeTriggerPackage(m_timeTriggerModel.at(timeIndex)));
-    return entry;
+        return PackageTrigger::createTriggerPackage(m_triggerModel.at(index));
+    return PackageTimeTrigger::createTimeTriggerPackage(m_timeTriggerModel.at(index - triggers));
 }
 
 bool UnPackage::sendTrigger(QString& error)
@@ -594,7 +585,7 @@ bool UnPackage::sendReset(QString& error)
     const QByteArray command = PackageDevice::createResetPackage(m_retainIP);
     if (m_retainIP)
         return writeBlock(resetAddress, command, tr("配置参数"), error);
-    // A unit that gives up its address can't be relied on to answer from it.
+    // Applications know it so: a reply, if there is one, is not awaited.
     sendWrite(resetAddress, command);
     return true;
 }

@@ -50,6 +50,15 @@ Q_DECLARE_METATYPE(DataPackageType)
  * setError() and quitWaitDelay() from another thread. While an operation runs, call nothing else.
  * One operation runs at a time; nothing refuses a second one.
  *
+ * Every signal comes on the thread that runs the operation. Connect `signal_sendPackage` directly
+ * (Qt::DirectConnection): a receiver of the object's own thread would get a queued one only after
+ * the operation, which sleeps there meanwhile. The others may be queued; they are emitted before
+ * the slot returns.
+ *
+ * The reply buffer has no lock: the order of events alone protects it. Hand in one reply for each
+ * frame, and none after the exchange has timed out. A second or late one may be written while the
+ * operation reads the buffer, which is a data race.
+ *
  * **The wait** has no predicate. Any wake counts as a reply, and a reply that is handed in before
  * the operation sleeps wakes nobody: the exchange then times out. See setRecvPackage().
  *
@@ -86,7 +95,9 @@ public:
 
     /**
      * How many serial ports and IO lines the next read of the configuration asks for, 7 and 2 bytes
-     * each. 9 and 12 until told otherwise; not checked. Writes send what the model holds instead.
+     * each. 9 and 12 until told otherwise; not checked. The data length of a reply has 16 bits, so
+     * that none can answer a read of more than 65,535 bytes, which is 9,362 ports or 32,767 lines:
+     * it fails with "数据包长度与请求数据长度不一致！". Writes send what the model holds instead.
      */
     void setConfigNumber(int comNumber, int ioNumber);
     /** Places the events that sendEvent() writes. readEventParameter() appends to the same copy. */
@@ -110,7 +121,7 @@ public:
      * Places an upgrade. `first` is the streamed image, whose first 90 bytes are also the remark;
      * past its end the remark is filled with 0. `second` is the addressed image. `name` comes back
      * with `signal_finshedUpgrade`. A run consumes both images as it sends them: one that fails
-     * leaves the rest, which is of no use to a unit.
+     * leaves the rest: place both again before the next run.
      */
     void setUpgradePackage(QByteArray first, QByteArray second, QString name);
 
@@ -142,8 +153,11 @@ public:
 
     /**
      * Reads the device information block, 32 bytes at 0xF0000000, makes the unit the selected
-     * device and stores a new ModelManagement for it in the registry. The registry does not own it,
-     * and an earlier one is left behind. Emits `signal_updateDeviced`. Label: "回读设备信息".
+     * device and stores a new ModelManagement for it in the registry. Nothing in the library owns
+     * or deletes it; an earlier one is left behind. The application may delete that, on any thread,
+     * when no operation runs and it has no use for its models any more: ask
+     * DeviceManagerModel::getDeviceData() for the pointer before the read. Emits
+     * `signal_updateDeviced`. Label: "回读设备信息".
      */
     bool readDeviceParameter(QString& error);
     /**
@@ -159,8 +173,11 @@ public:
     bool readConfigParameter(QString& error);
     /**
      * Writes the count byte at 0xF0020000 and then the events, four to a write, 2048 bytes apart
-     * from 0xF0020001 on. Updates the registry and emits `signal_updateEvented`. The number of
-     * events is not limited; only its low 8 bits go out as the count. Label: "配置参数".
+     * from 0xF0020001 on. Updates the registry and emits `signal_updateEvented`. Label: "配置参数".
+     *
+     * Nothing is limited here, but a read is: 129 to 255 events read back as an empty table, and of
+     * 256 and more only the low 8 bits go out as the count. A block of more than 512 bytes shifts
+     * those behind it in the same write. See EventInfo for the limits of one event.
      */
     bool sendEvent(QString& error);
     /**
@@ -173,8 +190,12 @@ public:
      * Writes the count byte at 0xF0010000 and then all triggers and all time triggers behind them,
      * four to a write, 2048 bytes apart from 0xF0010001 on. A model that was not placed goes out as
      * it stands: an empty one leaves no entry of its kind on the unit. Updates the registry and
-     * emits `signal_updateTriggered`, then `signal_updateTimeTriggered`. The number of entries is
-     * not limited; only its low 8 bits go out as the count. Label: "配置参数".
+     * emits `signal_updateTriggered`, then `signal_updateTimeTriggered`. Label: "配置参数".
+     *
+     * Nothing is limited here, but a read is: 65 to 255 entries of both kinds together read back as
+     * an empty table, and of 256 and more only the low 8 bits go out as the count. A block of more
+     * than 512 bytes shifts those behind it in the same write. See TriggerInfo and TriggerTimeInfo
+     * for the limits of one entry.
      */
     bool sendTrigger(QString& error);
     /** The same as sendTrigger(): both kinds share one table. */
@@ -226,7 +247,7 @@ public:
     bool setBytesFromInt(QByteArray* bytes, int start, int length, int value, int* next);
     /**
      * Writes both images to the unit, at most 2048 bytes a frame, between the control words that
-     * the unit expects. Progress goes out by `signal_updateProgress` after each exchange. There is
+     * announce them. Progress goes out by `signal_updateProgress` after each exchange. There is
      * no resume: a failed upgrade starts over with setUpgradePackage(). After the last exchange
      * `signal_updateProgress` says "重连设备中"; the unit is not waited for. Label: "升级".
      */
@@ -249,7 +270,7 @@ Q_SIGNALS:
     void signal_readFinished(DeviceModel);
     /** Another operation is done; the selected device as it was when the operation began. */
     void signal_finshed(DeviceModel);
-    /** A frame to carry to the unit. */
+    /** A frame to carry to the unit. To be connected directly. */
     void signal_sendPackage(QByteArray package);
     /** `UpgradeDeviceType` is done; the name that was placed with the images. */
     void signal_finshedUpgrade(QString);

@@ -142,8 +142,10 @@ bool openFile(QFile& file, QIODevice::OpenMode mode)
 
 bool parse(QDomDocument& document, QFile& file, QString* error)
 {
-    return setContentGuarded(
-        document, file, {XmlFile::tr("XML嵌套层数过多！"), XmlFile::tr("XML实体过大！")}, error);
+    return setContentGuarded(document, file,
+        {XmlFile::tr("XML嵌套层数过多！"), XmlFile::tr("XML实体过大！"),
+            XmlFile::tr("XML节点过多！")},
+        error);
 }
 
 QDomElement appendFrame(QDomDocument& document)
@@ -328,13 +330,18 @@ void readSelector(const QDomNode& record, const TriggerWords& words, TriggerInfo
     }
 }
 
-// An empty text has one item too: an empty one.
+// An empty text has one item too: an empty one. A list of the items would fill many times as much.
 QString eventListFrom(const QString& text, const TriggerWords& words)
 {
-    QStringList items = text.split(QLatin1Char(';'), Qt::KeepEmptyParts);
-    for (QString& item : items)
-        item = words.eventOpening + item + words.eventClosing;
-    return items.join(QLatin1Char(';'));
+    const QString between = words.eventClosing + QLatin1Char(';') + words.eventOpening;
+    QString list = words.eventOpening;
+    for (const QChar c : text) {
+        if (c == QLatin1Char(';'))
+            list += between;
+        else
+            list += c;
+    }
+    return list + words.eventClosing;
 }
 
 TriggerInfo triggerFrom(

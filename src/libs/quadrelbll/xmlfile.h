@@ -42,6 +42,9 @@
  * - "XML嵌套层数过多！": the elements are nested deeper than 1,000 levels, the root being level 1
  * - "XML实体过大！": the file declares more than 256 entities, or they can make its text longer by
  *   more than 250,000 characters
+ * - "XML节点过多！": the file has more than 80,000 nodes and one for each 4 characters (an
+ * attribute counts as three, a reference to an entity that is not declared as two), more than 256
+ *   attributes at an element, or more than 256 notations and external entities
  * - the XML parser's message: the file is not well-formed XML
  * - "XML节点为空！": the parsed document is null
  *
