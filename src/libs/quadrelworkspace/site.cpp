@@ -348,8 +348,8 @@ private:
 std::optional<Replacement> intoEmptyList(
     const QByteArray& text, int keyStart, const QByteArray& lines)
 {
-    static const QRegularExpression list(
-        QStringLiteral("^(units[ \\t]*:)(?:[ \\t]*(?:\\[[ \\t]*\\]|~|null))?([ \\t]*(?:#.*)?)\\R?$"));
+    static const QRegularExpression list(QStringLiteral(
+        "^(units[ \\t]*:)(?:[ \\t]*(?:\\[[ \\t]*\\]|~|null))?([ \\t]*(?:#.*)?)\\R?$"));
     const int end = lineEnd(text, keyStart);
     const QRegularExpressionMatch match =
         list.match(QString::fromUtf8(text.mid(keyStart, end - keyStart)));
