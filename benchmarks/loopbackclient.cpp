@@ -2,14 +2,8 @@
 
 #include "kvprotocolparser.h"
 
-namespace {
-
-constexpr int timeout = 3000;
-
-} // namespace
-
 LoopbackClient::LoopbackClient(quint16 port)
-    : m_transport(&m_unPackage, {UnitAddress::Tcp, QStringLiteral("127.0.0.1"), port}, timeout)
+    : m_transport(&m_unPackage, {UnitAddress::Tcp, QStringLiteral("127.0.0.1"), port})
 {
     const auto fail = [](const QString& error) { qFatal("%s", qPrintable(error)); };
     QObject::connect(

@@ -3,6 +3,7 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/quadrelbll)
 install(EXPORT quadrelbllTargets NAMESPACE quadrelbll:: DESTINATION ${package_dir} COMPONENT Development)
+install(EXPORT quadrellinkTargets NAMESPACE quadrelbll:: DESTINATION ${package_dir} COMPONENT Development)
 configure_package_config_file(
     cmake/quadrelbllConfig.cmake.in ${PROJECT_BINARY_DIR}/quadrelbllConfig.cmake
     INSTALL_DESTINATION ${package_dir} PATH_VARS QUADRELBLL_TRANSLATIONS_DIR)
@@ -16,8 +17,10 @@ install(FILES
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH PC_TO_PREFIX /prefix/${pkgconfig_dir} /prefix)
 string(REGEX REPLACE "/$" "" PC_TO_PREFIX ${PC_TO_PREFIX})
-configure_file(cmake/quadrelbll.pc.in ${PROJECT_BINARY_DIR}/quadrelbll.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/quadrelbll.pc DESTINATION ${pkgconfig_dir} COMPONENT Development)
+foreach(library quadrelbll quadrellink)
+    configure_file(cmake/${library}.pc.in ${PROJECT_BINARY_DIR}/${library}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${library}.pc DESTINATION ${pkgconfig_dir} COMPONENT Development)
+endforeach()
 
 set(CPACK_PACKAGE_NAME quadrelbll)
 set(CPACK_PACKAGE_VENDOR "the quadrelbll developers")
@@ -40,10 +43,10 @@ set(conffiles ${PROJECT_BINARY_DIR}/package/conffiles)
 file(WRITE ${conffiles} "/usr/${QUADRELBLL_TOOLS_DIR}/configWidget.ini\n")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${conffiles})
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION
-    "The shared library, quadrelctl, which configures a control unit from the
+    "The shared libraries, quadrelctl, which configures a control unit from the
  command line, and quadrelsim, a simulated control unit.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME quadrelbll-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "quadrelbll (= ${PROJECT_VERSION}), qtbase5-dev (>= 5.15)")
-set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Headers, and what CMake and pkg-config need to link against the library.")
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "Headers, and what CMake and pkg-config need to link against the libraries.")
 include(CPack)

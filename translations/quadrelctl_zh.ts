@@ -13,53 +13,6 @@
     </message>
 </context>
 <context>
-    <name>UnitTransport</name>
-    <message>
-        <source>%1 closed the connection in the middle of a reply</source>
-        <translation>%1 在应答中途关闭了连接</translation>
-    </message>
-    <message>
-        <source>%1: no such host</source>
-        <translation>%1：没有这台主机</translation>
-    </message>
-    <message>
-        <source>%1 does not answer</source>
-        <translation>%1 没有应答</translation>
-    </message>
-    <message>
-        <source>%1: interrupted</source>
-        <translation>%1：已中断</translation>
-    </message>
-    <message>
-        <source>%1 closed the connection without an answer</source>
-        <translation>%1 没有应答就关闭了连接</translation>
-    </message>
-    <message>
-        <source>%1 refused the connection</source>
-        <translation>%1 拒绝了连接</translation>
-    </message>
-    <message>
-        <source>%1 reset the connection</source>
-        <translation>%1 重置了连接</translation>
-    </message>
-    <message>
-        <source>%1 can&apos;t be reached</source>
-        <translation>无法到达 %1</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1：%2</translation>
-    </message>
-    <message>
-        <source>%1 sent a damaged reply: its checksum is wrong</source>
-        <translation>%1 的应答已损坏：校验和不符</translation>
-    </message>
-    <message>
-        <source>%1 sent something that is no reply of a unit</source>
-        <translation>%1 发来的不是设备的应答</translation>
-    </message>
-</context>
-<context>
     <name>quadrelctl</name>
     <message>
         <source>%1 is no subnet mask for a unit</source>
@@ -694,38 +647,8 @@
 </translation>
     </message>
     <message>
-        <source>%1 did not confirm its new address</source>
-        <translation>%1 没有确认新地址</translation>
-    </message>
-    <message>
         <source>interrupted</source>
         <translation>已中断</translation>
-    </message>
-    <message>
-        <source>device information read</source>
-        <translation>已读取设备信息</translation>
-    </message>
-    <message>
-        <source>serial ports and IO lines read</source>
-        <translation>已读取串口和 IO 线路</translation>
-    </message>
-    <message>
-        <source>events read</source>
-        <translation>已读取事件</translation>
-    </message>
-    <message>
-        <source>triggers read</source>
-        <translation>已读取触发</translation>
-    </message>
-    <message>
-        <source>time triggers read</source>
-        <translation>已读取定时触发</translation>
-    </message>
-    <message>
-        <source>
-(Communication/timeout in configWidget.ini is missing or 0: no unit can answer in that time)</source>
-        <translation>
-（configWidget.ini 中的 Communication/timeout 缺失或为 0：没有设备能在此时间内应答）</translation>
     </message>
     <message>
         <source>%1: the section &quot;%2&quot; is missing or empty</source>
@@ -918,6 +841,20 @@ The unit may hold some of the new records beside old ones.</source>
     <message>
         <source>--unit is missing: the address of the unit, as in --unit 192.168.1.10 (&quot;quadrelctl discover&quot; lists the units of the network)</source>
         <translation>缺少 --unit：设备的地址，例如 --unit 192.168.1.10（“quadrelctl discover” 列出网络上的设备）</translation>
+    </message>
+    <message>
+        <source>interrupts can&apos;t be watched: %1</source>
+        <translation>无法监视中断信号：%1</translation>
+    </message>
+    <message>
+        <source>
+(Communication/timeout in configWidget.ini is 0: no unit can answer in that time)</source>
+        <translation>
+（configWidget.ini 中的 Communication/timeout 为 0：没有设备能在此时间内应答）</translation>
+    </message>
+    <message>
+        <source>Reconnecting to the device</source>
+        <translation>正在重新连接设备</translation>
     </message>
 </context>
 </TS>

@@ -38,6 +38,12 @@ ControlUnit::ControlUnit(const UnitSettings& settings)
     m_memory.write(Address::ioLines, lines);
 }
 
+void ControlUnit::setMemoryLimit(qint64 bytes)
+{
+    m_memory.setLimit(bytes);
+    m_upgrade.setLimit(bytes);
+}
+
 UnitSettings ControlUnit::settings() const
 {
     UnitSettings settings = UnitSettings::fromInformationBlock(
@@ -76,6 +82,9 @@ QByteArray ControlUnit::read(quint32 address, int length) const
 UnitAnswer ControlUnit::write(const UnitFrame& request)
 {
     UnitAnswer answer;
+    answer.refusal = refusal(request);
+    if (!answer.refusal.isEmpty())
+        return answer;
     answer.reply = UnitFrame::replyTo(request);
     writeMemory(request.address, request.payload, answer);
 
@@ -91,6 +100,17 @@ UnitAnswer ControlUnit::write(const UnitFrame& request)
         break;
     }
     return answer;
+}
+
+QString ControlUnit::refusal(const UnitFrame& request) const
+{
+    if (UnitUpgrade::isImage(request.address)
+        || m_memory.hasRoomFor(request.address, request.payload.size()))
+        return QString();
+    return QStringLiteral("a write of %1 bytes at 0x%2 is over the memory limit of %3 bytes")
+        .arg(request.payload.size())
+        .arg(request.address, 8, 16, QLatin1Char('0'))
+        .arg(m_memory.limit());
 }
 
 void ControlUnit::writeMemory(quint32 address, const QByteArray& data, UnitAnswer& answer)

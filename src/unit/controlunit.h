@@ -23,13 +23,15 @@ struct UnitAnswer {
     bool upgraded = false;
     /** Something that the owner of the unit should know, or an empty text. */
     QString notice;
+    /** Why the unit does not take the request and gives no reply, or an empty text. */
+    QString refusal;
 };
 
 /**
  * A control unit without its sockets: memory, and the places in memory that do something.
  *
- * A request is answered at once and always; what a request asks for beyond the memory shows in the
- * answer and is the server's work.
+ * A request is answered at once, unless it asks for more memory than there may be; what a request
+ * asks for beyond the memory shows in the answer and is the server's work.
  */
 class ControlUnit {
 public:
@@ -37,6 +39,9 @@ public:
     explicit ControlUnit(const UnitSettings& settings = UnitSettings());
 
     UnitAnswer answer(const UnitFrame& request);
+
+    /** Bytes that the memory may take, and as many that the images of an upgrade may. */
+    void setMemoryLimit(qint64 bytes);
 
     UnitMemory& memory() { return m_memory; }
     const UnitMemory& memory() const { return m_memory; }
@@ -55,6 +60,7 @@ public:
 private:
     QByteArray read(quint32 address, int length) const;
     UnitAnswer write(const UnitFrame& request);
+    QString refusal(const UnitFrame& request) const;
     void writeMemory(quint32 address, const QByteArray& data, UnitAnswer& answer);
     void writeInformation(quint32 address, const QByteArray& data, UnitAnswer& answer);
     void writeClock(quint32 address, const QByteArray& data, UnitAnswer& answer);

@@ -18,6 +18,11 @@ UnitFrameReader::UnitFrameReader(Direction direction)
 
 void UnitFrameReader::feed(const QByteArray& bytes)
 {
+    // Moving the rest after each frame would take a time that grows with the square of the bytes.
+    if (m_start > m_buffer.size() / 2) {
+        m_buffer.remove(0, m_start);
+        m_start = 0;
+    }
     m_buffer.append(bytes);
 }
 
@@ -25,13 +30,13 @@ std::optional<UnitFrame> UnitFrameReader::next()
 {
     if (!isBroken())
         m_error = headError();
-    if (isBroken() || m_buffer.size() < headSize)
+    if (isBroken() || pendingBytes() < headSize)
         return std::nullopt;
 
-    const char* bytes = m_buffer.constData();
+    const char* bytes = pending();
     const int payloadSize =
         static_cast<int>(qFromLittleEndian<quint32>(bytes + payloadLengthOffset));
-    if (m_buffer.size() < headSize + payloadSize + trailerSize)
+    if (pendingBytes() < headSize + payloadSize + trailerSize)
         return std::nullopt;
 
     UnitFrame frame;
@@ -39,32 +44,32 @@ std::optional<UnitFrame> UnitFrameReader::next()
     frame.label = static_cast<quint8>(bytes[labelOffset]);
     frame.address = qFromLittleEndian<quint32>(bytes + addressOffset);
     frame.dataLength = qFromLittleEndian<quint16>(bytes + dataLengthOffset);
-    frame.payload = m_buffer.mid(payloadOffset, payloadSize);
+    frame.payload = QByteArray(bytes + payloadOffset, payloadSize);
     m_error = checkError(frame);
     if (isBroken())
         return std::nullopt;
 
-    m_buffer.remove(0, headSize + payloadSize + trailerSize);
+    m_start += headSize + payloadSize + trailerSize;
     return frame;
 }
 
 // A bad head is told as soon as its bytes are there: the rest of garbage may never come.
 QString UnitFrameReader::headError() const
 {
-    const int magicSize = std::min(m_buffer.size(), static_cast<int>(sizeof(magic)));
-    if (!std::equal(magic, magic + magicSize, m_buffer.begin()))
+    const char* bytes = pending();
+    const int magicSize = std::min(pendingBytes(), static_cast<int>(sizeof(magic)));
+    if (!std::equal(magic, magic + magicSize, bytes))
         return QStringLiteral("the bytes do not begin as a frame does");
-    if (m_buffer.size() <= kindOffset)
+    if (pendingBytes() <= kindOffset)
         return QString();
 
-    const quint8 kind = static_cast<quint8>(m_buffer.at(kindOffset));
+    const quint8 kind = static_cast<quint8>(bytes[kindOffset]);
     if (!isExpectedKind(kind))
         return QStringLiteral("unknown kind of frame 0x%1").arg(kind, 2, 16, QLatin1Char('0'));
-    if (m_buffer.size() < addressOffset)
+    if (pendingBytes() < addressOffset)
         return QString();
 
-    const quint32 payloadSize =
-        qFromLittleEndian<quint32>(m_buffer.constData() + payloadLengthOffset);
+    const quint32 payloadSize = qFromLittleEndian<quint32>(bytes + payloadLengthOffset);
     if (payloadSize > maximumPayload)
         return QStringLiteral("a payload of %1 bytes is over the limit of %2")
             .arg(payloadSize)
@@ -75,7 +80,7 @@ QString UnitFrameReader::headError() const
 QString UnitFrameReader::checkError(const UnitFrame& frame) const
 {
     const int checkedSize = headSize + frame.payload.size();
-    const char* bytes = m_buffer.constData();
+    const char* bytes = pending();
     const quint16 expected = checksum(bytes, checkedSize);
     const quint16 found = qFromLittleEndian<quint16>(bytes + checkedSize);
     if (found != expected)

@@ -29,7 +29,7 @@ public:
     /** Why the reader is broken, or an empty text. */
     QString error() const { return m_error; }
     /** Bytes that were fed and belong to no frame handed out so far. */
-    int pendingBytes() const { return m_buffer.size(); }
+    int pendingBytes() const { return m_buffer.size() - m_start; }
 
     /** The one request that a datagram is; or nothing, and the reason in `error`. */
     static std::optional<UnitFrame> datagram(const QByteArray& bytes, QString* error);
@@ -39,8 +39,12 @@ private:
     QString checkError(const UnitFrame& frame) const;
     bool isExpectedKind(quint8 kind) const;
 
+    const char* pending() const { return m_buffer.constData() + m_start; }
+
     Direction m_direction;
     QByteArray m_buffer;
+    /** Where in the buffer the bytes begin that belong to no frame handed out so far. */
+    int m_start = 0;
     QString m_error;
 };
 

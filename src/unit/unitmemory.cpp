@@ -34,12 +34,25 @@ QByteArray UnitMemory::read(quint32 address, int length) const
     return bytes;
 }
 
-void UnitMemory::write(quint32 address, const QByteArray& bytes)
+bool UnitMemory::hasRoomFor(quint32 address, int length) const
 {
+    qint64 missing = 0;
+    visitPages(address, length, [&](quint32 page, int, int, int) {
+        if (m_pages.find(page) == m_pages.end())
+            missing += pageSize;
+    });
+    return size() + missing <= m_limit;
+}
+
+bool UnitMemory::write(quint32 address, const QByteArray& bytes)
+{
+    if (!hasRoomFor(address, bytes.size()))
+        return false;
     visitPages(address, bytes.size(), [&](quint32 page, int offset, int position, int count) {
         QByteArray& stored = m_pages.try_emplace(page, pageSize, '\0').first->second;
         std::copy_n(bytes.constData() + position, count, stored.data() + offset);
     });
+    return true;
 }
 
 QList<quint32> UnitMemory::pages() const

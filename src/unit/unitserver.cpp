@@ -1,25 +1,24 @@
 #include "unitserver.h"
 
+#include "unitconnection.h"
 #include "unitendpoint.h"
 
 #include <QtCore/QPointer>
-#include <QtNetwork/QNetworkDatagram>
-#include <QtNetwork/QTcpSocket>
 
-#include <memory>
+#include <algorithm>
 
 namespace QuadrelUnit {
 
 namespace {
 
-void sendBytes(QTcpSocket* connection, const UnitDelivery& delivery)
+constexpr int portRetryMilliseconds = 100;
+
+int sizeOf(const UnitDelivery& delivery)
 {
+    int size = 0;
     for (const QByteArray& piece : delivery.pieces)
-        connection->write(piece);
-    // Not at the event loop's next turn: the other side waits for it.
-    connection->flush();
-    if (delivery.closes)
-        connection->disconnectFromHost();
+        size += piece.size();
+    return size;
 }
 
 } // namespace
@@ -31,15 +30,18 @@ UnitServer::UnitServer(ControlUnit* unit, QObject* parent)
     qRegisterMetaType<UnitFrame>("QuadrelUnit::UnitFrame");
     m_restart.setSingleShot(true);
     connect(&m_restart, &QTimer::timeout, this, &UnitServer::comeBack);
-    connect(&m_tcp, &QTcpServer::newConnection, this, &UnitServer::takeConnections);
-    connect(&m_udp, &QUdpSocket::readyRead, this, &UnitServer::takeDatagrams);
+    connect(&m_tcp, &UnitListener::requested, this, &UnitServer::serveConnection);
+    connect(&m_tcp, &UnitListener::refused, this, &UnitServer::refused);
+    connect(&m_tcp, &UnitListener::notice, this, &UnitServer::notice);
+    connect(&m_udp, &UnitDatagrams::requested, this, &UnitServer::serveDatagram);
+    connect(&m_udp, &UnitDatagrams::refused, this, &UnitServer::refused);
 }
 
-UnitServer::~UnitServer()
+void UnitServer::setLatency(int milliseconds, int jitter, quint32 seed)
 {
-    // The connections end with the server, and would tell it so in the midst of its own end.
-    for (QTcpSocket* connection : qAsConst(m_connections))
-        connection->disconnect(this);
+    m_latency = milliseconds;
+    m_jitter = jitter;
+    m_random.seed(seed);
 }
 
 bool UnitServer::listen(const QHostAddress& address, quint16 port, QString* error)
@@ -47,7 +49,7 @@ bool UnitServer::listen(const QHostAddress& address, quint16 port, QString* erro
     if (!open(address, port, error))
         return false;
     m_address = address;
-    m_port = m_tcp.serverPort();
+    m_port = m_tcp.port();
     return true;
 }
 
@@ -66,97 +68,56 @@ bool UnitServer::open(const QHostAddress& address, quint16 port, QString* error)
 
 bool UnitServer::openOnce(const QHostAddress& address, quint16 port, QString* error)
 {
-    if (!m_tcp.listen(address, port)) {
-        *error = m_tcp.errorString();
+    if (!m_tcp.listen(address, port, error))
         return false;
-    }
-    if (m_udp.bind(address, m_tcp.serverPort(), QAbstractSocket::DontShareAddress))
+    if (m_udp.listen(address, m_tcp.port(), error))
         return true;
-    *error = m_udp.errorString();
-    m_udp.close();
     m_tcp.close();
     return false;
 }
 
-void UnitServer::takeConnections()
+void UnitServer::serveConnection(const UnitFrame& request, UnitConnection* connection)
 {
-    while (QTcpSocket* connection = m_tcp.nextPendingConnection()) {
-        connection->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        m_connections.append(connection);
-        const auto reader = std::make_shared<UnitFrameReader>();
-        const QString peer = QStringLiteral("tcp ")
-            + endpointText(connection->peerAddress(), connection->peerPort());
-        connect(connection, &QTcpSocket::readyRead, this,
-            [this, connection, reader, peer] { takeBytes(connection, *reader, peer); });
-        connect(connection, &QTcpSocket::disconnected, this, [this, connection] {
-            m_connections.removeOne(connection);
-            connection->deleteLater();
-        });
-    }
-}
-
-void UnitServer::takeBytes(QTcpSocket* connection, UnitFrameReader& reader, const QString& peer)
-{
-    reader.feed(connection->readAll());
-    const QPointer<QTcpSocket> guard(connection);
-    const Send send = [guard](const UnitDelivery& delivery) {
-        if (guard && guard->state() == QAbstractSocket::ConnectedState)
-            sendBytes(guard, delivery);
+    const QPointer<UnitConnection> guard(connection);
+    const auto send = [guard](const UnitDelivery& delivery) {
+        if (guard)
+            guard->send(delivery);
     };
-    while (connection->state() == QAbstractSocket::ConnectedState) {
-        const std::optional<UnitFrame> request = reader.next();
-        if (!request)
-            break;
-        serve(*request, peer, send);
-    }
-    if (reader.isBroken() && connection->state() == QAbstractSocket::ConnectedState) {
-        emit refused(QStringLiteral("%1: %2; connection dropped").arg(peer, reader.error()));
-        connection->abort();
-    }
-}
-
-void UnitServer::takeDatagrams()
-{
-    // A request may have closed the socket: then the unit is down.
-    while (isUp() && m_udp.hasPendingDatagrams()) {
-        const QNetworkDatagram datagram = m_udp.receiveDatagram();
-        const QHostAddress address = datagram.senderAddress();
-        const auto port = static_cast<quint16>(datagram.senderPort());
-        const QString peer = QStringLiteral("udp ") + endpointText(address, port);
-        QString error;
-        const std::optional<UnitFrame> request = UnitFrameReader::datagram(datagram.data(), &error);
-        if (!request) {
-            emit refused(QStringLiteral("%1: %2; datagram dropped").arg(peer, error));
-            continue;
-        }
-        serve(*request, peer, [this, address, port](const UnitDelivery& delivery) {
-            sendDatagrams(address, port, delivery);
-        });
-    }
-}
-
-void UnitServer::sendDatagrams(
-    const QHostAddress& address, quint16 port, const UnitDelivery& delivery)
-{
-    if (!isUp())
+    const auto addLateBytes = [guard](int bytes) {
+        if (guard)
+            guard->addLateBytes(bytes);
+    };
+    const QString peer = connection->peer();
+    const QString refusal = serve(request, peer, {send, addLateBytes});
+    if (refusal.isEmpty())
         return;
-    for (const QByteArray& piece : delivery.pieces) {
-        if (m_udp.writeDatagram(piece, address, port) < 0)
-            emit refused(QStringLiteral("udp %1: a reply of %2 bytes did not go out: %3")
-                             .arg(endpointText(address, port))
-                             .arg(piece.size())
-                             .arg(m_udp.errorString()));
-    }
+    connection->drop();
+    emit refused(QStringLiteral("%1: %2; connection dropped").arg(peer, refusal));
 }
 
-void UnitServer::serve(const UnitFrame& request, const QString& peer, const Send& send)
+void UnitServer::serveDatagram(const UnitFrame& request, const QHostAddress& address, quint16 port)
+{
+    const auto send = [this, address, port](
+                          const UnitDelivery& delivery) { m_udp.send(address, port, delivery); };
+    const auto addLateBytes = [this](int bytes) { m_udp.addLateBytes(bytes); };
+    const QString peer = QStringLiteral("udp ") + endpointText(address, port);
+    const QString refusal = serve(request, peer, {send, addLateBytes});
+    if (!refusal.isEmpty())
+        emit refused(QStringLiteral("%1: %2; datagram dropped").arg(peer, refusal));
+}
+
+/** The reason why the unit does not take the request, or an empty text. */
+QString UnitServer::serve(const UnitFrame& request, const QString& peer, const Route& route)
 {
     const std::optional<UnitFault> fault = m_faults.next();
     if (fault && fault->losesRequest()) {
         emit served(request, peer, fault->name());
-        return;
+        return QString();
     }
     const UnitAnswer answer = m_unit->answer(request);
+    if (!answer.refusal.isEmpty())
+        return answer.refusal;
+
     const UnitDelivery delivery = m_faults.deliver(answer.reply, fault);
     emit served(request, peer, delivery.fault);
     if (!answer.notice.isEmpty())
@@ -165,35 +126,44 @@ void UnitServer::serve(const UnitFrame& request, const QString& peer, const Send
         emit changed();
     if (answer.upgraded)
         emit upgraded();
+    deliver(delivery, answer.restarts, route);
+    return QString();
+}
 
-    if (delivery.delay == 0) {
-        finish(delivery, answer.restarts, send);
+void UnitServer::deliver(const UnitDelivery& delivery, bool restarts, const Route& route)
+{
+    const auto finish = [this, delivery, restarts, route] {
+        route.send(delivery);
+        if (restarts)
+            goDown();
+    };
+    if (m_latency == 0 && m_jitter == 0 && delivery.delay == 0) {
+        finish();
         return;
     }
-    QTimer::singleShot(delivery.delay, this,
-        [this, delivery, restarts = answer.restarts, send] { finish(delivery, restarts, send); });
+    constexpr qint64 nanosecondsInOne = 1000000;
+    const int size = sizeOf(delivery);
+    route.addLateBytes(size);
+    m_schedule.callAt(nextDue() + delivery.delay * nanosecondsInOne, [size, route, finish] {
+        route.addLateBytes(-size);
+        finish();
+    });
 }
 
-void UnitServer::finish(const UnitDelivery& delivery, bool restarts, const Send& send)
+/** When the reply to a request of this moment goes out, never ahead of an earlier one. */
+qint64 UnitServer::nextDue()
 {
-    send(delivery);
-    if (restarts)
-        goDown();
-}
-
-bool UnitServer::isUp() const
-{
-    return m_udp.state() == QAbstractSocket::BoundState;
+    constexpr qint64 nanosecondsInOne = 1000000;
+    const qint64 jitter = m_random.bounded(m_jitter + 1);
+    const qint64 due = m_schedule.now() + (m_latency + jitter) * nanosecondsInOne;
+    m_lastDue = std::max(m_lastDue, due);
+    return m_lastDue;
 }
 
 void UnitServer::goDown()
 {
     m_tcp.close();
     m_udp.close();
-    // What is written already still goes out before each connection ends.
-    const QList<QTcpSocket*> connections = m_connections;
-    for (QTcpSocket* connection : connections)
-        connection->disconnectFromHost();
     m_restart.start(m_restartTime);
     emit wentDown();
 }
@@ -201,17 +171,18 @@ void UnitServer::goDown()
 void UnitServer::comeBack()
 {
     // Whoever did not read the last reply in all this time loses it.
-    const QList<QTcpSocket*> connections = m_connections;
-    for (QTcpSocket* connection : connections)
-        connection->abort();
+    m_tcp.dropConnections();
 
     QString error;
-    if (!open(m_address, m_port, &error)) {
-        emit notice(error + QStringLiteral("; trying again"));
-        m_restart.start(m_restartTime);
+    if (open(m_address, m_port, &error)) {
+        m_toldOfFailedRestart = false;
+        emit cameBack();
         return;
     }
-    emit cameBack();
+    if (!m_toldOfFailedRestart)
+        emit notice(error + QStringLiteral("; trying again"));
+    m_toldOfFailedRestart = true;
+    m_restart.start(portRetryMilliseconds);
 }
 
 } // namespace QuadrelUnit

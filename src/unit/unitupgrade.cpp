@@ -93,6 +93,10 @@ UnitUpgrade::Outcome UnitUpgrade::begin(const QByteArray& data)
     if (data.size() != 4)
         return breakOff(QStringLiteral("a length word of %1 bytes").arg(data.size()));
     m_totalSize = qFromLittleEndian<quint32>(data.constData());
+    if (m_totalSize > m_limit)
+        return breakOff(QStringLiteral("an upgrade of %1 bytes is over the limit of %2")
+                            .arg(m_totalSize)
+                            .arg(m_limit));
     m_addressedSize = 0;
     m_step = Position;
     if (!cutsOff)

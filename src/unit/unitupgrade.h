@@ -27,6 +27,11 @@ public:
         Complete
     };
 
+    static constexpr qint64 defaultLimit = 64 * 1024 * 1024;
+
+    /** The most that both images may have together, in bytes. */
+    void setLimit(qint64 bytes) { m_limit = bytes; }
+
     Outcome write(quint32 address, const QByteArray& data);
 
     QString problem() const { return m_problem; }
@@ -68,6 +73,7 @@ private:
     quint32 streamedSize() const { return m_totalSize - m_addressedSize; }
 
     Step m_step = Length;
+    qint64 m_limit = defaultLimit;
     quint32 m_totalSize = 0;
     quint32 m_addressedSize = 0;
     QByteArray m_addressed;

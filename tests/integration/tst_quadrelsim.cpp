@@ -6,8 +6,13 @@
 #include "unitsettings.h"
 #include "upgradewrites.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
 #include <QtNetwork/QNetworkDatagram>
+#include <QtNetwork/QTcpServer>
 #include <QtNetwork/QTcpSocket>
 #include <QtNetwork/QUdpSocket>
 #include <QtTest/QtTest>
@@ -92,6 +97,21 @@ private slots:
     void refusesWrongUsage();
     void cannotTakeAPortTwice();
     void refusesGarbage();
+    void tellsOfTenRefusalsASecond();
+    void servesOnWithoutAReaderOfItsErrors_data();
+    void servesOnWithoutAReaderOfItsErrors();
+    void limitsItsConnections();
+    void dropsIdleConnections();
+    void limitsItsMemory();
+    void repliesLate();
+    void servesManyUnits();
+    void servesAThousandUnits();
+    void numbersUnitsOnPortsOfTheirOwn();
+    void keepsAMemoryForEachUnit();
+    void makesFaultsInSomeUnits();
+    void namesTheUnitThatTells();
+    void needsEnoughOpenFiles();
+    void refusesAMemoryInUse();
     void tellsEachRequest();
     void servesTheSample();
     void keepsItsMemory();
@@ -105,6 +125,9 @@ private slots:
     void answersSearches();
     void answersSearchesOddly();
     void cannotAnswerSearchesEverywhere();
+
+private:
+    const QTemporaryDir m_directory;
 };
 
 void TestQuadrelsim::servesItsInformation()
@@ -225,6 +248,30 @@ void TestQuadrelsim::refusesWrongUsage_data()
                            << "\"melt@1\" is no fault";
     QTest::newRow("second fault") << "--fault drop@1 --fault melt@1"
                                   << "\"melt@1\" is no fault";
+    QTest::newRow("fault of no unit") << "--fault 2:drop@1"
+                                      << "\"2:drop@1\": units are numbered from 1 to 1";
+    QTest::newRow("fault of unit 0") << "--count 3 --fault 0:drop@1"
+                                     << "\"0:drop@1\": units are numbered from 1 to 3";
+    QTest::newRow("fault of units beyond") << "--count 3 --fault 2-4:drop@1"
+                                           << "\"2-4:drop@1\": units are numbered from 1 to 3";
+    QTest::newRow("fault of units in reverse") << "--count 3 --fault 3-2:drop@1"
+                                               << "\"3-2:drop@1\": units are numbered";
+    QTest::newRow("fault of a unit") << "--count 3 --fault 2:melt@1"
+                                     << "\"melt@1\" is no fault";
+    QTest::newRow("count") << "--count 0"
+                           << "0 not in range 1 to 10000";
+    QTest::newRow("count and port") << "--count 3 --port 65534"
+                                    << "3 units do not fit between port 65534 and 65535";
+    QTest::newRow("connections") << "--max-connections 0"
+                                 << "0 not in range 1 to 10000";
+    QTest::newRow("idle time") << "--idle-timeout -1"
+                               << "-1 not in range 0 to 86400000";
+    QTest::newRow("memory") << "--max-memory 0"
+                            << "0 not in range 1 to 1024";
+    QTest::newRow("latency") << "--latency -1"
+                             << "-1 not in range 0 to 3600000";
+    QTest::newRow("jitter") << "--jitter x"
+                            << "x not in range 0 to 3600000";
     QTest::newRow("seed") << "--seed x"
                           << "x";
     QTest::newRow("discovery address") << "--discovery-listen x"
@@ -271,6 +318,278 @@ void TestQuadrelsim::refusesGarbage()
         QStringLiteral("the bytes do not begin as a frame does; connection dropped\n")));
     Client other(port);
     QCOMPARE(other.read(0xF0000000, 32), UnitSettings().informationBlock());
+}
+
+void TestQuadrelsim::tellsOfTenRefusalsASecond()
+{
+    constexpr int refusals = 200;
+    Simulator simulator;
+    const quint16 port = simulator.port();
+    QUdpSocket client;
+    for (int i = 0; i < refusals; ++i)
+        client.writeDatagram("garbage", QHostAddress::LocalHost, port);
+    QVERIFY(simulator.waitForError(QStringLiteral(" more of the like in this second\n")));
+    int told = 0;
+    int keptBack = 0;
+    const QRegularExpression summary(
+        QStringLiteral("^quadrelsim: (\\d+) more of the like in this second$"));
+    // All of it may take more than a second on a busy machine.
+    const auto count = [&] {
+        told = 0;
+        keptBack = 0;
+        const QStringList lines = simulator.errors().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (const QString& line : lines) {
+            const QRegularExpressionMatch match = summary.match(line);
+            if (match.hasMatch())
+                keptBack += match.captured(1).toInt();
+            else
+                told += line.endsWith(QStringLiteral("; datagram dropped")) ? 1 : 1000;
+        }
+        return told + keptBack;
+    };
+    TRY_COMPARE(count(), refusals);
+    QVERIFY(told >= 10);
+    QVERIFY(told < refusals / 2);
+}
+
+void TestQuadrelsim::servesOnWithoutAReaderOfItsErrors_data()
+{
+    QTest::addColumn<QString>("preparation");
+    QTest::addColumn<QString>("redirection");
+    QTest::newRow("closed") << ":"
+                            << "2>&-";
+    QTest::newRow("input closed, too") << ":"
+                                       << "0<&- 2>&-";
+    QTest::newRow("a reader that is gone") << ":"
+                                           << "2> >(exec true)";
+    QTest::newRow("a reader that does not read") << "mkfifo $0/pipe; exec 3<>$0/pipe"
+                                                 << "2>&3";
+}
+
+void TestQuadrelsim::servesOnWithoutAReaderOfItsErrors()
+{
+    QFETCH(QString, preparation);
+    QFETCH(QString, redirection);
+    Program shell;
+    QVERIFY(shell.launch(QStringLiteral("bash"),
+        {QStringLiteral("-c"),
+            QStringLiteral("%1; exec " QUADRELSIM_PATH " --port 0 --verbose %2")
+                .arg(preparation, redirection),
+            m_directory.path()}));
+    const QByteArray beginning = "listening on 127.0.0.1:";
+    Client client(shell.waitForLine(beginning).mid(beginning.size()).toUShort());
+    // Each request is told in a line of some 60 bytes, and a pipe takes 64 KiB.
+    for (int i = 0; i < 3000; ++i)
+        QCOMPARE(client.read(0xF0000000, 32), UnitSettings().informationBlock());
+    QCOMPARE(shell.stop(SIGTERM), 0);
+}
+
+void TestQuadrelsim::limitsItsConnections()
+{
+    Simulator simulator(words("--max-connections 1"));
+    const quint16 port = simulator.port();
+    Client first(port);
+    QCOMPARE(first.read(0xF0000000, 32), UnitSettings().informationBlock());
+    Client second(port);
+    QVERIFY(second.waitForClosed());
+    QVERIFY(simulator.waitForError(QStringLiteral(
+        "quadrelsim: 1 clients are connected; further ones are refused until one of them "
+        "leaves\n")));
+    QCOMPARE(first.read(0xF0000000, 32), UnitSettings().informationBlock());
+}
+
+void TestQuadrelsim::dropsIdleConnections()
+{
+    Simulator simulator(words("--idle-timeout 1"));
+    Client client(simulator.port());
+    QVERIFY(client.waitForClosed());
+    QVERIFY(simulator.waitForError(QStringLiteral("idle for 1 ms; connection dropped\n")));
+}
+
+void TestQuadrelsim::limitsItsMemory()
+{
+    Simulator simulator(words("--max-memory 1"));
+    const quint16 port = simulator.port();
+    Client client(port);
+    int written = 0;
+    // A byte in each page takes the whole page.
+    while (written < 1000 && client.write(0x10000000 + static_cast<quint32>(written) * 4096, "x"))
+        ++written;
+    // A page for the information block, and one for ports and lines.
+    QCOMPARE(written, 256 - 2);
+    QVERIFY(client.waitForClosed());
+    QVERIFY(simulator.waitForError(
+        QStringLiteral(": a write of 1 bytes at 0x100fe000 is over the memory limit of 1048576 "
+                       "bytes; connection dropped\n")));
+    Client again(port);
+    QCOMPARE(again.read(0x10000000, 1), QByteArray("x"));
+}
+
+void TestQuadrelsim::repliesLate()
+{
+    Simulator simulator(words("--latency 30 --jitter 5"));
+    Client client(simulator.port());
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(client.read(0xF0000000, 32), UnitSettings().informationBlock());
+    QVERIFY(clock.elapsed() >= 30);
+}
+
+void TestQuadrelsim::servesManyUnits()
+{
+    constexpr int units = 3;
+    Simulator simulator(words("--count 3 --serial 500 --discovery-listen 127.0.0.1 "
+                              "--discovery-port 0 --max-connections 1"));
+    QSet<quint16> ports;
+    std::vector<std::unique_ptr<Client>> clients;
+    for (quint64 i = 0; i < units; ++i) {
+        const quint16 port = simulator.port();
+        QVERIFY(port != 0);
+        ports.insert(port);
+        UnitSettings settings;
+        settings.serialNumber = 500 + i;
+        // Each unit has its own client, and room for no other.
+        clients.push_back(std::make_unique<Client>(port));
+        QCOMPARE(clients.back()->read(0xF0000000, 32), settings.informationBlock());
+    }
+    QCOMPARE(ports.size(), units);
+    for (quint64 i = 0; i < units; ++i)
+        ports.insert(simulator.port("answering searches on 127.0.0.1:"));
+    QCOMPARE(ports.size(), 2 * units);
+
+    // What is written to one is not on the others.
+    QVERIFY(clients[1]->write(0xF0020000, "\x07"));
+    QCOMPARE(clients[0]->read(0xF0020000, 1), QByteArray(1, '\0'));
+    QCOMPARE(clients[1]->read(0xF0020000, 1), QByteArray("\x07"));
+    QCOMPARE(clients[2]->read(0xF0020000, 1), QByteArray(1, '\0'));
+}
+
+void TestQuadrelsim::servesAThousandUnits()
+{
+    constexpr int units = 1000;
+    Simulator simulator(words("--count 1000 --sample"));
+    std::vector<quint16> ports;
+    for (int i = 0; i < units; ++i) {
+        ports.push_back(simulator.port());
+        QVERIFY(ports.back() != 0);
+    }
+    for (const int i : {0, 499, 999}) {
+        Client client(ports.at(static_cast<std::size_t>(i)));
+        UnitSettings settings;
+        settings.serialNumber += static_cast<quint64>(i);
+        QCOMPARE(client.read(0xF0000000, 32), settings.informationBlock());
+    }
+    QFile status(QStringLiteral("/proc/%1/status").arg(simulator.processId()));
+    QVERIFY(status.open(QIODevice::ReadOnly));
+    const QRegularExpressionMatch peak = QRegularExpression(QStringLiteral("VmHWM:\\s+(\\d+) kB"))
+                                             .match(QString::fromLatin1(status.readAll()));
+    QVERIFY(peak.hasMatch());
+    QVERIFY2(peak.captured(1).toInt() < 300 * 1024, qPrintable(peak.captured(1)));
+    QCOMPARE(simulator.stop(SIGTERM), 0);
+}
+
+void TestQuadrelsim::numbersUnitsOnPortsOfTheirOwn()
+{
+    // Two free ports that follow each other are not promised: a few tries find them.
+    for (int attempt = 0; attempt < 20; ++attempt) {
+        quint16 first = 0;
+        {
+            QTcpServer probe;
+            QVERIFY(probe.listen(QHostAddress::LocalHost));
+            first = probe.serverPort();
+        }
+        if (first == 65535)
+            continue;
+        Simulator simulator({QStringLiteral("--count"), QStringLiteral("2"),
+            QStringLiteral("--port"), QString::number(first)});
+        if (simulator.port() == 0)
+            continue;
+        QCOMPARE(simulator.port(), quint16(first + 1));
+        return;
+    }
+    QFAIL("no two free ports");
+}
+
+void TestQuadrelsim::keepsAMemoryForEachUnit()
+{
+    const QString folder = m_directory.filePath(QStringLiteral("site"));
+    const QStringList options = {
+        QStringLiteral("--count"), QStringLiteral("2"), QStringLiteral("--memory"), folder};
+    {
+        Simulator simulator(options + words("--serial 7"));
+        simulator.port();
+        Client second(simulator.port());
+        QVERIFY(second.write(0xF0020000, "\x07"));
+        QCOMPARE(simulator.stop(SIGTERM), 0);
+    }
+    const QStringList files = {QStringLiteral("unit-1.memory"), QStringLiteral("unit-2.memory")};
+    QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name), files);
+    // Without an option for it each unit keeps the number from its file.
+    Simulator simulator(options);
+    for (const quint64 serialNumber : {quint64(7), quint64(8)}) {
+        Client client(simulator.port());
+        UnitSettings settings;
+        settings.serialNumber = serialNumber;
+        QCOMPARE(client.read(0xF0000000, 32), settings.informationBlock());
+        QCOMPARE(client.read(0xF0020000, 1), QByteArray(1, serialNumber == 8 ? '\7' : '\0'));
+    }
+}
+
+void TestQuadrelsim::makesFaultsInSomeUnits()
+{
+    Simulator simulator(
+        words("--count 4 --fault 2-3:wrong-label@1 --fault 4:short@1 --fault wrong-address@2"));
+    for (int unit = 1; unit <= 4; ++unit) {
+        Client client(simulator.port());
+        const UnitFrame request = UnitFrame::readRequest(1, 0xF0000000, 32);
+        const std::optional<UnitFrame> first = client.ask(request);
+        QVERIFY(first);
+        QCOMPARE(int(first->label), unit == 2 || unit == 3 ? 2 : 1);
+        QCOMPARE(first->payload.size(), unit == 4 ? 0 : 32);
+        const std::optional<UnitFrame> second = client.ask(request);
+        QVERIFY(second);
+        QCOMPARE(second->address, quint32(0xF0000001));
+    }
+}
+
+void TestQuadrelsim::namesTheUnitThatTells()
+{
+    Simulator simulator(words("--count 2"));
+    simulator.port();
+    Client client(simulator.port());
+    QVERIFY(client.write(0x18200002, QByteArray::fromHex("0972")));
+    QVERIFY(simulator.waitForError(QStringLiteral("quadrelsim: unit 2: upgrade out of order: ")));
+}
+
+void TestQuadrelsim::needsEnoughOpenFiles()
+{
+    Program shell;
+    QVERIFY(shell.launch(QStringLiteral("bash"),
+        {QStringLiteral("-c"),
+            QStringLiteral("ulimit -n 100; exec " QUADRELSIM_PATH " --port 0 --count 40")}));
+    QCOMPARE(shell.waitForExit(), 1);
+    QCOMPARE(shell.errors(),
+        QStringLiteral("quadrelsim: the units need 112 open files, and 100 are allowed: lower "
+                       "--count, or raise the limit (ulimit -n)\n"));
+}
+
+void TestQuadrelsim::refusesAMemoryInUse()
+{
+    const QString path = m_directory.filePath(QStringLiteral("unit.memory"));
+    const QStringList options = {QStringLiteral("--memory"), path};
+    Simulator first(options);
+    QVERIFY(first.port() != 0);
+    Simulator second(options);
+    QCOMPARE(second.waitForExit(), 1);
+    QCOMPARE(second.errors(),
+        QStringLiteral("quadrelsim: %1 is in use by process %2\n")
+            .arg(path)
+            .arg(first.processId()));
+    QVERIFY(second.readAllStandardOutput().isEmpty());
+    QCOMPARE(first.stop(SIGKILL), -1);
+    // The dead hold nothing.
+    Simulator third(options);
+    QVERIFY(third.port() != 0);
 }
 
 void TestQuadrelsim::tellsEachRequest()

@@ -38,9 +38,15 @@ class Operations : public QObject {
 public:
     Operations(int wait, const UnitAddress& address)
     {
-        writeSettingsBeside(QStringLiteral("[Communication]\ntimeout=%1\n").arg(wait).toLatin1());
+        // The transport keeps the time; the library's own wait is for what no frame belongs to.
+        writeSettingsBeside(QStringLiteral("[Communication]\ntimeout=%1\n")
+                                .arg(wait < 0 ? -1 : 2 * wait)
+                                .toLatin1());
         m_unit = std::make_unique<UnPackage>();
-        m_transport = std::make_unique<UnitTransport>(m_unit.get(), address, wait);
+        LinkOptions options;
+        options.timeout = wait;
+        options.retries = 0;
+        m_transport = std::make_unique<UnitTransport>(m_unit.get(), address, options);
         connect(m_unit.get(), &UnPackage::signal_errored, this,
             [this](const QString& error) { finish(error); });
         connect(m_unit.get(), &UnPackage::signal_finshed, this, [this] { finish(noError); });
@@ -164,6 +170,12 @@ QByteArray replyTo(const QByteArray& request, const QByteArray& payload = QByteA
     return UnitFrame::replyTo(read, payload).encode();
 }
 
+QString unanswered(const UnitAddress& address)
+{
+    return address.toText()
+        + QStringLiteral(" has not answered the read of device information within 1000 ms");
+}
+
 /** Keeps the processor busy on every core. */
 class BusyCores {
 public:
@@ -238,7 +250,7 @@ void TestUnitTransport::readsOverBothProtocols()
     QCOMPARE(operations.run(ReadDataType), noError);
     QCOMPARE(
         DeviceManagerModel::Instance()->getCurrentSelectDevice().getSN(), Q_UINT64_C(310000001));
-    QCOMPARE(operations.transport().lastFailure(), QString());
+    QCOMPARE(operations.transport().lastFailure().text, QString());
     QCOMPARE(operations.run(BackwordReadType), noError);
 }
 
@@ -253,15 +265,17 @@ void TestUnitTransport::namesTheFault_data()
     };
     const auto tcp = UnitAddress::Tcp;
     const auto udp = UnitAddress::Udp;
-    const QString timeout = QStringLiteral("回读设备信息超时！");
+    const QString timeout =
+        QStringLiteral("UNIT has not answered the read of device information within 1000 ms");
     const QString damaged = QStringLiteral("UNIT sent a damaged reply: its checksum is wrong");
     row("tcp, drop", tcp, FaultKind::Drop, timeout);
     row("tcp, duplicate", tcp, FaultKind::Duplicate, noError);
     row("tcp, corrupt", tcp, FaultKind::Corrupt, damaged);
-    row("tcp, wrong address", tcp, FaultKind::WrongAddress,
-        QStringLiteral("请求数据类型与返回数据类型不一致！"));
-    row("tcp, wrong length", tcp, FaultKind::WrongLength,
-        QStringLiteral("数据包长度与实际的数据包长度不一致！"));
+    row("tcp, wrong address", tcp, FaultKind::WrongAddress, timeout);
+    const QString otherLength =
+        QStringLiteral("UNIT sent a reply of another length than was asked for");
+    row("tcp, wrong length", tcp, FaultKind::WrongLength, otherLength);
+    row("tcp, short", tcp, FaultKind::Short, otherLength);
     row("tcp, wrong label", tcp, FaultKind::WrongLabel, timeout);
     row("tcp, cut", tcp, FaultKind::Cut,
         QStringLiteral("UNIT closed the connection in the middle of a reply"));
@@ -294,6 +308,8 @@ void TestUnitTransport::namesOddStreams_data()
     QTest::addColumn<bool>("closes");
     QTest::addColumn<QString>("error");
     const QString noReply = QStringLiteral("%1 sent something that is no reply of a unit");
+    const QString noAnswer =
+        QStringLiteral("%1 has not answered the read of device information within 1000 ms");
     const QByteArray request = UnitFrame::readRequest(0, 0xF0000000, 32).encode();
     QByteArray oversize = replyTo(request);
     oversize[10] = 1;
@@ -306,8 +322,7 @@ void TestUnitTransport::namesOddStreams_data()
         "Q") << true << QStringLiteral("%1 closed the connection in the middle of a reply");
     QTest::newRow("closed before the trailer") << replyTo(request).chopped(
         2) << true << QStringLiteral("%1 closed the connection in the middle of a reply");
-    QTest::newRow("stops in the middle")
-        << replyTo(request).left(20) << false << QStringLiteral("回读设备信息超时！");
+    QTest::newRow("stops in the middle") << replyTo(request).left(20) << false << noAnswer;
 }
 
 void TestUnitTransport::namesOddStreams()
@@ -362,7 +377,7 @@ void TestUnitTransport::dropsLateReplies()
             socket.write(replyTo(first, QByteArray(7, 7)) + replyTo(request));
     });
     Operations operations(shortWait, unit.address());
-    QCOMPARE(operations.readDevice(), QStringLiteral("回读设备信息超时！"));
+    QCOMPARE(operations.readDevice(), unanswered(unit.address()));
     QCOMPARE(operations.readDevice(), noError);
 }
 
@@ -422,7 +437,8 @@ void TestUnitTransport::isRefused()
         static_cast<UnitAddress::Protocol>(protocol), QStringLiteral("127.0.0.1"), port};
     Operations operations(longWait, address);
     QCOMPARE(operations.readDevice(), address.toText() + QStringLiteral(" refused the connection"));
-    QCOMPARE(operations.transport().lastFailure(),
+    QCOMPARE(operations.transport().lastFailure().error, std::errc::connection_refused);
+    QCOMPARE(operations.transport().lastFailure().text,
         address.toText() + QStringLiteral(" refused the connection"));
 }
 
@@ -480,7 +496,7 @@ void TestUnitTransport::givesUpWaiting()
 {
     OddUnit unit([](QTcpSocket&, const QByteArray&) {});
     Operations operations(shortWait, unit.address());
-    QCOMPARE(operations.run(ReadDataType), QStringLiteral("回读设备信息超时！"));
+    QCOMPARE(operations.run(ReadDataType), unanswered(unit.address()));
 }
 
 void TestUnitTransport::connectsAnewAfterALoss()
@@ -505,36 +521,33 @@ void TestUnitTransport::leavesAConnectionThatStoppedInMidFrame()
         socket.write(requests++ == 0 ? replyTo(request).left(25) : replyTo(request));
     });
     Operations operations(shortWait, unit.address());
-    QCOMPARE(operations.readDevice(), QStringLiteral("回读设备信息超时！"));
+    QCOMPARE(operations.readDevice(), unanswered(unit.address()));
     QCOMPARE(operations.readDevice(), noError);
 }
 
 void TestUnitTransport::abortsTheWait()
 {
     UnitTransport* transport = nullptr;
-    OddUnit unit([&transport](QTcpSocket&, const QByteArray&) {
-        transport->abort(QStringLiteral("enough"));
-    });
+    OddUnit unit([&transport](QTcpSocket&, const QByteArray&) { transport->cancel(); });
     Operations operations(-1, unit.address());
     transport = &operations.transport();
-    QCOMPARE(operations.run(ReadDataType), QStringLiteral("enough"));
+    QCOMPARE(operations.run(ReadDataType), QStringLiteral("cancelled"));
 }
 
 void TestUnitTransport::abortsConnecting()
 {
     const FullPort port;
     Operations operations(-1, port.address());
-    QTimer::singleShot(
-        50, &operations, [&operations] { operations.transport().abort(QStringLiteral("enough")); });
-    QCOMPARE(operations.run(ReadDataType), QStringLiteral("enough"));
+    QTimer::singleShot(50, &operations, [&operations] { operations.transport().cancel(); });
+    QCOMPARE(operations.run(ReadDataType), QStringLiteral("cancelled"));
 }
 
 void TestUnitTransport::refusesOperationsOnceAborted()
 {
     SampleUnit sample;
     Operations operations(longWait, sample.address());
-    operations.transport().abort(QStringLiteral("enough"));
-    QCOMPARE(operations.run(BackwordReadType), QStringLiteral("enough"));
+    operations.transport().cancel();
+    QCOMPARE(operations.run(BackwordReadType), QStringLiteral("cancelled"));
     QCOMPARE(sample.server.faults().replies(), Q_UINT64_C(0));
 }
 
@@ -544,7 +557,6 @@ void TestUnitTransport::awaitsTheLastReply()
     Operations operations(longWait, sample.address());
     operations.unit().setRetainIP(false);
     QCOMPARE(operations.run(SendResetType), noError);
-    QVERIFY(operations.transport().wasSent());
     QEventLoop loop;
     std::thread waiter([&operations, &loop] {
         operations.transport().awaitLastReply();
@@ -553,6 +565,7 @@ void TestUnitTransport::awaitsTheLastReply()
     QTimer::singleShot(patience, &loop, &QEventLoop::quit);
     loop.exec();
     waiter.join();
+    QVERIFY(operations.transport().wasSent());
     QCOMPARE(sample.server.faults().replies(), Q_UINT64_C(1));
 }
 

@@ -46,10 +46,8 @@ QByteArray ControlTool::usualSettings()
 ControlTool::ControlTool(const QByteArray& settings)
     : m_program(m_folder.filePath(QStringLiteral("quadrelctl")))
 {
-    // The program looks for its settings and its module beside itself; a link would lead it back.
-    if (!QFile::copy(QStringLiteral(QUADRELCTL_PATH), m_program)
-        || !QFile::link(QStringLiteral(QUADRELCTL_MODULE_PATH),
-            m_folder.filePath(QStringLiteral("libquadrelctl_module.so"))))
+    // The program looks for its settings beside itself; a link would lead it back.
+    if (!QFile::copy(QStringLiteral(QUADRELCTL_PATH), m_program))
         qFatal("cannot copy quadrelctl");
     write(QStringLiteral("configWidget.ini"), settings);
 }

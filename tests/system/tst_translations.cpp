@@ -15,6 +15,7 @@ namespace {
 const QString source = QStringLiteral(SOURCE_DIR);
 const QString library = QStringLiteral("quadrelbll_en");
 const QString tool = QStringLiteral("quadrelctl_zh");
+const QString link = QStringLiteral("quadrellink_zh");
 const QString workspace = QStringLiteral("quadrelworkspace_zh");
 
 /** One text of a .ts file. */
@@ -153,6 +154,7 @@ void TestTranslations::isComplete_data()
     QTest::addColumn<bool>("chinese");
     QTest::newRow("library") << library << false;
     QTest::newRow("tool") << tool << true;
+    QTest::newRow("link") << link << true;
     QTest::newRow("workspace") << workspace << true;
 }
 
@@ -184,6 +186,7 @@ void TestTranslations::missesNothing_data()
     QTest::addColumn<QString>("name");
     QTest::newRow("library") << library;
     QTest::newRow("tool") << tool;
+    QTest::newRow("link") << link;
     QTest::newRow("workspace") << workspace;
 }
 
@@ -193,7 +196,7 @@ void TestTranslations::missesNothing()
     QFETCH(QString, name);
     const QTemporaryDir folder;
     const QString file = QStringLiteral("/") + name + QStringLiteral(".ts");
-    for (const QString& each : {library, tool, workspace}) {
+    for (const QString& each : {library, tool, link, workspace}) {
         const QString path = QStringLiteral("/") + each + QStringLiteral(".ts");
         QVERIFY(QFile::copy(source + QStringLiteral("/translations") + path, folder.path() + path));
     }

@@ -2,6 +2,7 @@
 #include "upgradewrites.h"
 
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QtEndian>
 #include <QtTest/QtTest>
 
 using namespace QuadrelUnit;
@@ -64,6 +65,9 @@ private slots:
     void reportsTheVersionItWasTold();
     void refusesAnUpgradeOutOfOrder();
     void keepsNoImagesInItsMemory();
+    void refusesWritesBeyondItsMemory_data();
+    void refusesWritesBeyondItsMemory();
+    void refusesUpgradesBeyondItsMemory();
 };
 
 void TestControlUnit::leavesTheWorksConfigured()
@@ -383,6 +387,62 @@ void TestControlUnit::keepsNoImagesInItsMemory()
     QVERIFY(!write(unit, 0x18000000, QByteArray(2048, 'x')).changed);
     QCOMPARE(unit.memory().pages().size(), pages);
     QCOMPARE(read(unit, 0x06000000, 4), QByteArray(4, '\0'));
+}
+
+void TestControlUnit::refusesWritesBeyondItsMemory_data()
+{
+    QTest::addColumn<quint32>("address");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("refusal");
+    QTest::newRow("within") << quint32(0x1000) << 4096 << QString();
+    QTest::newRow("one byte over")
+        << quint32(0x1000) << 4097
+        << QStringLiteral(
+               "a write of 4097 bytes at 0x00001000 is over the memory limit of 12288 bytes");
+    QTest::newRow("beside") << quint32(0xABCDEFFF) << 2
+                            << QStringLiteral("a write of 2 bytes at 0xabcdefff is over the "
+                                              "memory limit of 12288 bytes");
+    QTest::newRow("what is there") << quint32(0xF0000000) << 4096 << QString();
+    QTest::newRow("image, which takes no memory") << quint32(0x06000000) << 60000 << QString();
+    QTest::newRow("nothing") << quint32(0x5000) << 0 << QString();
+}
+
+void TestControlUnit::refusesWritesBeyondItsMemory()
+{
+    QFETCH(quint32, address);
+    QFETCH(int, length);
+    QFETCH(QString, refusal);
+    ControlUnit unit;
+    const ControlUnit untouched;
+    unit.setMemoryLimit(unit.memory().size() + UnitMemory::pageSize);
+    const UnitAnswer answer =
+        unit.answer(UnitFrame::writeRequest(1, address, QByteArray(length, 'w')));
+    QCOMPARE(answer.refusal, refusal);
+    if (refusal.isEmpty())
+        return;
+    QVERIFY(!answer.changed);
+    QVERIFY(!answer.restarts);
+    QVERIFY(unit.memory() == untouched.memory());
+}
+
+void TestControlUnit::refusesUpgradesBeyondItsMemory()
+{
+    ControlUnit unit;
+    unit.setMemoryLimit(1024 * 1024);
+    const auto announce = [&unit](quint32 size) {
+        QByteArray length(4, '\0');
+        qToLittleEndian(size, length.data());
+        return unit.answer(UnitFrame::writeRequest(1, 0x01F00000, length)).notice;
+    };
+    QCOMPARE(announce(1024 * 1024), QString());
+    QCOMPARE(announce(1024 * 1024 + 1),
+        QStringLiteral(
+            "upgrade out of order: an upgrade of 1048577 bytes is over the limit of 1048576"));
+    QCOMPARE(announce(0xFFFFFFFF),
+        QStringLiteral(
+            "upgrade out of order: an upgrade of 4294967295 bytes is over the limit of 1048576"));
+    // The one before took no effect, and this one begins anew.
+    QCOMPARE(announce(5), QString());
 }
 
 QTEST_APPLESS_MAIN(TestControlUnit)

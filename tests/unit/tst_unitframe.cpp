@@ -1,8 +1,10 @@
+#include "patience.h"
 #include "unitframe.h"
 #include "unitframereader.h"
 
 #include "kvprotocolparser.h"
 
+#include <QtCore/QDeadlineTimer>
 #include <QtTest/QtTest>
 
 using namespace QuadrelUnit;
@@ -53,6 +55,8 @@ private slots:
     void readsByteByByte();
     void readsSeveralFramesAtOnce();
     void keepsHalfAFrame();
+    void readsManyFramesInLinearTime();
+    void forgetsWhatItHandedOut();
     void readsReplies();
     void refusesGarbage_data();
     void refusesGarbage();
@@ -164,6 +168,43 @@ void TestUnitFrame::keepsHalfAFrame()
     QCOMPARE(reader.pendingBytes(), 7);
     reader.feed(bytes.mid(7));
     QVERIFY(reader.next());
+}
+
+void TestUnitFrame::readsManyFramesInLinearTime()
+{
+    // In linear time it takes less than a second; moving the rest after each frame, ten minutes.
+    constexpr int frames = 800000;
+    const QDeadlineTimer deadline(patience);
+    UnitFrameReader reader;
+    reader.feed(UnitFrame::readRequest(1, 0, 0).encode().repeated(frames));
+    for (int i = 0; i < frames; ++i) {
+        if (!reader.next())
+            QFAIL(qPrintable(QString::number(i)));
+        if (i % 1000 == 0)
+            QVERIFY2(!deadline.hasExpired(), qPrintable(QString::number(i)));
+    }
+    QVERIFY(!reader.next());
+    QCOMPARE(reader.pendingBytes(), 0);
+}
+
+void TestUnitFrame::forgetsWhatItHandedOut()
+{
+    UnitFrameReader reader;
+    const QByteArray one = UnitFrame::writeRequest(1, 0x1000, "payload").encode();
+    const QByteArray three = one.repeated(3);
+    // In pieces that never end where a frame does, until the last.
+    for (int i = 0; i < 1000; ++i) {
+        reader.feed(three.left(40));
+        QVERIFY(reader.next());
+        QCOMPARE(reader.pendingBytes(), 40 - one.size());
+        reader.feed(three.mid(40));
+        QVERIFY(reader.next());
+        QCOMPARE(reader.pendingBytes(), one.size());
+        QVERIFY(reader.next());
+        QVERIFY(!reader.next());
+        QVERIFY(!reader.isBroken());
+        QCOMPARE(reader.pendingBytes(), 0);
+    }
 }
 
 void TestUnitFrame::readsReplies()

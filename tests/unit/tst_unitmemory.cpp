@@ -15,6 +15,10 @@ private slots:
     void listsItsPages();
     void comparesBytesNotPages();
     void behavesAsOneArray();
+    void keepsWithinItsLimit();
+    void hasRoomUpToItsLimit_data();
+    void hasRoomUpToItsLimit();
+    void copiesStayAsTheyWere();
 };
 
 void TestUnitMemory::readsZeroWhereNothingWasWritten()
@@ -106,6 +110,63 @@ void TestUnitMemory::behavesAsOneArray()
         QCOMPARE(
             memory.read(0xF0010000 + static_cast<quint32>(from), length), model.mid(from, length));
     }
+}
+
+void TestUnitMemory::keepsWithinItsLimit()
+{
+    UnitMemory memory;
+    QCOMPARE(memory.limit(), qint64(64) * 1024 * 1024);
+    memory.setLimit(3 * UnitMemory::pageSize);
+    QVERIFY(memory.write(0x1000, "a"));
+    QVERIFY(memory.write(0x2FFF, "bc"));
+    QCOMPARE(memory.size(), qint64(3 * UnitMemory::pageSize));
+    QVERIFY(memory.write(0x1FFF, "d"));
+
+    // Nothing is written, not even what has room.
+    QVERIFY(!memory.write(0x3FFF, "ef"));
+    QCOMPARE(memory.read(0x3FFF, 2), QByteArray(2, '\0'));
+    QVERIFY(!memory.write(0, "g"));
+    QCOMPARE(memory.size(), qint64(3 * UnitMemory::pageSize));
+    memory.setLimit(4 * UnitMemory::pageSize);
+    QVERIFY(memory.write(0x3FFF, "ef"));
+    QCOMPARE(memory.read(0x3FFF, 2), QByteArray("ef"));
+}
+
+void TestUnitMemory::hasRoomUpToItsLimit_data()
+{
+    QTest::addColumn<quint32>("address");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("hasRoom");
+    QTest::newRow("nothing") << quint32(0x9000) << 0 << true;
+    QTest::newRow("what is there") << quint32(0x1000) << 4096 << true;
+    QTest::newRow("one page more") << quint32(0x1000) << 4097 << true;
+    QTest::newRow("two pages more") << quint32(0x1000) << 2 * 4096 + 1 << false;
+    QTest::newRow("one page elsewhere") << quint32(0x9000) << 4096 << true;
+    QTest::newRow("two pages elsewhere") << quint32(0x9001) << 4096 << false;
+    QTest::newRow("round the end") << quint32(0xFFFFFFFF) << 2 << false;
+}
+
+void TestUnitMemory::hasRoomUpToItsLimit()
+{
+    QFETCH(quint32, address);
+    QFETCH(int, length);
+    QFETCH(bool, hasRoom);
+    UnitMemory memory;
+    memory.setLimit(2 * UnitMemory::pageSize);
+    QVERIFY(memory.write(0x1000, "a"));
+    QCOMPARE(memory.hasRoomFor(address, length), hasRoom);
+}
+
+void TestUnitMemory::copiesStayAsTheyWere()
+{
+    UnitMemory memory;
+    memory.write(0x1000, "old");
+    const UnitMemory copy = memory;
+    memory.write(0x1000, "new");
+    memory.write(0x2000, "more");
+    QCOMPARE(copy.read(0x1000, 3), QByteArray("old"));
+    QCOMPARE(copy.pages(), QList<quint32>{0x1000});
+    QCOMPARE(memory.read(0x1000, 3), QByteArray("new"));
 }
 
 QTEST_APPLESS_MAIN(TestUnitMemory)

@@ -1,57 +1,12 @@
-#include "patience.h"
+#include "unitclient.h"
 #include "unitserver.h"
 #include "upgradewrites.h"
 
+#include <QtCore/QElapsedTimer>
 #include <QtNetwork/QNetworkDatagram>
-#include <QtNetwork/QTcpSocket>
-#include <QtTest/QtTest>
+#include <QtNetwork/QUdpSocket>
 
 using namespace QuadrelUnit;
-
-namespace {
-
-/** The asking side of a connection. */
-class Client {
-public:
-    explicit Client(quint16 port)
-    {
-        m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        m_socket.connectToHost(QHostAddress::LocalHost, port);
-    }
-
-    QTcpSocket& socket() { return m_socket; }
-    void send(const UnitFrame& frame) { m_socket.write(frame.encode()); }
-
-    /** All bytes that came so far. */
-    QByteArray bytes()
-    {
-        m_bytes += m_socket.readAll();
-        return m_bytes;
-    }
-    bool isConnected() const { return m_socket.state() == QAbstractSocket::ConnectedState; }
-    bool isClosed() const { return m_socket.state() == QAbstractSocket::UnconnectedState; }
-
-private:
-    QTcpSocket m_socket;
-    QByteArray m_bytes;
-};
-
-UnitFrame readInformation(quint8 label = 1)
-{
-    return UnitFrame::readRequest(label, 0xF0000000, 32);
-}
-
-QByteArray informationReply(const ControlUnit& unit, quint8 label = 1)
-{
-    return ControlUnit(unit.settings()).answer(readInformation(label)).reply.encode();
-}
-
-UnitFrame reset(bool keepsAddress)
-{
-    return UnitFrame::writeRequest(5, 0xF000001C, QByteArray(1, keepsAddress ? 1 : 0));
-}
-
-} // namespace
 
 class TestUnitServer : public QObject {
     Q_OBJECT
@@ -68,7 +23,7 @@ private slots:
     void dropsConnectionsWithGarbage_data();
     void dropsConnectionsWithGarbage();
     void dropsGarbageDatagrams();
-    void tellsOfAReplyTooLargeForADatagram();
+    void refusesLargeReadsByDatagram();
     void forgetsClosedConnections();
     void makesFaultsOverTcp_data();
     void makesFaultsOverTcp();
@@ -77,12 +32,15 @@ private slots:
     void losesRequests();
     void hangs();
     void dropsADelayedReplyWithItsConnection();
+    void repliesLate_data();
+    void repliesLate();
+    void repliesLateInOrder();
+    void delaysBeyondItsLatency();
     void resets_data();
     void resets();
     void resetsOverUdp();
     void resetsWithoutReply();
     void sendsNoDatagramWhileDown();
-    void abandonsWhoDoesNotRead();
     void waitsForItsPort();
     void restartsAfterAnUpgrade();
     void tellsOfChangesAndNotices();
@@ -112,7 +70,7 @@ void TestUnitServer::cleanup()
 
 void TestUnitServer::answersOverTcp()
 {
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     client.send(readInformation(254));
     TRY_COMPARE(client.bytes(), informationReply(*m_unit, 254));
     client.send(UnitFrame::writeRequest(0, 0xF0020000, "\x05"));
@@ -136,7 +94,7 @@ void TestUnitServer::answersOverUdp()
 
 void TestUnitServer::answersFramesInPieces()
 {
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     const QByteArray bytes = readInformation().encode();
     for (int i = 0; i < bytes.size(); ++i) {
         client.socket().write(bytes.mid(i, 1));
@@ -147,7 +105,7 @@ void TestUnitServer::answersFramesInPieces()
 
 void TestUnitServer::answersFramesInOneGo()
 {
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     QByteArray replies;
     for (quint8 label = 0; label < 50; ++label) {
         client.send(readInformation(label));
@@ -158,9 +116,9 @@ void TestUnitServer::answersFramesInOneGo()
 
 void TestUnitServer::servesManyConnections()
 {
-    std::vector<std::unique_ptr<Client>> clients;
+    std::vector<std::unique_ptr<UnitClient>> clients;
     for (int i = 0; i < 40; ++i)
-        clients.push_back(std::make_unique<Client>(m_server->port()));
+        clients.push_back(std::make_unique<UnitClient>(m_server->port()));
     for (const auto& client : clients)
         client->send(readInformation());
     for (const auto& client : clients)
@@ -172,7 +130,7 @@ void TestUnitServer::tellsWhatItServes()
 {
     QSignalSpy served(m_server.get(), &UnitServer::served);
     m_server->faults().addNth(FaultKind::WrongLabel, 2);
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     client.send(readInformation(7));
     TRY_COMPARE(served.size(), 1);
     QCOMPARE(served[0][1].toString(),
@@ -204,8 +162,8 @@ void TestUnitServer::dropsConnectionsWithGarbage()
     QFETCH(QByteArray, bytes);
     QFETCH(QString, reason);
     QSignalSpy refused(m_server.get(), &UnitServer::refused);
-    Client other(m_server->port());
-    Client client(m_server->port());
+    UnitClient other(m_server->port());
+    UnitClient client(m_server->port());
     client.send(readInformation());
     TRY_COMPARE(client.bytes(), informationReply(*m_unit));
     const QString peer = QStringLiteral("tcp 127.0.0.1:%1").arg(client.socket().localPort());
@@ -240,18 +198,31 @@ void TestUnitServer::dropsGarbageDatagrams()
     QVERIFY(!client.hasPendingDatagrams());
 }
 
-void TestUnitServer::tellsOfAReplyTooLargeForADatagram()
+void TestUnitServer::refusesLargeReadsByDatagram()
 {
     QSignalSpy refused(m_server.get(), &UnitServer::refused);
     QUdpSocket client;
     QVERIFY(client.bind(QHostAddress(QHostAddress::LocalHost)));
-    client.writeDatagram(
-        UnitFrame::readRequest(1, 0, 65535).encode(), QHostAddress::LocalHost, m_server->port());
+    const auto send = [&](const UnitFrame& request) {
+        client.writeDatagram(request.encode(), QHostAddress::LocalHost, m_server->port());
+    };
+    send(UnitFrame::readRequest(1, 0, 2049));
     TRY_COMPARE(refused.size(), 1);
-    QVERIFY(refused[0][0].toString().contains(
-        QStringLiteral("a reply of 65555 bytes did not go out: ")));
+    QCOMPARE(refused[0][0].toString(),
+        QStringLiteral("udp 127.0.0.1:%1: a read of 2049 bytes is over the 2048 of a datagram; "
+                       "datagram dropped")
+            .arg(client.localPort()));
 
-    Client tcp(m_server->port());
+    send(UnitFrame::readRequest(2, 0, 2048));
+    TRY_VERIFY(client.hasPendingDatagrams());
+    QCOMPARE(client.receiveDatagram().data().size(), 2068);
+    // A write is answered with a few bytes, and may be as long as a datagram.
+    send(UnitFrame::writeRequest(3, 0, QByteArray(60000, 'w')));
+    TRY_VERIFY(client.hasPendingDatagrams());
+    QCOMPARE(client.receiveDatagram().data().size(), 20);
+    QCOMPARE(refused.size(), 1);
+
+    UnitClient tcp(m_server->port());
     tcp.send(UnitFrame::readRequest(1, 0, 65535));
     TRY_COMPARE(tcp.bytes().size(), 65555);
 }
@@ -259,7 +230,7 @@ void TestUnitServer::tellsOfAReplyTooLargeForADatagram()
 void TestUnitServer::forgetsClosedConnections()
 {
     {
-        Client client(m_server->port());
+        UnitClient client(m_server->port());
         client.send(readInformation());
         TRY_COMPARE(m_server->connectionCount(), 1);
         client.socket().abort();
@@ -290,7 +261,7 @@ void TestUnitServer::makesFaultsOverTcp()
     QFETCH(bool, closes);
     QString error;
     QVERIFY(m_server->faults().add(fault, &error));
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     // Both at once, so that a delayed first reply comes second.
     client.socket().write(readInformation(1).encode() + readInformation(2).encode());
     TRY_COMPARE(client.bytes(), bytes);
@@ -337,7 +308,7 @@ void TestUnitServer::losesRequests()
     QSignalSpy served(m_server.get(), &UnitServer::served);
     m_server->faults().addNth(FaultKind::LoseRequest, 1);
     m_server->faults().addNth(FaultKind::Drop, 2);
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     client.send(UnitFrame::writeRequest(1, 0x10, "lost"));
     client.send(UnitFrame::writeRequest(2, 0x20, "kept"));
     client.send(readInformation(3));
@@ -352,7 +323,7 @@ void TestUnitServer::hangs()
 {
     QSignalSpy served(m_server.get(), &UnitServer::served);
     m_server->faults().addNth(FaultKind::Hang, 2);
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     for (quint8 label = 1; label <= 5; ++label)
         client.send(readInformation(label));
     TRY_COMPARE(served.size(), 5);
@@ -366,17 +337,68 @@ void TestUnitServer::dropsADelayedReplyWithItsConnection()
     m_server->faults().addNth(FaultKind::Delay, 2, 20);
     QSignalSpy down(m_server.get(), &UnitServer::wentDown);
     {
-        Client client(m_server->port());
+        UnitClient client(m_server->port());
         client.send(readInformation());
         TRY_COMPARE(m_server->faults().replies(), quint64(1));
         client.socket().abort();
     }
     // The second reply is due later than the first, so that the first is past when the unit resets.
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     client.send(reset(true));
     TRY_COMPARE(down.size(), 1);
     TRY_COMPARE(client.bytes().size(), 20);
     QVERIFY(m_server->connectionCount() <= 1);
+}
+
+void TestUnitServer::repliesLate_data()
+{
+    QTest::addColumn<int>("latency");
+    QTest::addColumn<int>("jitter");
+    QTest::newRow("latency") << 20 << 0;
+    QTest::newRow("latency and jitter") << 20 << 5;
+}
+
+void TestUnitServer::repliesLate()
+{
+    QFETCH(int, latency);
+    QFETCH(int, jitter);
+    m_server->setLatency(latency, jitter, 3);
+    QElapsedTimer clock;
+    UnitClient client(m_server->port());
+    TRY_VERIFY(client.isConnected());
+    clock.start();
+    client.send(readInformation());
+    TRY_COMPARE(client.bytes(), informationReply(*m_unit));
+    QVERIFY(clock.elapsed() >= latency);
+
+    QUdpSocket datagrams;
+    QVERIFY(datagrams.bind(QHostAddress(QHostAddress::LocalHost)));
+    clock.start();
+    datagrams.writeDatagram(readInformation().encode(), QHostAddress::LocalHost, m_server->port());
+    TRY_VERIFY(datagrams.hasPendingDatagrams());
+    QVERIFY(clock.elapsed() >= latency);
+    QCOMPARE(datagrams.receiveDatagram().data(), informationReply(*m_unit));
+}
+
+void TestUnitServer::repliesLateInOrder()
+{
+    m_server->setLatency(0, 20, 1);
+    UnitClient client(m_server->port());
+    QByteArray replies;
+    for (quint8 label = 0; label < 100; ++label) {
+        client.send(readInformation(label));
+        replies += informationReply(*m_unit, label);
+    }
+    TRY_COMPARE(client.bytes(), replies);
+}
+
+void TestUnitServer::delaysBeyondItsLatency()
+{
+    m_server->setLatency(1);
+    m_server->faults().addNth(FaultKind::Delay, 1, 5);
+    UnitClient client(m_server->port());
+    client.socket().write(readInformation(1).encode() + readInformation(2).encode());
+    TRY_COMPARE(client.bytes(), informationReply(*m_unit, 2) + informationReply(*m_unit, 1));
 }
 
 void TestUnitServer::resets_data()
@@ -394,10 +416,10 @@ void TestUnitServer::resets()
     const QByteArray network = QByteArray::fromHex("00 01020304 05060708 090a0b0c");
     m_unit->memory().write(0xF000000E, network);
 
-    Client bystander(m_server->port());
+    UnitClient bystander(m_server->port());
     TRY_VERIFY(bystander.isConnected());
     TRY_COMPARE(m_server->connectionCount(), 1);
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     client.send(reset(keepsAddress));
     TRY_COMPARE(client.bytes(), UnitFrame::replyTo(reset(keepsAddress)).encode());
     TRY_VERIFY(client.isClosed());
@@ -407,7 +429,7 @@ void TestUnitServer::resets()
 
     const QByteArray expected = keepsAddress ? network : UnitSettings().networkCell();
     QCOMPARE(m_unit->memory().read(0xF000000E, 13), expected);
-    Client again(m_server->port());
+    UnitClient again(m_server->port());
     again.send(readInformation());
     TRY_COMPARE(again.bytes(), informationReply(*m_unit));
 }
@@ -431,7 +453,7 @@ void TestUnitServer::resetsWithoutReply()
 {
     QSignalSpy back(m_server.get(), &UnitServer::cameBack);
     m_server->faults().addNth(FaultKind::Drop, 1);
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     // What follows the reset in one go is lost with the connection.
     client.socket().write(reset(true).encode() + readInformation().encode());
     TRY_COMPARE(back.size(), 1);
@@ -459,21 +481,6 @@ void TestUnitServer::sendsNoDatagramWhileDown()
     QVERIFY(refused.isEmpty());
 }
 
-void TestUnitServer::abandonsWhoDoesNotRead()
-{
-    QSignalSpy back(m_server.get(), &UnitServer::cameBack);
-    // A reader that stops: its buffers fill up and the unit keeps the rest.
-    Client client(m_server->port());
-    client.socket().setReadBufferSize(1);
-    TRY_VERIFY(client.isConnected());
-    QByteArray requests;
-    for (int i = 0; i < 200; ++i)
-        requests += UnitFrame::readRequest(1, 0, 65535).encode();
-    client.socket().write(requests + reset(true).encode());
-    TRY_COMPARE(back.size(), 1);
-    TRY_COMPARE(m_server->connectionCount(), 0);
-}
-
 void TestUnitServer::waitsForItsPort()
 {
     QSignalSpy down(m_server.get(), &UnitServer::wentDown);
@@ -483,7 +490,7 @@ void TestUnitServer::waitsForItsPort()
     // The port is taken the moment the unit leaves it.
     connect(m_server.get(), &UnitServer::wentDown, &squatter,
         [&] { squatter.listen(QHostAddress::LocalHost, m_server->port()); });
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     client.send(reset(true));
     TRY_VERIFY(!notices.isEmpty());
     QVERIFY(squatter.isListening());
@@ -501,7 +508,7 @@ void TestUnitServer::restartsAfterAnUpgrade()
     QSignalSpy back(m_server.get(), &UnitServer::cameBack);
     const QByteArray streamed(3000, 's');
     const QList<UpgradeWrite> writes = upgradeWrites(streamed, "addrdata");
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     QByteArray replies;
     for (const UpgradeWrite& write : writes) {
         QVERIFY(upgraded.isEmpty());
@@ -515,7 +522,7 @@ void TestUnitServer::restartsAfterAnUpgrade()
     QCOMPARE(m_unit->upgrade().addressedImage(), QByteArray("addrdata"));
     TRY_VERIFY(client.isClosed());
     TRY_COMPARE(back.size(), 1);
-    Client again(m_server->port());
+    UnitClient again(m_server->port());
     again.send(readInformation());
     TRY_COMPARE(again.bytes().mid(20, 4), QByteArray::fromHex("01000001"));
 }
@@ -524,7 +531,7 @@ void TestUnitServer::tellsOfChangesAndNotices()
 {
     QSignalSpy changed(m_server.get(), &UnitServer::changed);
     QSignalSpy notices(m_server.get(), &UnitServer::notice);
-    Client client(m_server->port());
+    UnitClient client(m_server->port());
     client.send(readInformation());
     TRY_COMPARE(client.bytes().size(), 52);
     QVERIFY(changed.isEmpty());

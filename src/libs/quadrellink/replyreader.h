@@ -1,6 +1,7 @@
+// Internal; not installed.
 #pragma once
 
-#include <QtCore/QByteArray>
+#include "framecutter.h"
 
 #include <optional>
 
@@ -18,17 +19,17 @@ public:
     /** Takes a datagram in, which has to hold exactly one frame. */
     void appendDatagram(const char* bytes, int size);
 
-    /** The next complete frame; nothing while one is incomplete, and never again after a fault. */
-    std::optional<QByteArray> takeFrame();
+    /**
+     * The next complete frame; nothing while one is incomplete, and never again after a fault. The
+     * view is good until more is taken in.
+     */
+    std::optional<QuadrelFrame::FrameView> takeFrame() { return m_cutter.next(); }
 
-    Fault fault() const { return m_fault; }
+    Fault fault() const;
     /** Whether some bytes of a frame, but not all, have come in. */
-    bool isMidFrame() const { return !m_bytes.isEmpty(); }
-
-    /** The label of a complete frame, request or reply. */
-    static unsigned char labelOf(const QByteArray& frame);
+    bool isMidFrame() const { return m_cutter.pending().size() > 0; }
 
 private:
-    QByteArray m_bytes;
-    Fault m_fault = NoFault;
+    QuadrelFrame::FrameCutter m_cutter{QuadrelFrame::FrameCutter::Direction::Replies};
+    bool m_isWrongSize = false;
 };

@@ -1,40 +1,31 @@
+// Internal; not installed.
 #pragma once
 
+#include "deadline.h"
 #include "unitaddress.h"
+#include "wakesignal.h"
 
 #include <QtCore/QByteArray>
 
-#include <chrono>
 #include <memory>
+#include <system_error>
+#include <vector>
 
-/** A wait that ends at a point in time, or never. */
-class Deadline {
-public:
-    /** `milliseconds` from now; a negative number has no end. */
-    explicit Deadline(int milliseconds);
-    /** What is left for poll(): at least 0, or -1 without an end. */
-    int remaining() const;
+#include <sys/socket.h>
 
-private:
-    bool m_endless;
-    std::chrono::steady_clock::time_point m_end;
+/** One address of a unit, as the system knows it. */
+struct Endpoint {
+    sockaddr_storage address;
+    socklen_t size;
 };
 
-/** A descriptor that wakes a poll() in another thread. */
-class WakeSignal {
-public:
-    WakeSignal();
-    ~WakeSignal();
-    WakeSignal(const WakeSignal&) = delete;
-    WakeSignal& operator=(const WakeSignal&) = delete;
-
-    int descriptor() const { return m_descriptor; }
-    void raise();
-    void clear();
-
-private:
-    int m_descriptor;
-};
+/**
+ * The addresses of a unit's name, in the system's order. A name is looked up in a thread of its
+ * own, which is left to itself when time runs out: the system's lookup knows no time limit. None on
+ * failure, with the reason in `error`. Ends early when `cancel` is raised.
+ */
+std::vector<Endpoint> findEndpoints(const UnitAddress& address, const Deadline& deadline,
+    const WakeSignal& cancel, std::error_code& error);
 
 /**
  * A connected socket. Shared between the thread that sends and the one that receives, and closed
@@ -42,15 +33,10 @@ private:
  */
 class UnitSocket {
 public:
-    /** A failure of the socket: a number of the system, or one of our own. */
-    enum OwnError { UnknownHost = -1, TimedOut = -2, Cancelled = -3, Closed = -4 };
-
-    /**
-     * Looks the host up and connects. Null on failure, with the reason in `error`. Ends early when
-     * `cancel` is raised.
-     */
-    static std::shared_ptr<UnitSocket> connectTo(
-        const UnitAddress& address, const Deadline& deadline, const WakeSignal& cancel, int& error);
+    /** Null on failure, with the reason in `error`. Ends early when `cancel` is raised. */
+    static std::shared_ptr<UnitSocket> connectTo(const Endpoint& endpoint,
+        UnitAddress::Protocol protocol, const Deadline& deadline, const WakeSignal& cancel,
+        std::error_code& error);
 
     UnitSocket(int descriptor, UnitAddress::Protocol protocol);
     ~UnitSocket();
@@ -60,14 +46,16 @@ public:
     int descriptor() const { return m_descriptor; }
     bool isDatagram() const { return m_protocol == UnitAddress::Udp; }
 
-    /** Sends a whole frame. 0, or the reason of a failure. */
-    int send(const QByteArray& frame, const Deadline& deadline, const WakeSignal& cancel);
-    /** Receives without waiting. The number of bytes; negative on failure, `error` has the reason.
-     */
-    int receive(char* buffer, int size, int& error);
+    /** Sends as much as goes out at once. The number of bytes; negative on failure. */
+    int sendNow(const char* bytes, int size, std::error_code& error);
+    /** Sends all, from `sent` on. */
+    std::error_code send(
+        const QByteArray& frame, int sent, const Deadline& deadline, const WakeSignal& cancel);
+    /** Receives without waiting. The number of bytes, 0 if there are none; negative on failure. */
+    int receive(char* buffer, int size, std::error_code& error);
     /** Whether the other side has closed the connection, with nothing left to read. */
     bool isAtEnd() const;
-    /** Ends the connection; the receiving thread wakes. */
+    /** Ends the connection at once, whoever else holds the socket. */
     void shutDown();
 
 private:

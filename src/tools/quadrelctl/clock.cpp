@@ -75,11 +75,9 @@ bool isClockText(const QString& text)
 void runClock(const ClockOptions& options)
 {
     Session session(options.unit);
-    if (!options.time.isEmpty()) {
-        session.unit().setTimingCheck(
-            options.time == now ? QDateTime::currentDateTime().toString(sentForm) : options.time);
-        session.run(BackwordWriteType);
-    }
-    session.run(BackwordReadType);
-    print(session.clock(), options.json);
+    if (!options.time.isEmpty())
+        session.run(UnitRequest::setClock(options.time == now
+                ? QDateTime::currentDateTime()
+                : QDateTime::fromString(options.time, sentForm)));
+    print(session.run(UnitRequest::readClock()).clock, options.json);
 }

@@ -1,5 +1,6 @@
 #include "console.h"
 
+#include "interrupts.h"
 #include "table.h"
 #include "tool.h"
 #include "visibletext.h"
@@ -97,6 +98,7 @@ bool Console::confirm(const QString& question)
     endProgress();
     flush();
     write(stderr, visibleLines(question) + Tool::tr(" [y/N] "));
+    Interrupts::awaitInput(STDIN_FILENO);
     char answer[64] = {};
     if (!std::fgets(answer, sizeof(answer), stdin))
         return false;

@@ -26,7 +26,7 @@ void showProgress(const QString& text);
 /** Leaves the line of showProgress(), if there is one. */
 void endProgress();
 
-/** Asks on the terminal; false unless the answer is yes. */
+/** Asks on the terminal; false unless the answer is yes. Throws CommandFailure at an interrupt. */
 bool confirm(const QString& question);
 bool canAsk();
 

@@ -1,22 +1,10 @@
 #include "contents.h"
 
-#include "devicemanagermodel.h"
-#include "modelmanagement.h"
-
 #include <QtCore/QMetaEnum>
 
-Contents Contents::ofSelectedDevice()
+Contents Contents::of(const UnitData& unit)
 {
-    DeviceManagerModel* registry = DeviceManagerModel::Instance();
-    const DeviceModel device = registry->getCurrentSelectDevice();
-    ModelManagement* models = registry->getDeviceData(device);
-    Contents contents;
-    contents.device = device;
-    contents.config = *models->getConfigModel();
-    contents.events = *models->getEventModel();
-    contents.triggers = *models->getTriggerModel();
-    contents.timeTriggers = *models->getTriggerTimeModel();
-    return contents;
+    return {unit.device, unit.config, unit.events, unit.triggers, unit.timeTriggers, unit.clock};
 }
 
 QList<int> eventIds(const QString& eventText)

@@ -5,6 +5,7 @@
 #include "systemmodel.h"
 #include "triggermodel.h"
 #include "triggertimemodel.h"
+#include "unitdata.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>
@@ -21,8 +22,8 @@ struct Contents {
     /** The unit's clock as text; empty in a file. */
     QString clock;
 
-    /** The models of the selected device, once a read has filled them. */
-    static Contents ofSelectedDevice();
+    /** What a whole read has found. */
+    static Contents of(const UnitData& unit);
 };
 
 /** The ids in the event text of a trigger, such as "(ID:3);(ID:7)"; none in an empty text. */

@@ -2,14 +2,12 @@
 #include "console.h"
 #include "contentsjson.h"
 #include "contentstables.h"
-#include "devicemanagermodel.h"
 #include "session.h"
 
 void runInfo(const InfoOptions& options)
 {
     Session session(options.unit);
-    session.readDevice();
-    const DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
+    const DeviceModel device = session.run(UnitRequest::readDevice()).device;
     if (options.json)
         printJson(deviceToJson(device));
     else

@@ -32,10 +32,14 @@ void Language::install(const QString& language)
 {
     const bool chinese =
         isChinese(language.isEmpty() ? QLocale::system().uiLanguages().value(0) : language);
-    // The library's source texts are Chinese, and the tool's are English.
-    const QString file = chinese ? QStringLiteral(":/translations/quadrelctl_zh.qm")
-                                 : QStringLiteral(":/translations/quadrelbll_en.qm");
-    auto* translator = new QTranslator(QCoreApplication::instance());
-    if (translator->load(file))
-        QCoreApplication::installTranslator(translator);
+    // The library's source texts are Chinese, and all others are English.
+    const QStringList files = chinese
+        ? QStringList{QStringLiteral("quadrelctl_zh"), QStringLiteral("quadrellink_zh"),
+            QStringLiteral("quadrelworkspace_zh")}
+        : QStringList{QStringLiteral("quadrelbll_en")};
+    for (const QString& file : files) {
+        auto* translator = new QTranslator(QCoreApplication::instance());
+        if (translator->load(QStringLiteral(":/translations/") + file))
+            QCoreApplication::installTranslator(translator);
+    }
 }

@@ -1,20 +1,36 @@
-#include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QLibrary>
+#include "console.h"
+#include "language.h"
+#include "options.h"
+#include "tool.h"
 
-#include <cstdio>
+#include <QtCore/QCoreApplication>
 
 namespace {
 
-/** The module lies beside the program, or in the folder of libraries beside the program's. */
-QString modulePath()
+/** The library's debug line is for its own developers. */
+void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
 {
-    const QString name = QStringLiteral("/libquadrelctl_module.so");
-    const QString folder = QCoreApplication::applicationDirPath();
-    const QString beside = folder + name;
-    return QFile::exists(beside) ? beside
-                                 : QDir::cleanPath(folder + QStringLiteral("/../lib") + name);
+    if (type != QtDebugMsg)
+        Console::note(text);
+}
+
+int run(int argc, char** argv)
+{
+    const CommandLine line = CommandLine::parse(argc, argv);
+    if (!line.command)
+        return line.exitCode;
+    try {
+        line.command();
+    } catch (const CommandFailure& failure) {
+        Console::flush();
+        Console::note(failure.text);
+        return failure.code;
+    }
+    if (!Console::flush()) {
+        Console::note(Tool::tr("the output can't be written"));
+        return Failed;
+    }
+    return Success;
 }
 
 } // namespace
@@ -24,14 +40,7 @@ int main(int argc, char* argv[])
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("quadrelctl"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QUADRELCTL_VERSION));
-
-    QLibrary module(modulePath());
-    // Its threads and singletons stay until the process ends.
-    module.setLoadHints(QLibrary::PreventUnloadHint);
-    const auto run = reinterpret_cast<int (*)(int, char**)>(module.resolve("quadrelctlRun"));
-    if (!run) {
-        std::fprintf(stderr, "quadrelctl: %s\n", qPrintable(module.errorString()));
-        return 1;
-    }
+    qInstallMessageHandler(handleMessage);
+    Language::install(Language::fromArguments(QCoreApplication::arguments()));
     return run(argc, argv);
 }

@@ -1,7 +1,6 @@
 #include "addresscheck.h"
 #include "commands.h"
 #include "console.h"
-#include "devicemanagermodel.h"
 #include "session.h"
 #include "table.h"
 #include "tool.h"
@@ -33,11 +32,10 @@ void runNetwork(const NetworkOptions& options)
             Tool::tr("there is no terminal to confirm on; --yes goes on without"), WrongUsage};
 
     Session session(options.unit);
-    session.readDevice();
-    DeviceModel device = DeviceManagerModel::Instance()->getCurrentSelectDevice();
+    DeviceModel device = session.run(UnitRequest::readDevice()).device;
     showChange(device, options);
     if (!options.yes && !Console::confirm(Tool::tr("Give the unit the new address?")))
         throw CommandFailure{Tool::tr("nothing was changed")};
-    session.sendNetwork(device.getIP(), options.ip, options.mask, options.gateway);
+    session.run(UnitRequest::setNetwork(options.ip, options.mask, options.gateway));
     Console::print(Tool::tr("The unit has taken the address %1.\n").arg(options.ip));
 }

@@ -12,9 +12,7 @@ void runRead(const ReadOptions& options)
     if (!options.file.isEmpty())
         requireSavable(options.file);
     Session session(options.discover ? findOnlyUnit() : options.unit);
-    session.readEverything();
-    Contents contents = Contents::ofSelectedDevice();
-    contents.clock = session.clock();
+    const Contents contents = Contents::of(session.readEverything());
 
     if (options.json)
         printJson(contentsToJson(contents));

@@ -9,7 +9,6 @@ void runRemark(const RemarkOptions& options)
     Console::outliveReader();
     const QByteArray image = loadImage(options.streamedFile);
     Session session(options.unit);
-    session.unit().setUpgradePackage(image, QByteArray(), options.streamedFile);
-    session.run(UpdateRemarkType);
+    session.run(UnitRequest::writeRemark(image));
     Console::print(Tool::tr("The remark of %1 was written.\n").arg(options.streamedFile));
 }

@@ -1,10 +1,9 @@
 #include "commands.h"
 #include "console.h"
-#include "devicemanagermodel.h"
 #include "imagefile.h"
+#include "interrupts.h"
 #include "session.h"
 #include "tool.h"
-#include "unittransport.h"
 #include "upgradeprogress.h"
 #include "xmlfile.h"
 
@@ -12,7 +11,6 @@
 
 namespace {
 
-constexpr int controlBytes = 36;
 /** Between two attempts to reach a unit that restarts. */
 constexpr int attemptPause = 500;
 /** A unit that neither goes away nor changes its version in this time has restarted unseen. */
@@ -31,18 +29,15 @@ void showDescriptor(const QString& path)
 
 QString readVersion(Session& session)
 {
-    session.readDevice();
-    return DeviceManagerModel::Instance()->getCurrentSelectDevice().getVersion();
+    return session.run(UnitRequest::readDevice()).device.getVersion();
 }
 
-void send(Session& session, qint64 totalBytes)
+void send(Session& session, const QByteArray& streamed, const QByteArray& addressed)
 {
-    UpgradeProgress progress(totalBytes);
-    const QObject display;
-    QObject::connect(&session, &Session::progressed, &display,
-        [&progress](const QString& text) { progress.show(text); });
+    UpgradeProgress progress;
     try {
-        session.run(UpgradeDeviceType);
+        session.run(UnitRequest::upgrade(streamed, addressed),
+            [&progress](const UnitProgress& step) { progress.show(step); });
     } catch (CommandFailure& failure) {
         Console::endProgress();
         failure.text += Tool::tr("\nThe unit may hold half an image. Run the upgrade again, "
@@ -59,8 +54,8 @@ QString awaitReturn(Session& session, const QString& oldVersion)
     elapsed.start();
     bool wasAway = false;
     while (elapsed.elapsed() < timeout) {
-        session.pause(attemptPause);
-        wasAway = wasAway || !session.transport().isConnected();
+        Interrupts::pause(attemptPause);
+        wasAway = wasAway || !session.isConnected();
         try {
             const QString version = readVersion(session);
             if (wasAway || version != oldVersion || elapsed.elapsed() > unseenRestart)
@@ -88,8 +83,8 @@ void runUpgrade(const UpgradeOptions& options)
 
     Session session(options.unit);
     const QString oldVersion = readVersion(session);
-    session.unit().setUpgradePackage(streamed, addressed, options.unit.toText());
-    send(session, streamed.size() + addressed.size() + controlBytes);
+    send(session, streamed, addressed);
+    Console::note(Tool::tr("Reconnecting to the device"));
     const QString version = awaitReturn(session, oldVersion);
     Console::print(
         Tool::tr("The unit is back with version %1; it was %2.\n").arg(version, oldVersion));

@@ -4,8 +4,6 @@
 #include "table.h"
 #include "tool.h"
 
-#include <QtCore/QRegularExpression>
-
 #include <algorithm>
 
 namespace {
@@ -16,35 +14,28 @@ constexpr int lineStep = 10;
 
 } // namespace
 
-UpgradeProgress::UpgradeProgress(qint64 totalBytes)
-    : m_totalBytes(totalBytes)
+UpgradeProgress::UpgradeProgress()
 {
     m_elapsed.start();
 }
 
-void UpgradeProgress::show(const QString& text)
+void UpgradeProgress::show(const UnitProgress& step)
 {
-    static const QRegularExpression number(QStringLiteral("(\\d+)"));
-    const QRegularExpressionMatch match = number.match(text);
-    if (!match.hasMatch()) {
-        Console::note(text);
+    const int percent = step.total == 0 ? 100 : static_cast<int>(step.done * 100 / step.total);
+    const int shown = Console::isTerminal() ? percent : percent / lineStep * lineStep;
+    if (shown == m_shown)
         return;
-    }
-    const int percent = match.captured(1).toInt();
-    const int step = Console::isTerminal() ? percent : percent / lineStep * lineStep;
-    if (step == m_shown)
-        return;
-    m_shown = step;
+    m_shown = shown;
     if (Console::isTerminal())
-        Console::showProgress(bar(percent));
+        Console::showProgress(bar(percent, step.done));
     else
-        Console::note(Tool::tr("%1 % sent").arg(step));
+        Console::note(Tool::tr("%1 % sent").arg(shown));
 }
 
-QString UpgradeProgress::bar(int percent) const
+QString UpgradeProgress::bar(int percent, qint64 sentBytes) const
 {
     const double seconds = std::max(1.0, static_cast<double>(m_elapsed.elapsed())) / 1000;
-    const double rate = static_cast<double>(m_totalBytes) * percent / 100 / seconds;
+    const double rate = static_cast<double>(sentBytes) / seconds;
     const int left = percent == 0 ? 0 : qRound(seconds * (100 - percent) / percent);
     const QString facts = Tool::tr("%1 %  %2 KiB/s  %3 s left")
                               .arg(QString::number(percent), QString::number(rate / 1024, 'f', 0),

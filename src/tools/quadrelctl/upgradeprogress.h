@@ -1,5 +1,7 @@
 #pragma once
 
+#include "unitprogress.h"
+
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QString>
 
@@ -9,16 +11,13 @@
  */
 class UpgradeProgress {
 public:
-    /** `totalBytes` stand for 100 percent. */
-    explicit UpgradeProgress(qint64 totalBytes);
+    UpgradeProgress();
 
-    /** Takes the library's progress text, whose number is the percentage. */
-    void show(const QString& text);
+    void show(const UnitProgress& step);
 
 private:
-    QString bar(int percent) const;
+    QString bar(int percent, qint64 sentBytes) const;
 
-    const qint64 m_totalBytes;
     QElapsedTimer m_elapsed;
     int m_shown = -1;
 };

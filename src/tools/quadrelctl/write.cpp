@@ -96,26 +96,19 @@ void warnOfLosses(const Plan& plan, const Contents& unit, bool dropTimeTriggers)
 
 void write(Session& session, const Contents& contents)
 {
-    if (contents.config) {
-        session.unit().setConfigModel(*contents.config);
-        session.run(SendConfigType);
-    }
-    if (contents.events) {
-        session.unit().setEventModel(*contents.events);
-        session.run(SendEventType);
-    }
-    if (contents.triggers) {
-        session.unit().setTriggerModel(*contents.triggers);
-        session.unit().setTimeTriggerModel(*contents.timeTriggers);
-        session.run(SendTriggerType);
-    }
+    if (contents.config)
+        session.run(UnitRequest::writeConfig(*contents.config));
+    if (contents.events)
+        session.run(UnitRequest::writeEvents(*contents.events));
+    if (contents.triggers)
+        session.run(UnitRequest::writeTriggers(*contents.triggers, *contents.timeTriggers));
 }
 
 /** Reads the unit again; throws if it does not hold what was written. */
 void verify(Session& session, const Plan& plan)
 {
-    session.readEverything();
-    const Plan found = makePlan(plan.contents, Contents::ofSelectedDevice(), false);
+    const Contents unit = Contents::of(session.readEverything());
+    const Plan found = makePlan(plan.contents, unit, false);
     bool isSame = true;
     for (int i = 0; i < plan.sections.size(); ++i) {
         const Difference difference =
@@ -147,8 +140,7 @@ void runWrite(const WriteOptions& options)
     }
 
     Session session(options.unit);
-    session.readEverything();
-    const Contents unit = Contents::ofSelectedDevice();
+    const Contents unit = Contents::of(session.readEverything());
     const Plan plan = makePlan(chosen, unit, options.dropTimeTriggers);
     const QString fault = limitFault(plan.contents);
     if (!fault.isEmpty())

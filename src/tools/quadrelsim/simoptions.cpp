@@ -2,6 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include <QtCore/QDir>
+#include <QtCore/QRegularExpression>
+
 using namespace QuadrelUnit;
 
 namespace {
@@ -50,7 +53,7 @@ CLI::Option* addNumber(CLI::App& app, SimOptions& options, const std::string& na
 {
     const auto take = [&options, member](const Number& value) {
         options.settingChanges.emplace_back(
-            [member, value](UnitSettings& settings) { settings.*member = value; });
+            [member, value](UnitSettings& settings, int) { settings.*member = value; });
     };
     return app.add_option_function<Number>(name, take, help);
 }
@@ -62,7 +65,7 @@ CLI::Option* addFourBytes(CLI::App& app, SimOptions& options, const std::string&
     const auto take = [&options, name, member](const std::string& value) {
         const FourBytes bytes = fourBytes(name, value);
         options.settingChanges.emplace_back(
-            [member, bytes](UnitSettings& settings) { settings.*member = bytes; });
+            [member, bytes](UnitSettings& settings, int) { settings.*member = bytes; });
     };
     return app.add_option_function<std::string>(name, take, help);
 }
@@ -75,8 +78,26 @@ void addNetworkOptions(CLI::App& app, SimOptions& options)
                const std::string& value) { options.address = hostAddress("--listen", value); },
            "Address to listen on, TCP and UDP (default 127.0.0.1)")
         ->type_name("ADDRESS");
-    app.add_option("--port", options.port, "Port to listen on; 0 takes a free one (default 3801)")
+    app.add_option("--port", options.port,
+           "Port to listen on, of several units the first one's; 0 takes free ones (default 3801)")
         ->type_name("PORT");
+    app.add_option("--count", options.count, "Serve so many units, each on a port of its own")
+        ->type_name("COUNT")
+        ->check(CLI::Range(1, 10000));
+    app.add_option("--max-connections", options.maximumConnections,
+           "Clients that a unit takes at a time (default 64)")
+        ->type_name("COUNT")
+        ->check(CLI::Range(1, 10000));
+    app.add_option("--idle-timeout", options.idleTime,
+           "Drop a connection after so long without a byte; 0 for never (default 300000)")
+        ->type_name("MS")
+        ->check(CLI::Range(0, 86400000));
+    app.add_option("--latency", options.latency, "Time before each reply (default 0)")
+        ->type_name("MS")
+        ->check(CLI::Range(0, 3600000));
+    app.add_option("--jitter", options.jitter, "Up to so much more of it, by chance (default 0)")
+        ->type_name("MS")
+        ->check(CLI::Range(0, 3600000));
     app.add_option("--reset-time", options.resetTime,
            "How long the unit is away after a reset or an upgrade (default 1000)")
         ->type_name("MS")
@@ -90,8 +111,14 @@ void addUnitOptions(CLI::App& app, SimOptions& options)
     addNumber(app, options, "--model", &UnitSettings::model, "Model number (default 0x7209)")
         ->type_name("NUMBER")
         ->group(group);
-    addNumber(
-        app, options, "--serial", &UnitSettings::serialNumber, "Serial number (default 310000001)")
+    app.add_option_function<quint64>(
+           "--serial",
+           [&options](const quint64& value) {
+               options.settingChanges.emplace_back([value](UnitSettings& settings, int index) {
+                   settings.serialNumber = value + static_cast<quint64>(index);
+               });
+           },
+           "Serial number, of several units the first one's (default 310000001)")
         ->type_name("NUMBER")
         ->check(CLI::NonNegativeNumber)
         ->group(group);
@@ -133,7 +160,7 @@ void addUnitOptions(CLI::App& app, SimOptions& options)
                name,
                [&options, member, value] {
                    options.settingChanges.emplace_back(
-                       [member, value](UnitSettings& settings) { settings.*member = value; });
+                       [member, value](UnitSettings& settings, int) { settings.*member = value; });
                },
                help)
             ->group(group);
@@ -144,8 +171,15 @@ void addUnitOptions(CLI::App& app, SimOptions& options)
     app.add_flag("--sample", options.hasSample, "Start with a sample configuration")->group(group);
     app.add_option_function<std::string>(
            "--memory", [&options](const std::string& value) { options.memoryPath = text(value); },
-           "Keep the unit's memory in this file")
+           "Keep the unit's memory in this file; with --count a folder, with a file for each unit")
         ->type_name("FILE")
+        ->group(group);
+    app.add_option_function<int>(
+           "--max-memory",
+           [&options](int value) { options.memoryLimit = Q_INT64_C(1024) * 1024 * value; },
+           "Memory that writes may fill (default 64)")
+        ->type_name("MIB")
+        ->check(CLI::Range(1, 1024))
         ->group(group);
 }
 
@@ -165,31 +199,59 @@ void addUpgradeOptions(CLI::App& app, SimOptions& options)
         ->group(group);
 }
 
-void addFaultOptions(
-    CLI::App& app, SimOptions& options, std::vector<std::string>& faults, quint32& seed)
+FaultOption faultOption(const std::string& value, int unitCount)
+{
+    static const QRegularExpression form(QStringLiteral("^(?:(\\d{1,5})(?:-(\\d{1,5}))?:)?(.*)$"),
+        QRegularExpression::DotMatchesEverythingOption);
+    const QRegularExpressionMatch match = form.match(text(value));
+    FaultOption option = {1, unitCount, match.captured(3)};
+    if (!match.captured(1).isEmpty()) {
+        option.firstUnit = match.captured(1).toInt();
+        option.lastUnit =
+            match.captured(2).isEmpty() ? option.firstUnit : match.captured(2).toInt();
+    }
+    if (option.firstUnit < 1 || option.lastUnit > unitCount || option.firstUnit > option.lastUnit)
+        refuse("--fault",
+            QStringLiteral("\"%1\": units are numbered from 1 to %2")
+                .arg(text(value))
+                .arg(unitCount));
+    QString error;
+    if (!UnitFaults().add(option.text, &error))
+        refuse("--fault", error);
+    return option;
+}
+
+void addFaultOptions(CLI::App& app, SimOptions& options, std::vector<std::string>& faults)
 {
     const std::string group = "Faults";
     const std::string kinds = UnitFaults::kindNames().join(QStringLiteral(", ")).toStdString();
     app.add_option("--fault", faults,
            "A fault in the N-th reply (KIND@N) or in a share of them (KIND%PERCENT), any number of "
-           "times; delay may name its milliseconds (delay:250@3). KIND: "
+           "times; delay may name its milliseconds (delay:250@3); the units that have it may stand "
+           "in front (7:drop@1, 2-5:drop%10). KIND: "
                + kinds)
         ->type_name("FAULT")
         ->expected(1)
         ->allow_extra_args(false)
         ->take_all()
         ->group(group);
-    app.add_option("--seed", seed, "Seed of all chances (default 0)")
+    app.add_option("--seed", options.seed, "Seed of all chances (default 0)")
         ->type_name("NUMBER")
         ->group(group);
-    app.callback([&options, &faults, &seed] {
-        options.faults = UnitFaults(seed);
-        for (const std::string& fault : faults) {
-            QString error;
-            if (!options.faults.add(text(fault), &error))
-                refuse("--fault", error);
-        }
-    });
+}
+
+/** What can only be looked at once all options are known. */
+void checkTogether(SimOptions& options, const std::vector<std::string>& faults)
+{
+    constexpr int lastPort = 65535;
+    if (options.port != 0 && options.port + options.unitCount() - 1 > lastPort)
+        refuse("--port",
+            QStringLiteral("%1 units do not fit between port %2 and %3")
+                .arg(options.unitCount())
+                .arg(options.port)
+                .arg(lastPort));
+    for (const std::string& fault : faults)
+        options.faults.push_back(faultOption(fault, options.unitCount()));
 }
 
 void addDiscoveryOptions(CLI::App& app, SimOptions& options)
@@ -260,26 +322,57 @@ void addDiscoveryOptions(CLI::App& app, SimOptions& options)
 
 } // namespace
 
-UnitSettings SimOptions::changed(UnitSettings settings) const
+UnitSettings SimOptions::settings(int index) const
 {
-    for (const auto& change : settingChanges)
-        change(settings);
+    UnitSettings settings;
+    settings.serialNumber += static_cast<quint64>(index);
+    return changed(settings, index);
+}
+
+UnitSettings SimOptions::changed(UnitSettings settings, int index) const
+{
+    for (const SettingChange& change : settingChanges)
+        change(settings, index);
     return settings;
+}
+
+quint16 SimOptions::portOf(int index) const
+{
+    return port == 0 ? quint16(0) : static_cast<quint16>(port + index);
+}
+
+QString SimOptions::memoryPathOf(int index) const
+{
+    if (!isSite())
+        return memoryPath;
+    return QDir(memoryPath).filePath(QStringLiteral("unit-%1.memory").arg(index + 1));
+}
+
+UnitFaults SimOptions::faultsOf(int index) const
+{
+    UnitFaults own(seedOf(index));
+    const int unit = index + 1;
+    QString error;
+    for (const FaultOption& fault : faults) {
+        if (fault.firstUnit <= unit && unit <= fault.lastUnit)
+            own.add(fault.text, &error);
+    }
+    return own;
 }
 
 std::optional<SimOptions> parseOptions(int argc, char** argv, int* exitCode)
 {
     SimOptions options;
     std::vector<std::string> faults;
-    quint32 seed = 0;
 
     CLI::App app("A simulated control unit: the memory of a unit, served over TCP and UDP.");
     app.set_version_flag("--version", std::string("quadrelsim ") + QUADRELSIM_VERSION);
     addNetworkOptions(app, options);
     addUnitOptions(app, options);
     addUpgradeOptions(app, options);
-    addFaultOptions(app, options, faults, seed);
+    addFaultOptions(app, options, faults);
     addDiscoveryOptions(app, options);
+    app.callback([&] { checkTogether(options, faults); });
 
     try {
         app.parse(argc, argv);

@@ -1,35 +1,27 @@
 #pragma once
 
+#include "console.h"
 #include "simoptions.h"
-#include "unitmemoryfile.h"
-#include "unitserver.h"
-
-#include <QtCore/QObject>
+#include "simulatedunit.h"
 
 #include <memory>
+#include <vector>
 
-/** The unit of this program, with all that the options hang on it. */
-class Simulator : public QObject {
-    Q_OBJECT
-
+/** All units of this program. */
+class Simulator {
 public:
     explicit Simulator(const SimOptions& options);
 
-    /** False, with the reason on standard error, if the unit cannot do its work. */
+    /** False, with the reason on standard error, if a unit cannot do its work. */
     bool start();
     /** Saves what is not saved yet. False if that fails. */
     bool stop();
 
 private:
-    bool openMemory();
-    bool openDiscovery();
-    void updateDiscoveryReply();
-    void reportEvents();
-    void printDigests();
+    bool makeRoom();
+    void printEndpoints() const;
 
     SimOptions m_options;
-    QuadrelUnit::ControlUnit m_unit;
-    QuadrelUnit::UnitServer m_server;
-    QuadrelUnit::UnitDiscovery m_discovery;
-    std::unique_ptr<QuadrelUnit::UnitMemoryFile> m_memoryFile;
+    Log m_log;
+    std::vector<std::unique_ptr<SimulatedUnit>> m_units;
 };

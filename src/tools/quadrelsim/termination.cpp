@@ -3,6 +3,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QSocketNotifier>
 
+#include <cerrno>
 #include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -14,9 +15,11 @@ int signalSockets[2];
 
 void tellEventLoop(int /*signal*/)
 {
+    const int errorBefore = errno;
     const char byte = 1;
     const ssize_t written = write(signalSockets[0], &byte, sizeof(byte));
     static_cast<void>(written);
+    errno = errorBefore;
 }
 
 } // namespace

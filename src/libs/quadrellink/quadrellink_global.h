@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QtCore/QtGlobal>
+
+#if defined(QUADRELLINK_LIBRARY)
+#define QUADRELLINK_EXPORT Q_DECL_EXPORT
+#else
+#define QUADRELLINK_EXPORT Q_DECL_IMPORT
+#endif

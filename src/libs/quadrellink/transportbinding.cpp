@@ -1,0 +1,24 @@
+#include "transportbinding.h"
+
+TransportBinding::TransportBinding(UnPackage& unPackage, TransportCore& core)
+{
+    const auto handleDirectly = [&](auto signal, auto handler) {
+        m_connections.push_back(
+            QObject::connect(&unPackage, signal, &unPackage, handler, Qt::DirectConnection));
+    };
+    handleDirectly(&UnPackage::signal_sendPackage,
+        [&core](const QByteArray& frame) { core.sendFrame(frame); });
+    const auto finish = [&core] { core.finishOperation(); };
+    handleDirectly(&UnPackage::signal_errored, finish);
+    handleDirectly(&UnPackage::signal_readFinished, finish);
+    handleDirectly(&UnPackage::signal_finshed, finish);
+    handleDirectly(&UnPackage::signal_finshedUpgrade, finish);
+    handleDirectly(&UnPackage::signal_finshedUpdateRemark, finish);
+    handleDirectly(&UnPackage::signal_finishnetwork, finish);
+}
+
+TransportBinding::~TransportBinding()
+{
+    for (const QMetaObject::Connection& connection : m_connections)
+        QObject::disconnect(connection);
+}

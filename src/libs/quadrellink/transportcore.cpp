@@ -1,0 +1,478 @@
+#include "transportcore.h"
+
+#include "unpackage.h"
+#include "workerthread.h"
+
+#include <algorithm>
+
+#include <poll.h>
+
+using namespace QuadrelFrame;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::microseconds firstWakePause = 10us;
+constexpr std::chrono::microseconds longestWakePause = 4ms;
+/**
+ * Replies that follow each other this fast are waited for awake: to sleep and be woken would take
+ * as long again.
+ */
+constexpr std::chrono::microseconds promptExchange = 150us;
+/** More than any datagram, and many frames of a stream. */
+constexpr std::size_t receiveBufferSize = std::size_t{128} * 1024;
+constexpr int usualUdpRetries = 3;
+
+int retriesOf(const UnitAddress& address, int retries)
+{
+    if (retries != LinkOptions::usualRetries)
+        return std::max(retries, 0);
+    return address.protocol == UnitAddress::Udp ? usualUdpRetries : 0;
+}
+
+QByteArray bytesOf(const FrameView& frame)
+{
+    return QByteArray(frame.bytes(), static_cast<int>(frame.size()));
+}
+
+} // namespace
+
+TransportCore::TransportCore(
+    UnPackage& unPackage, const UnitAddress& address, const LinkOptions& options, Observer observer)
+    : m_unPackage(unPackage)
+    , m_address(address)
+    , m_unit(address.toText())
+    , m_timeout(options.timeout)
+    , m_retries(retriesOf(address, options.retries))
+    , m_log(options.log)
+    , m_observer(std::move(observer))
+    , m_connector(address)
+    , m_buffer(receiveBufferSize)
+{
+    m_thread = startWorkerThread([this] { work(); });
+}
+
+TransportCore::~TransportCore()
+{
+    {
+        const LinkLock lock(m_mutex);
+        m_isStopping = true;
+    }
+    m_cancel.raise();
+    m_wake.raise();
+    m_thread.join();
+}
+
+void TransportCore::cancel() noexcept
+{
+    m_isCancelled = true;
+    m_cancel.raise();
+    m_wake.raise();
+}
+
+void TransportCore::resume() noexcept
+{
+    m_isCancelled = false;
+    m_cancel.clear();
+}
+
+void TransportCore::disconnectUnit()
+{
+    const LinkLock lock(m_mutex);
+    dropSocket();
+}
+
+bool TransportCore::isConnected() const
+{
+    const LinkLock lock(m_mutex);
+    return m_socket != nullptr;
+}
+
+LinkFailure TransportCore::lastFailure() const
+{
+    const LinkLock lock(m_mutex);
+    return m_lastFailure;
+}
+
+// On the operation's thread.
+
+void TransportCore::sendFrame(const QByteArray& frame)
+{
+    const std::shared_ptr<UnitSocket> socket = beginExchange(frame);
+    if (!socket)
+        return;
+    std::error_code error;
+    const int sent = socket->sendNow(frame.constData(), frame.size(), error);
+    if (sent == frame.size())
+        m_wasSent = true;
+    else
+        handOver(socket, std::max(sent, 0));
+}
+
+/** The connection, if there is one; else the core's thread makes it, and sends the frame. */
+std::shared_ptr<UnitSocket> TransportCore::beginExchange(const QByteArray& frame)
+{
+    const LinkLock lock(m_mutex);
+    const bool isFirst = m_phase == Phase::Idle || m_phase == Phase::Trailing;
+    if (isFirst) {
+        m_lastFailure = LinkFailure();
+        leaveUnusableSocket();
+    }
+    m_phase = Phase::Awaiting;
+    m_wasSent = false;
+    ++m_number;
+    m_mishap = LinkFailure();
+    m_exchange = Exchange(frame);
+    m_deadline = Deadline(m_timeout);
+    m_sentAt = Clock::now();
+    m_triesLeft = m_exchange.mayRepeat() ? m_retries : 0;
+    m_unsentFrom = m_socket ? -1 : 0;
+    if (m_log)
+        m_log->add(m_unit, FrameLog::Sent, frame);
+    // Between exchanges the core's thread looks by itself; it sleeps longer between operations.
+    const bool isCoresTurn = m_isCancelled || !m_socket;
+    if (isFirst || isCoresTurn)
+        m_wake.raise();
+    return isCoresTurn ? nullptr : m_socket;
+}
+
+/** What does not go out at once is the core's to send, or to fail with. */
+void TransportCore::handOver(const std::shared_ptr<UnitSocket>& socket, int sent)
+{
+    const LinkLock lock(m_mutex);
+    if (m_phase != Phase::Awaiting || socket != m_socket)
+        return;
+    m_unsentFrom = sent;
+    m_wake.raise();
+}
+
+/** An operation before may have left it in mid-frame, or the unit may have closed it since. */
+void TransportCore::leaveUnusableSocket()
+{
+    if (m_socket && (m_unsentFrom >= 0 || m_reader.isMidFrame() || m_socket->isAtEnd()))
+        dropSocket();
+}
+
+void TransportCore::finishOperation()
+{
+    const LinkLock lock(m_mutex);
+    m_phase = m_phase == Phase::Awaiting ? Phase::Trailing : Phase::Idle;
+}
+
+bool TransportCore::awaitLastReply()
+{
+    const LinkLock lock(m_mutex);
+    if (!isAwaited())
+        return false;
+    while (isAwaited())
+        m_settled.wait(m_mutex);
+    return !m_lastFailure;
+}
+
+// On the core's thread.
+
+void TransportCore::work()
+{
+    const LinkLock lock(m_mutex);
+    while (!m_isStopping) {
+        if (m_isCancelled && isAwaited())
+            fail(cancelled());
+        else if (isAwaited() && m_deadline.isOver())
+            runOutOfTime();
+        else if (isAwaited() && m_unsentFrom >= 0)
+            transmit();
+        else
+            awaitInput();
+    }
+}
+
+/** Connects if there is no connection, and sends what is not out of the frame. */
+void TransportCore::transmit()
+{
+    const std::uint64_t number = m_number;
+    const Exchange exchange = m_exchange;
+    const Deadline deadline = m_deadline;
+    const int sent = m_unsentFrom;
+    std::shared_ptr<UnitSocket> socket = m_socket;
+    const bool isNew = !socket;
+    std::error_code error;
+
+    m_mutex.unlock();
+    if (isNew)
+        socket = m_connector.connectNext(deadline, m_cancel, error);
+    if (socket)
+        error = socket->send(exchange.frame(), sent, deadline, m_cancel);
+    m_mutex.lock();
+
+    if (isNew) {
+        m_socket = socket;
+        m_reader = ReplyReader();
+        m_isHeard = false;
+    }
+    // The operation may have given up meanwhile, and even another may have begun.
+    if (number != m_number)
+        return;
+    m_unsentFrom = -1;
+    if (!error)
+        m_wasSent = true;
+    else if (isAwaited())
+        loseConnection(failureOf(error));
+    else
+        dropSocket();
+}
+
+void TransportCore::awaitInput()
+{
+    const std::shared_ptr<UnitSocket> socket = m_socket;
+    const std::uint64_t number = m_number;
+    const Clock::duration pause = m_phase == Phase::Delivered ? m_wakePause : 0us;
+    const Clock::duration limit = untilNextAct();
+    if (m_phase == Phase::Idle)
+        m_awakeUntil = {};
+    int size = 0;
+    std::error_code error;
+
+    m_mutex.unlock();
+    if (waitForInput(socket.get(), limit))
+        size = socket->receive(m_buffer.data(), static_cast<int>(m_buffer.size()), error);
+    m_mutex.lock();
+
+    if (size != 0 && socket == m_socket)
+        takeReceived(size, error);
+    repeatWake(number, pause);
+}
+
+/** Without an end where there is nothing to do but to receive. */
+TransportCore::Clock::duration TransportCore::untilNextAct() const
+{
+    if (m_phase == Phase::Delivered)
+        return m_wakePause;
+    return isAwaited() ? m_deadline.left() : Clock::duration::max();
+}
+
+/** Whether the socket has something to tell; false when the time is over or the wake was raised. */
+bool TransportCore::waitForInput(const UnitSocket* socket, Clock::duration limit)
+{
+    pollfd waited[] = {
+        {m_wake.descriptor(), POLLIN, 0}, {socket ? socket->descriptor() : -1, POLLIN, 0}};
+    const auto start = Clock::now();
+    auto now = start;
+    if (now < m_awakeUntil) {
+        const auto end = now + std::min(limit, m_awakeUntil - now);
+        while (poll(waited, 2, 0) == 0 && now < end) {
+            // To whoever has work for this processor; it may be the operation, or the unit.
+            std::this_thread::yield();
+            now = Clock::now();
+        }
+    } else {
+        timespec time = {};
+        const bool isEndless = limit == Clock::duration::max();
+        if (!isEndless) {
+            const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(limit);
+            time.tv_sec = seconds.count();
+            time.tv_nsec = std::chrono::nanoseconds(limit - seconds).count();
+        }
+        ppoll(waited, 2, isEndless ? nullptr : &time, nullptr);
+        now = Clock::now();
+    }
+    if (waited[0].revents)
+        m_wake.clear();
+    if (!waited[1].revents)
+        return false;
+    m_awakeUntil = now - m_lastInput < promptExchange ? now + promptExchange : now;
+    m_lastInput = now;
+    return true;
+}
+
+void TransportCore::takeReceived(int size, const std::error_code& error)
+{
+    if (size < 0) {
+        LinkFailure failure = failureOf(error);
+        if (error == LinkError::ConnectionLost && m_reader.isMidFrame())
+            failure.text = tr("%1 closed the connection in the middle of a reply").arg(m_unit);
+        loseConnection(failure);
+        return;
+    }
+    if (m_socket->isDatagram())
+        m_reader.appendDatagram(m_buffer.data(), size);
+    else
+        m_reader.append(m_buffer.data(), size);
+    takeFrames();
+    if (m_reader.fault() != ReplyReader::NoFault)
+        takeFault(faultOf(m_reader.fault()));
+}
+
+void TransportCore::takeFrames()
+{
+    while (const std::optional<FrameView> reply = m_reader.takeFrame()) {
+        m_isHeard = true;
+        takeReply(*reply);
+    }
+}
+
+void TransportCore::takeReply(const FrameView& reply)
+{
+    const Exchange::Verdict verdict =
+        isAwaited() ? m_exchange.judge(reply) : Exchange::Verdict::Foreign;
+    if (m_log)
+        m_log->add(m_unit,
+            verdict == Exchange::Verdict::Foreign ? FrameLog::Dropped : FrameLog::Received,
+            bytesOf(reply), Clock::now() - m_sentAt);
+    if (verdict == Exchange::Verdict::Foreign)
+        return;
+    if (verdict == Exchange::Verdict::WrongLength) {
+        fail({LinkError::WrongReply,
+            tr("%1 sent a reply of another length than was asked for").arg(m_unit)});
+        return;
+    }
+    if (m_observer)
+        m_observer(m_exchange, reply);
+    const bool isOperationThere = m_phase == Phase::Awaiting;
+    settle();
+    if (isOperationThere)
+        m_unPackage.setRecvPackage(bytesOf(reply));
+}
+
+/** A stream that has lost its place is of no use any more; a datagram is simply lost. */
+void TransportCore::takeFault(const LinkFailure& failure)
+{
+    if (!m_socket->isDatagram()) {
+        loseConnection(failure);
+        return;
+    }
+    m_reader = ReplyReader();
+    if (!isAwaited())
+        return;
+    m_mishap = failure;
+    if (m_triesLeft == 0)
+        fail(failure);
+}
+
+void TransportCore::loseConnection(const LinkFailure& failure)
+{
+    const bool isRefused = failure.error == std::errc::connection_refused;
+    const bool isNextAddressFree = isRefused && !m_isHeard && m_connector.hasMore();
+    const bool wasConnected = m_socket != nullptr;
+    dropSocket();
+    if (!isAwaited())
+        return;
+    m_mishap = failure;
+    // A refused datagram has reached no unit.
+    if (isNextAddressFree)
+        m_unsentFrom = 0;
+    else if (!wasConnected || isRefused || !sendAgain())
+        fail(failure);
+}
+
+void TransportCore::runOutOfTime()
+{
+    if (!sendAgain())
+        fail(noReply());
+}
+
+/** Sends the frame once more, if it may be. */
+bool TransportCore::sendAgain()
+{
+    if (m_triesLeft == 0 || m_phase == Phase::Trailing)
+        return false;
+    --m_triesLeft;
+    // A stream would only carry it to where the first one is stuck.
+    if (m_socket && (!m_socket->isDatagram() || (!m_isHeard && m_connector.hasMore())))
+        dropSocket();
+    m_unsentFrom = 0;
+    m_deadline = Deadline(m_timeout);
+    if (m_log)
+        m_log->add(m_unit, FrameLog::Sent, m_exchange.frame());
+    return true;
+}
+
+/** Wakes again while the number of the exchange is what it was before the pause. */
+void TransportCore::repeatWake(std::uint64_t number, Clock::duration pause)
+{
+    if (pause == 0us || m_phase != Phase::Delivered || number != m_number)
+        return;
+    m_unPackage.quitWaitDelay();
+    m_wakePause = std::min<Clock::duration>(2 * m_wakePause, longestWakePause);
+}
+
+bool TransportCore::isAwaited() const
+{
+    return m_phase == Phase::Awaiting || m_phase == Phase::Trailing;
+}
+
+void TransportCore::fail(const LinkFailure& failure)
+{
+    const bool isOperationThere = m_phase == Phase::Awaiting;
+    m_lastFailure = failure;
+    // Half a frame makes the next one unreadable.
+    if (m_unsentFrom > 0)
+        dropSocket();
+    settle();
+    if (isOperationThere)
+        m_unPackage.setError(failure.text);
+}
+
+void TransportCore::settle()
+{
+    m_unsentFrom = -1;
+    m_wakePause = firstWakePause;
+    m_phase = m_phase == Phase::Awaiting ? Phase::Delivered : Phase::Idle;
+    m_settled.notify_all();
+}
+
+void TransportCore::dropSocket()
+{
+    if (!m_socket)
+        return;
+    m_socket->shutDown();
+    m_socket.reset();
+    m_reader = ReplyReader();
+}
+
+LinkFailure TransportCore::cancelled() const
+{
+    return {LinkError::Cancelled, tr("cancelled")};
+}
+
+LinkFailure TransportCore::noReply() const
+{
+    if (m_mishap)
+        return m_mishap;
+    const FrameView request = m_exchange.view();
+    const std::string name = placeName(request.address());
+    const QString place = name.empty()
+        ? QStringLiteral("0x%1").arg(request.address(), 8, 16, QLatin1Char('0'))
+        : QString::fromStdString(name);
+    const QString text = m_exchange.isRead()
+        ? tr("%1 has not answered the read of %2 within %3 ms")
+        : tr("%1 has not answered the write of %2 within %3 ms");
+    return {LinkError::NoReply, text.arg(m_unit, place, QString::number(m_timeout))};
+}
+
+LinkFailure TransportCore::failureOf(const std::error_code& error) const
+{
+    const auto failure = [&](const QString& text) { return LinkFailure{error, text.arg(m_unit)}; };
+    if (error == LinkError::Cancelled)
+        return cancelled();
+    if (error == LinkError::UnknownHost)
+        return failure(tr("%1: no such host"));
+    if (error == LinkError::ConnectionLost)
+        return failure(tr("%1 closed the connection without an answer"));
+    if (error == std::errc::timed_out)
+        return failure(tr("%1 does not answer"));
+    if (error == std::errc::connection_refused)
+        return failure(tr("%1 refused the connection"));
+    if (error == std::errc::connection_reset || error == std::errc::broken_pipe)
+        return failure(tr("%1 reset the connection"));
+    if (error == std::errc::host_unreachable || error == std::errc::network_unreachable)
+        return failure(tr("%1 can't be reached"));
+    return failure(QStringLiteral("%1: ") + qt_error_string(error.value()));
+}
+
+LinkFailure TransportCore::faultOf(ReplyReader::Fault fault) const
+{
+    if (fault == ReplyReader::WrongChecksum)
+        return {LinkError::DamagedReply,
+            tr("%1 sent a damaged reply: its checksum is wrong").arg(m_unit)};
+    return {LinkError::NotAReply, tr("%1 sent something that is no reply of a unit").arg(m_unit)};
+}
