@@ -2,6 +2,8 @@
 
 #include "documenttext.h"
 
+#include <QtCore/QTextCodec>
+
 #include <algorithm>
 
 namespace QuadrelDocument {
@@ -21,7 +23,7 @@ QByteArray byteOrderMark()
 /** Throws Refusal at what no text in UTF-8 holds. */
 void refuseForeignBytes(const QByteArray& text)
 {
-    const QByteArray valid = QString::fromUtf8(text.constData(), text.size()).toUtf8();
+    const QByteArray valid = textOfUtf8(text.constData(), text.size()).toUtf8();
     if (valid != text) {
         const auto difference =
             std::mismatch(text.begin(), text.end(), valid.begin(), valid.end()).first;
@@ -125,6 +127,12 @@ Position PositionFinder::at(int offset)
             ++m_position.column;
     }
     return m_position;
+}
+
+QString textOfUtf8(const char* bytes, int size)
+{
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return QTextCodec::codecForName("UTF-8")->toUnicode(bytes, size, &state);
 }
 
 QByteArray withoutMark(const QByteArray& text)

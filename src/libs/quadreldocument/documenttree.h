@@ -87,6 +87,8 @@ private:
 /** The most values in one document; more than a hundred units have. */
 constexpr int maximumNodes = 100000;
 
+/** The text of UTF-8, whose first mark QString::fromUtf8() would drop. */
+QString textOfUtf8(const char* bytes, int size);
 /** The text without the mark that some editors put ahead of UTF-8. */
 QByteArray withoutMark(const QByteArray& text);
 /** What is said of a text of more than maximumDocumentSize. */

@@ -48,7 +48,7 @@ public:
     {
         refuseDecoration(mark, tag, anchor);
         Node node = nodeAt(mark);
-        node.value = QString::fromStdString(value);
+        node.value = textOfUtf8(value.data(), static_cast<int>(value.size()));
         node.isQuoted = tag == "!";
         put(std::move(node));
     }
