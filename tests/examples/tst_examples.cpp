@@ -1,4 +1,3 @@
-#include "networknamespaces.h"
 #include "programs.h"
 
 #include <QtCore/QFile>
@@ -26,15 +25,11 @@ ToolResult run(const char* name, const QStringList& arguments)
 class TestExamples : public QObject {
     Q_OBJECT
 
-public:
-    QString reasonToSkip;
-
 private slots:
     void reads();
     void saysWhyItCanNotRead();
     void writes();
     void upgrades();
-    void discovers();
 };
 
 void TestExamples::reads()
@@ -73,7 +68,7 @@ void TestExamples::writes()
 
 void TestExamples::upgrades()
 {
-    SimulatorProcess unit;
+    const SimulatorProcess unit;
     const QTemporaryDir folder;
     const QString image = folder.filePath(QStringLiteral("image"));
     QFile file(image);
@@ -84,42 +79,7 @@ void TestExamples::upgrades()
     QVERIFY2(result.output.endsWith(QStringLiteral("\ndone\n")), qPrintable(result.output));
     QVERIFY(result.output.contains(QString(40, QLatin1Char('#'))));
     QCOMPARE(result.exitCode, 0);
-    QVERIFY(!unit.waitForLine("image streamed").isEmpty());
 }
 
-void TestExamples::discovers()
-{
-    if (!reasonToSkip.isEmpty())
-        QSKIP(qPrintable(reasonToSkip));
-    const QTemporaryDir folder;
-    const QString copy = folder.filePath(QStringLiteral("discover"));
-    QVERIFY(QFile::copy(program("discover"), copy));
-    QFile settings(folder.filePath(QStringLiteral("configWidget.ini")));
-    QVERIFY(settings.open(QIODevice::WriteOnly));
-    settings.write("[Search]\ntimeout=2000\n");
-    settings.close();
-
-    TestNetwork network;
-    const NetworkNamespace& host = network.addHost({QStringLiteral("192.168.1.1/24")});
-    NamespaceProcess unit(network.addHost({QStringLiteral("192.168.1.10/24")}));
-    QVERIFY(unit.launch(QStringLiteral(QUADRELSIM_PATH),
-        {QStringLiteral("--listen"), QStringLiteral("192.168.1.10"),
-            QStringLiteral("--discovery")}));
-    QVERIFY(!unit.waitForLine("answering searches").isEmpty());
-    NamespaceProcess search(host);
-    QVERIFY(search.launch(copy, {}));
-    const ToolResult result = ControlTool::resultOf(search);
-    QCOMPARE(result.output, QStringLiteral("tcp://192.168.1.10:3801\n"));
-    QCOMPARE(result.exitCode, 0);
-}
-
-int main(int argc, char** argv)
-{
-    // Before the application starts threads. The other tests stay inside: the loopback is up there.
-    TestExamples test;
-    test.reasonToSkip = enterPrivateNetwork();
-    const QCoreApplication application(argc, argv);
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(TestExamples)
 #include "tst_examples.moc"

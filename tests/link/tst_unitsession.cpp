@@ -174,9 +174,9 @@ void TestUnitSession::readsAll()
         QCOMPARE(result.data.device.getSN(), Q_UINT64_C(310000001));
         QCOMPARE(result.data.config.getComInfo().size(), 9);
         QCOMPARE(result.data.config.getIOType().size(), 12);
-        QCOMPARE(result.data.events.size(), 32);
-        QCOMPARE(result.data.triggers.size(), 11);
-        QCOMPARE(result.data.timeTriggers.size(), 7);
+        QCOMPARE(result.data.events.size(), sampleEvents);
+        QCOMPARE(result.data.triggers.size(), sampleTriggers);
+        QCOMPARE(result.data.timeTriggers.size(), sampleTimeTriggers);
         QVERIFY(result.data.clock.startsWith(QStringLiteral("20")));
     }
     QVERIFY(session.isConnected());
@@ -230,7 +230,7 @@ void TestUnitSession::reportsProgress()
     QCOMPARE(ends,
         QStringList({QStringLiteral("device information"), QStringLiteral("serial ports"),
             QStringLiteral("IO lines"), QStringLiteral("event 32 of 32"),
-            QStringLiteral("trigger 18 of 18"), QStringLiteral("time triggers: entry 18 of 18"),
+            QStringLiteral("trigger 17 of 17"), QStringLiteral("time triggers: entry 17 of 17"),
             QStringLiteral("clock")}));
 }
 
@@ -260,7 +260,7 @@ void TestUnitSession::writesEvents()
     UnitData data = session.run(UnitRequest::readAll()).data;
     QCOMPARE(data.events.size(), 10);
     QCOMPARE(data.events.at(9).getEventInstruction(), QStringLiteral("event 9"));
-    QCOMPARE(data.triggers.size(), 11);
+    QCOMPARE(data.triggers.size(), sampleTriggers);
 }
 
 void TestUnitSession::writesTriggers()
@@ -276,7 +276,7 @@ void TestUnitSession::writesTriggers()
     QCOMPARE(last, QStringLiteral("trigger 8 of 8"));
     UnitData after = session.run(UnitRequest::readAll()).data;
     QCOMPARE(after.triggers.size(), 1);
-    QCOMPARE(after.timeTriggers.size(), 7);
+    QCOMPARE(after.timeTriggers.size(), sampleTimeTriggers);
 }
 
 void TestUnitSession::readsAndSetsTheClock()
@@ -411,7 +411,7 @@ void TestUnitSession::finishesBySignals()
     QVERIFY(watch.await());
     QVERIFY(!session.isRunning());
     QCOMPARE(watch.result.failure.text, QString());
-    QCOMPARE(watch.result.data.events.size(), 32);
+    QCOMPARE(watch.result.data.events.size(), sampleEvents);
     QVERIFY(watch.steps.contains(QStringLiteral("event 32 of 32")));
     QCOMPARE(watch.steps.last(), QStringLiteral("clock"));
 }
@@ -454,7 +454,7 @@ void TestUnitSession::goesOnAfterAFailure()
     QVERIFY(!session.isConnected());
     UnitResult good = session.run(UnitRequest::readAll());
     QCOMPARE(good.failure.text, QString());
-    QCOMPARE(good.data.events.size(), 32);
+    QCOMPARE(good.data.events.size(), sampleEvents);
 }
 
 void TestUnitSession::reportsContentsThatDoNotHoldTogether()
@@ -595,7 +595,7 @@ void TestUnitSession::servesSeveralUnitsAtOnce()
             UnitData data = watches.at(i)->result.data;
             QCOMPARE(data.device.getSN(), static_cast<quint64>(i) + 1);
             QCOMPARE(data.events.size(), i + 1);
-            QCOMPARE(data.triggers.size(), 11);
+            QCOMPARE(data.triggers.size(), sampleTriggers);
         }
     }
 }
