@@ -128,7 +128,7 @@ void TestContentsCheck::findsFaultsOfDocuments_data()
               "[1]}\n",
         "FILE:5:50: warning: triggers[0].parameter: the Modbus checksum is wrong; b8 4e would be "
         "right\n"
-        "FILE:6:57: warning: triggers[1].parameter: 2 bytes are too short for a Modbus message "
+        "FILE:6:57: warning: triggers[1].parameter: it is too short for a Modbus message "
         "with a checksum");
     row("long parameter",
         format + events + "triggers:\n  - {kind: COM, line: COM A-1, parameterText: "
