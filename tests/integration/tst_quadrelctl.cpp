@@ -612,8 +612,9 @@ void TestQuadrelctl::endsWhenInterrupted_data()
     const QStringList info{QStringLiteral("info")};
     QTest::newRow("SIGINT") << info << SIGINT;
     QTest::newRow("SIGTERM") << info << SIGTERM;
-    QTest::newRow("awaiting the last reply")
-        << QStringList{QStringLiteral("reset"), QStringLiteral("--default-address")} << SIGINT;
+    QTest::newRow("reset") << QStringList{QStringLiteral("reset"), QStringLiteral("--yes"),
+        QStringLiteral("--default-address")}
+                           << SIGINT;
 }
 
 void TestQuadrelctl::endsWhenInterrupted()
