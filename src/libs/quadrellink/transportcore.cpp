@@ -5,20 +5,16 @@
 
 #include <algorithm>
 
-#include <poll.h>
+#include <sched.h>
 
 using namespace QuadrelFrame;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::microseconds firstWakePause = 10us;
-constexpr std::chrono::microseconds longestWakePause = 4ms;
-/**
- * Replies that follow each other this fast are waited for awake: to sleep and be woken would take
- * as long again.
- */
-constexpr std::chrono::microseconds promptExchange = 150us;
+constexpr std::chrono::microseconds firstWakePause = 4ms;
+constexpr std::chrono::microseconds longestWakePause = 40ms;
+constexpr int exchangesGivenWay = 1000;
 /** More than any datagram, and many frames of a stream. */
 constexpr std::size_t receiveBufferSize = std::size_t{128} * 1024;
 constexpr int usualUdpRetries = 3;
@@ -121,6 +117,7 @@ std::shared_ptr<UnitSocket> TransportCore::beginExchange(const QByteArray& frame
     m_phase = Phase::Awaiting;
     m_wasSent = false;
     ++m_number;
+    m_processor = sched_getcpu();
     m_mishap = LinkFailure();
     m_exchange = Exchange(frame);
     m_deadline = Deadline(m_timeout);
@@ -227,18 +224,26 @@ void TransportCore::awaitInput()
     const std::uint64_t number = m_number;
     const Clock::duration pause = m_phase == Phase::Delivered ? m_wakePause : 0us;
     const Clock::duration limit = untilNextAct();
+    const int processor = m_processor;
     if (m_phase == Phase::Idle)
-        m_awakeUntil = {};
+        m_input.rest();
     int size = 0;
     std::error_code error;
 
     m_mutex.unlock();
-    if (waitForInput(socket.get(), limit))
+    m_input.follow(processor);
+    const InputWait::Events events =
+        m_input.wait(m_wake.descriptor(), socket ? socket->descriptor() : -1, limit);
+    if (events.isWoken)
+        m_wake.clear();
+    if (events.hasInput)
         size = socket->receive(m_buffer.data(), static_cast<int>(m_buffer.size()), error);
     m_mutex.lock();
 
     if (size != 0 && socket == m_socket)
         takeReceived(size, error);
+    if (pause == 0us && m_lostWakes > 0)
+        giveWay();
     repeatWake(number, pause);
 }
 
@@ -248,40 +253,6 @@ TransportCore::Clock::duration TransportCore::untilNextAct() const
     if (m_phase == Phase::Delivered)
         return m_wakePause;
     return isAwaited() ? m_deadline.left() : Clock::duration::max();
-}
-
-/** Whether the socket has something to tell; false when the time is over or the wake was raised. */
-bool TransportCore::waitForInput(const UnitSocket* socket, Clock::duration limit)
-{
-    pollfd waited[] = {
-        {m_wake.descriptor(), POLLIN, 0}, {socket ? socket->descriptor() : -1, POLLIN, 0}};
-    const auto start = Clock::now();
-    auto now = start;
-    if (now < m_awakeUntil) {
-        const auto end = now + std::min(limit, m_awakeUntil - now);
-        while (poll(waited, 2, 0) == 0 && now < end) {
-            // To whoever has work for this processor; it may be the operation, or the unit.
-            std::this_thread::yield();
-            now = Clock::now();
-        }
-    } else {
-        timespec time = {};
-        const bool isEndless = limit == Clock::duration::max();
-        if (!isEndless) {
-            const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(limit);
-            time.tv_sec = seconds.count();
-            time.tv_nsec = std::chrono::nanoseconds(limit - seconds).count();
-        }
-        ppoll(waited, 2, isEndless ? nullptr : &time, nullptr);
-        now = Clock::now();
-    }
-    if (waited[0].revents)
-        m_wake.clear();
-    if (!waited[1].revents)
-        return false;
-    m_awakeUntil = now - m_lastInput < promptExchange ? now + promptExchange : now;
-    m_lastInput = now;
-    return true;
 }
 
 void TransportCore::takeReceived(int size, const std::error_code& error)
@@ -386,6 +357,20 @@ bool TransportCore::sendAgain()
     return true;
 }
 
+/** Lets an operation sleep that was given its reply too early, and wakes it again. */
+void TransportCore::giveWay()
+{
+    if (m_phase != Phase::Delivered)
+        return;
+    const std::uint64_t number = m_number;
+    --m_lostWakes;
+    m_mutex.unlock();
+    std::this_thread::yield();
+    m_mutex.lock();
+    if (m_phase == Phase::Delivered && number == m_number)
+        m_unPackage.quitWaitDelay();
+}
+
 /** Wakes again while the number of the exchange is what it was before the pause. */
 void TransportCore::repeatWake(std::uint64_t number, Clock::duration pause)
 {
@@ -393,6 +378,7 @@ void TransportCore::repeatWake(std::uint64_t number, Clock::duration pause)
         return;
     m_unPackage.quitWaitDelay();
     m_wakePause = std::min<Clock::duration>(2 * m_wakePause, longestWakePause);
+    m_lostWakes = exchangesGivenWay;
 }
 
 bool TransportCore::isAwaited() const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "exchange.h"
+#include "inputwait.h"
 #include "linkerror.h"
 #include "linkoptions.h"
 #include "replyreader.h"
@@ -90,13 +91,13 @@ private:
     void work();
     void transmit() LINK_REQUIRES(m_mutex);
     void awaitInput() LINK_REQUIRES(m_mutex);
-    bool waitForInput(const UnitSocket* socket, Clock::duration limit);
     void takeReceived(int size, const std::error_code& error) LINK_REQUIRES(m_mutex);
     void takeFrames() LINK_REQUIRES(m_mutex);
     void takeReply(const QuadrelFrame::FrameView& reply) LINK_REQUIRES(m_mutex);
     void takeFault(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
     void loseConnection(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
     void runOutOfTime() LINK_REQUIRES(m_mutex);
+    void giveWay() LINK_REQUIRES(m_mutex);
     void repeatWake(std::uint64_t number, Clock::duration pause) LINK_REQUIRES(m_mutex);
     Clock::duration untilNextAct() const LINK_REQUIRES(m_mutex);
 
@@ -125,6 +126,8 @@ private:
     Exchange m_exchange LINK_GUARDED_BY(m_mutex);
     /** Of the frames sent: a wake belongs to one of them. */
     std::uint64_t m_number LINK_GUARDED_BY(m_mutex) = 0;
+    /** On which the operation runs. */
+    int m_processor LINK_GUARDED_BY(m_mutex) = 0;
     Deadline m_deadline LINK_GUARDED_BY(m_mutex){-1};
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
@@ -132,6 +135,8 @@ private:
     int m_unsentFrom LINK_GUARDED_BY(m_mutex) = -1;
     /** Until the next wake. */
     Clock::duration m_wakePause LINK_GUARDED_BY(m_mutex){};
+    /** Exchanges for which a wake is taken to be lost, since one was. */
+    int m_lostWakes LINK_GUARDED_BY(m_mutex) = 0;
     bool m_isStopping LINK_GUARDED_BY(m_mutex) = false;
     LinkFailure m_lastFailure LINK_GUARDED_BY(m_mutex);
     /** What came instead of a reply, in this exchange. */
@@ -150,8 +155,6 @@ private:
     // Of the core's thread alone.
     UnitConnector m_connector;
     std::vector<char> m_buffer;
-    Clock::time_point m_lastInput;
-    /** Until then the thread does not sleep. */
-    Clock::time_point m_awakeUntil;
+    InputWait m_input;
     std::thread m_thread;
 };
