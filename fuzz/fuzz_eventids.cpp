@@ -1,4 +1,5 @@
 #include "eventidlist.h"
+#include "eventitem.h"
 #include "eventmodel.h"
 #include "fuzzinput.h"
 #include "fuzzsetup.h"
@@ -21,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     require(EventIdList::fromText(text).size() == text.count(QLatin1Char(';')) + 1,
         "each item has one byte");
-    EventIdList::idInItem(text);
+    EventItem::id(QStringRef(&text));
     PackageTimeTrigger::weeklyTextToBits(text);
 
     ModelManagement models;

@@ -48,11 +48,21 @@ QVector<QByteArray> framesOf(const QByteArray& stream, int pieceSize, QString& e
 
 void answerAll(const QByteArray& stream)
 {
+    // Little, so that a short input reaches the limit.
+    constexpr qint64 memoryLimit = 16 * UnitMemory::pageSize;
     ControlUnit unit;
+    unit.setMemoryLimit(memoryLimit);
     UnitFrameReader requests;
     requests.feed(stream);
     while (const std::optional<UnitFrame> request = requests.next()) {
+        const qint64 sizeBefore = unit.memory().size();
         const UnitAnswer answer = unit.answer(*request);
+        require(unit.memory().size() <= memoryLimit, "the memory keeps within its limit");
+        if (!answer.refusal.isEmpty()) {
+            require(request->isWriteRequest() && unit.memory().size() == sizeBefore,
+                "only a write is refused, and takes no memory");
+            continue;
+        }
         require(answer.reply.address == request->address && answer.reply.label == request->label,
             "a reply bears the address and the label of its request");
         require(answer.reply.payload.size() == (request->isReadRequest() ? request->dataLength : 0),

@@ -67,5 +67,273 @@
         <source>cannot lock %1: %2: %3</source>
         <translation>无法锁定 %1：%2：%3</translation>
     </message>
+    <message>
+        <source>%1 is no name; a name has 1 to %2 letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;, and does not begin with &quot;-&quot; or &quot;.&quot;</source>
+        <translation>%1 不是名称；名称由 1 到 %2 个字母、数字、&quot;-&quot;、&quot;_&quot; 和 &quot;.&quot; 组成，且不以 &quot;-&quot; 或 &quot;.&quot; 开头</translation>
+    </message>
+    <message>
+        <source>%1 is no address; one is tcp://HOST:PORT or udp://HOST:PORT</source>
+        <translation>%1 不是地址；地址的形式是 tcp://HOST:PORT 或 udp://HOST:PORT</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>the file is larger than 4 MB</source>
+        <translation>文件大于 4 MB</translation>
+    </message>
+    <message>
+        <source>the file has to hold &quot;key: value&quot;</source>
+        <translation>文件内容须为 &quot;key: value&quot;</translation>
+    </message>
+    <message>
+        <source>unknown key %1; known are %2</source>
+        <translation>未知的键 %1；已知的键有 %2</translation>
+    </message>
+    <message>
+        <source>%1 is there twice</source>
+        <translation>%1 出现了两次</translation>
+    </message>
+    <message>
+        <source>%1 has to be a number from %2 to %3</source>
+        <translation>%1 须为 %2 到 %3 之间的数字</translation>
+    </message>
+    <message>
+        <source>%1 is %2; allowed are %3</source>
+        <translation>%1 的值是 %2；允许的值有 %3</translation>
+    </message>
+    <message>
+        <source>%1 has to hold &quot;key: value&quot;</source>
+        <translation>%1 的内容须为 &quot;key: value&quot;</translation>
+    </message>
+    <message>
+        <source>%1 has to hold a list, &quot;- value&quot;</source>
+        <translation>%1 的内容须为列表，&quot;- value&quot;</translation>
+    </message>
+    <message>
+        <source>%1 has to be a text</source>
+        <translation>%1 须为文本</translation>
+    </message>
+    <message>
+        <source>more than %1 tags</source>
+        <translation>标签多于 %1 个</translation>
+    </message>
+    <message>
+        <source>the unit has no %1</source>
+        <translation>该设备没有 %1</translation>
+    </message>
+    <message>
+        <source>another unit has the %1 %2 too</source>
+        <translation>另一台设备的 %1 也是 %2</translation>
+    </message>
+    <message>
+        <source>more than %1 units</source>
+        <translation>设备多于 %1 台</translation>
+    </message>
+    <message>
+        <source>a unit has to hold &quot;key: value&quot;</source>
+        <translation>设备的内容须为 &quot;key: value&quot;</translation>
+    </message>
+    <message>
+        <source>no unit has the tag %1</source>
+        <translation>没有设备带有标签 %1</translation>
+    </message>
+    <message>
+        <source>no unit has the name %1</source>
+        <translation>没有设备名为 %1</translation>
+    </message>
+    <message>
+        <source>the list of units is not written line by line with &quot;- &quot;; change it by hand</source>
+        <translation>设备列表不是以 &quot;- &quot; 逐行书写的；请手工修改</translation>
+    </message>
+    <message>
+        <source>inventory</source>
+        <translation>清单</translation>
+    </message>
+    <message>
+        <source>the inventory has no units</source>
+        <translation>清单中没有设备</translation>
+    </message>
+    <message>
+        <source>no unit is selected</source>
+        <translation>没有选中任何设备</translation>
+    </message>
+    <message>
+        <source>the device information</source>
+        <translation>设备信息</translation>
+    </message>
+    <message>
+        <source>the serial ports</source>
+        <translation>串口</translation>
+    </message>
+    <message>
+        <source>the IO lines</source>
+        <translation>IO 线路</translation>
+    </message>
+    <message>
+        <source>the events</source>
+        <translation>事件</translation>
+    </message>
+    <message>
+        <source>the triggers</source>
+        <translation>触发器</translation>
+    </message>
+    <message>
+        <source>the time triggers</source>
+        <translation>定时触发器</translation>
+    </message>
+    <message>
+        <source>the clock</source>
+        <translation>时钟</translation>
+    </message>
+    <message>
+        <source>the images</source>
+        <translation>固件映像</translation>
+    </message>
+    <message>
+        <source>serial ports and IO lines</source>
+        <translation>串口和 IO 线路</translation>
+    </message>
+    <message>
+        <source>events</source>
+        <translation>事件</translation>
+    </message>
+    <message>
+        <source>triggers and time triggers</source>
+        <translation>触发器和定时触发器</translation>
+    </message>
+    <message>
+        <source>as before</source>
+        <translation>与之前相同</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>新内容</translation>
+    </message>
+    <message>
+        <source>new, but not read back</source>
+        <translation>新内容，但没有回读</translation>
+    </message>
+    <message>
+        <source>unknown, perhaps some old and some new</source>
+        <translation>未知，可能新旧混杂</translation>
+    </message>
+    <message>
+        <source>check the address, the network, and that the unit is switched on; then try again</source>
+        <translation>请检查地址、网络以及设备是否已通电；然后重试</translation>
+    </message>
+    <message>
+        <source>reading %1</source>
+        <translation>读取%1</translation>
+    </message>
+    <message>
+        <source>writing %1</source>
+        <translation>写入%1</translation>
+    </message>
+    <message>
+        <source>reading back %1</source>
+        <translation>回读%1</translation>
+    </message>
+    <message>
+        <source>waiting until the unit is back</source>
+        <translation>等待设备重新上线</translation>
+    </message>
+    <message>
+        <source>failed while %1</source>
+        <translation>失败时正在：%1</translation>
+    </message>
+    <message>
+        <source>%1: the unit there has the serial number %2; %3 was expected</source>
+        <translation>%1：那里的设备序列号是 %2；应为 %3</translation>
+    </message>
+    <message>
+        <source>find out which unit has which address; nothing was changed</source>
+        <translation>请查明各设备的地址；没有做任何更改</translation>
+    </message>
+    <message>
+        <source>what it held before is in %1</source>
+        <translation>之前的内容保存在 %1</translation>
+    </message>
+    <message>
+        <source>%1: the unit has to be read first</source>
+        <translation>%1：须先读取设备</translation>
+    </message>
+    <message>
+        <source>%1: the plan has errors</source>
+        <translation>%1：计划有错误</translation>
+    </message>
+    <message>
+        <source>nothing was sent to the unit</source>
+        <translation>没有向设备发送任何内容</translation>
+    </message>
+    <message>
+        <source>the backup cannot be written: %1</source>
+        <translation>无法写入备份：%1</translation>
+    </message>
+    <message>
+        <source>make it possible to write there; then try again</source>
+        <translation>请使该处可写；然后重试</translation>
+    </message>
+    <message>
+        <source>write the same again when the unit answers; %1</source>
+        <translation>设备有应答后请再次写入相同内容；%1</translation>
+    </message>
+    <message>
+        <source>read the unit when it answers, and compare; %1</source>
+        <translation>设备有应答后请读取并比较；%1</translation>
+    </message>
+    <message>
+        <source>%1: the unit does not hold what was written to it</source>
+        <translation>%1：设备中的内容与写入的不同</translation>
+    </message>
+    <message>
+        <source>write the same again; %1</source>
+        <translation>请再次写入相同内容；%1</translation>
+    </message>
+    <message>
+        <source>the unit may hold half an image</source>
+        <translation>设备中可能只有一半固件映像</translation>
+    </message>
+    <message>
+        <source>run the upgrade again, without switching the unit off</source>
+        <translation>请再次升级，其间不要断开设备电源</translation>
+    </message>
+    <message>
+        <source>check the images and the descriptor; then run the upgrade again</source>
+        <translation>请检查固件映像和描述文件；然后再次升级</translation>
+    </message>
+    <message>
+        <source>%1: the unit has not come back within %2 s</source>
+        <translation>%1：设备在 %2 秒内没有重新上线</translation>
+    </message>
+    <message>
+        <source>both images were sent</source>
+        <translation>两个固件映像都已发送</translation>
+    </message>
+    <message>
+        <source>look for the unit in the network; it may have got another address</source>
+        <translation>请在网络中查找该设备；它可能得到了另一个地址</translation>
+    </message>
+    <message>
+        <source>not finished within %1 s</source>
+        <translation>在 %1 秒内没有完成</translation>
+    </message>
+    <message>
+        <source>the worker crashed (signal %1)</source>
+        <translation>工作进程崩溃（信号 %1）</translation>
+    </message>
+    <message>
+        <source>cannot start %1: %2</source>
+        <translation>无法启动 %1：%2</translation>
+    </message>
+    <message>
+        <source>not begun</source>
+        <translation>没有开始</translation>
+    </message>
+    <message>
+        <source>ended by the user</source>
+        <translation>被用户结束</translation>
+    </message>
 </context>
 </TS>

@@ -110,7 +110,6 @@ std::vector<IoTriggerRecord> sampleIoTriggers()
         {A1, false, {26, 8}, QStringLiteral("大厅无人")},
         {B4, true, {19, 4, 20}, QStringLiteral("Door bell")},
         {C1, true, {23}, QStringLiteral("Window opened")},
-        {C4, false, {}, QString()},
     };
 }
 

@@ -1,4 +1,5 @@
 #include "eventidlist.h"
+#include "eventitem.h"
 
 #include "replyframe.h"
 #include "replyframes.h"
@@ -66,10 +67,10 @@ void TestEventIdList::findsTheIdOfAnItem()
 {
     QFETCH(QString, item);
     QFETCH(int, id);
-    QCOMPARE(EventIdList::idInItem(item), id);
+    QCOMPARE(EventItem::id(QStringRef(&item)), id);
     // An item inside a longer text is no other item.
     const QString longer = QStringLiteral("(ID:1);") + item + QStringLiteral(";(ID:2)");
-    QCOMPARE(EventIdList::idInItem(QStringView(longer).mid(7, item.size())), id);
+    QCOMPARE(EventItem::id(longer.midRef(7, item.size())), id);
 
     // The plain text arithmetic that callers know.
     const int start = item.indexOf(QStringLiteral("ID:"));

@@ -61,7 +61,7 @@ void TestModelConversion::readsTheSample()
     QCOMPARE(*contents.events->at(5).delay, 255);
     QVERIFY(!contents.events->at(5).name);
     QCOMPARE(contents.events->at(23).type(), 3);
-    QCOMPARE(contents.triggers->size(), 11);
+    QCOMPARE(contents.triggers->size(), 10);
     QCOMPARE(contents.triggers->at(0).parameter, QByteArray("PANEL 1\r"));
     QCOMPARE(contents.triggers->at(4).kind, TriggerKind::ComModbus);
     QCOMPARE(*contents.triggers->at(6).level, Level::High);

@@ -392,6 +392,8 @@ void TestGuardedXml::refusesTooLarge_data()
 
     // The entity ends in "&e", so that each ";" after it makes one more reference.
     const QByteArray open = "<!ENTITY e '" + longText + "&#38;e'>";
+    QTest::newRow("an entity that is not referred to")
+        << withType("<!ENTITY e '" + QByteArray(250001, 'x') + "'>", "<a/>");
     QTest::newRow("references that end after the entity")
         << withType(open, "<a>" + QByteArray(1024, ' ') + "&e;" + QByteArray(62, ';') + "</a>");
     QTest::newRow("references that end in another entity")
@@ -428,6 +430,8 @@ void TestGuardedXml::acceptsTheLargest_data()
     QTest::newRow("entity that is left open and not referred to")
         << withType("<!ENTITY e 'AT&#38;T'><!ENTITY f '&#38;lt;'>",
                "<a b='&f;'>" + QByteArray("x;&f;").repeated(10000) + "</a>");
+    QTest::newRow("an entity that is not referred to")
+        << withType("<!ENTITY e '" + QByteArray(250000, 'x') + "'>", "<a/>");
     QTest::newRow("semicolons") << withType("<!ENTITY e '" + QByteArray(4000, 'x') + "; '>",
         "<a>&e;" + QByteArray(100000, ';') + "</a>");
     const auto declarations = [](int count, const QByteArray& before, const QByteArray& after) {

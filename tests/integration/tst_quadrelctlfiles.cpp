@@ -1,4 +1,8 @@
 #include "programs.h"
+#include "unitaddresses.h"
+#include "unitblocks.h"
+#include "unitmemoryfile.h"
+#include "unitsample.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -32,6 +36,17 @@ QByteArray smallProject()
            "<ProtocolType>Hex</ProtocolType><Protocol>输入-高电平</Protocol>"
            "<Instruction>door</Instruction><Event>ID:7</Event></TriggerInfo></Triggers>\n"
            "</DataPackage>\n";
+}
+
+/** A memory file with the sample, but that its first trigger has no events. */
+bool saveSampleWithoutEvents(const QString& path)
+{
+    using namespace QuadrelUnit;
+    ControlUnit unit;
+    writeSample(unit.memory());
+    unit.memory().write(Address::triggers, IoTriggerRecord{11, false, {}, QString()}.block());
+    QString error;
+    return UnitMemoryFile(path, &unit).save(&error);
 }
 
 } // namespace
@@ -85,7 +100,7 @@ void TestQuadrelctlFiles::savesAndShows()
     QVERIFY(read.errors.contains(
         QStringLiteral("event types without a word are not saved: 19 records")));
     QVERIFY(read.errors.contains(QStringLiteral("Modbus triggers are not saved: 2 records")));
-    QVERIFY(read.errors.contains(QStringLiteral("the ids of triggers are not saved: 11 records")));
+    QVERIFY(read.errors.contains(QStringLiteral("the ids of triggers are not saved: 10 records")));
     QVERIFY(read.errors.contains(QStringLiteral("time triggers are not saved: 7 records")));
     QCOMPARE(QDir(tool.path(QString())).entryList({QStringLiteral("p.xml*")}, QDir::Files),
         QStringList{QStringLiteral("p.xml")});
@@ -109,7 +124,7 @@ void TestQuadrelctlFiles::savesAndShows()
             expected[QStringLiteral("type")] = 0;
         QCOMPARE(events.at(i).toObject(), expected);
     }
-    QCOMPARE(fileJson[QStringLiteral("triggers")].toArray().size(), 9);
+    QCOMPARE(fileJson[QStringLiteral("triggers")].toArray().size(), 8);
     QVERIFY(show.errors.contains(QStringLiteral("2 records of \"Triggers\" were left out")));
 }
 
@@ -403,8 +418,8 @@ void TestQuadrelctlFiles::writesOneSection_data()
     QTest::addColumn<int>("events");
     QTest::addColumn<int>("triggers");
     QTest::addColumn<int>("baudRate");
-    QTest::newRow("config") << QStringLiteral("config") << 32 << 11 << 9600;
-    QTest::newRow("events") << QStringLiteral("events") << 1 << 11 << 115200;
+    QTest::newRow("config") << QStringLiteral("config") << 32 << 10 << 9600;
+    QTest::newRow("events") << QStringLiteral("events") << 1 << 10 << 115200;
     QTest::newRow("triggers") << QStringLiteral("triggers") << 32 << 1 << 115200;
     QTest::newRow("two") << QStringLiteral("events,triggers") << 1 << 1 << 115200;
 }
@@ -526,8 +541,10 @@ void TestQuadrelctlFiles::listsChanges()
 
 void TestQuadrelctlFiles::warnsOfLosses()
 {
-    const SimulatorProcess unit;
     ControlTool tool;
+    const QString memory = tool.path(QStringLiteral("unit.memory"));
+    QVERIFY(saveSampleWithoutEvents(memory));
+    const SimulatorProcess unit({QStringLiteral("--memory"), memory});
     const QString file = tool.path(QStringLiteral("p.xml"));
     tool.run({QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"), file});
     const ToolResult result = tool.run(

@@ -225,6 +225,8 @@ void TestUnitBlocks::samplesEveryKindOfTrigger()
         const int tail = tailOffset(trigger);
         QVERIFY(tail <= 318);
         const int eventCount = byteAt(trigger, tail);
+        // A project file cannot hold a trigger without events.
+        QVERIFY(eventCount > 0);
         for (int j = 1; j <= eventCount; ++j) {
             QVERIFY(byteAt(trigger, tail + j) >= 1);
             QVERIFY(byteAt(trigger, tail + j) <= events);

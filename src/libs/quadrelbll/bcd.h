@@ -1,6 +1,7 @@
+// Internal to the library; not installed.
 #pragma once
 
-#include <QtCore/qglobal.h>
+#include <QtCore/QString>
 
 /** Packed BCD: two decimal digits a byte, the tens in the high nibble. */
 namespace Bcd {
@@ -15,6 +16,18 @@ constexpr quint8 fromNumber(int number)
 constexpr quint8 toNumber(quint8 byte)
 {
     return static_cast<quint8>(byte - 6 * (byte >> 4));
+}
+
+/** The number of a byte with two digits, or with three if it is above 99. */
+inline QString twoDigits(quint8 byte)
+{
+    return QString::number(toNumber(byte)).rightJustified(2, QLatin1Char('0'));
+}
+
+/** The year of a byte, which has no place for the century. A year below 10 has no leading zero. */
+inline QString yearText(quint8 byte)
+{
+    return QStringLiteral("20") + QString::number(toNumber(byte));
 }
 
 } // namespace Bcd

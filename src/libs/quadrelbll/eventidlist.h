@@ -1,8 +1,8 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
-#include <QtCore/QStringView>
 
 class ReplyFrame;
 
@@ -18,15 +18,6 @@ struct Words {
     QString closing;
     QString separator;
 };
-
-/**
- * The id in one item, between the first "ID:" and the first ")" behind it; 0 if there is no number.
- *
- * A search that fails is not looked at, and callers count on what comes out: "ID:" without ")"
- * gives the whole rest; without "ID:" the text from index 2 is taken, up to a ")" that is the last
- * character or else to the end.
- */
-int idInItem(QStringView item);
 
 /** The low 8 bits of the id of each item. An empty text is one item, of id 0. */
 QByteArray fromText(const QString& text);

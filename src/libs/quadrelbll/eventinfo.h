@@ -105,10 +105,6 @@ public:
     QString getEventName();
 
 private:
-    // Looks an event up in a shared list; the getters are not const and would cost a copy of each
-    // event.
-    friend class ModelManagement;
-
     int id = 1;
     QString name = QStringLiteral("事件名称01");
     EventType eventtype = EVENT_TYPE_0;

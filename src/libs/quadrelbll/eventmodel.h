@@ -48,8 +48,5 @@ public:
     void replace(int index, EventInfo event);
 
 private:
-    // Fills each record in its place in the list: to make and copy it costs as much as to read it.
-    friend class PackageEvent;
-
     QList<EventInfo> m_events;
 };

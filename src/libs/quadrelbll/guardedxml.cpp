@@ -94,12 +94,10 @@ class Entities {
 public:
     int count() const { return m_count; }
 
+    /** The parser tells of the first declaration of a name only, which is the one that counts. */
     void declare(const QString& name, const QString& value)
     {
         const int number = numberOf(name);
-        // The first declaration of a name is the one that counts.
-        if (m_entities.at(number).isDeclared)
-            return;
         ++m_count;
         m_entities[number].isDeclared = true;
         m_entities[number].size = value.size();

@@ -1,3 +1,4 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include <QtCore/QString>

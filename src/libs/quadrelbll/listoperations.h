@@ -1,10 +1,10 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include <QtCore/QList>
 
 /**
- * The operations in which the four list models differ from the framework's list, and one that saves
- * the readers of replies a copy.
+ * The operations in which the four list models differ from the framework's list.
  *
  * All else that they promise is the list's own behaviour: assignment between lists that share their
  * data does nothing, comparison looks at the sharing first, at the sizes next and at the records
@@ -12,14 +12,6 @@
  * bad index.
  */
 namespace ListOperations {
-
-/** Appends a record with its defaults, for the caller to fill in its place in the list. */
-template <typename Record> Record& appendBlank(QList<Record>& list)
-{
-    static const Record blank;
-    list.append(blank);
-    return list.last();
-}
 
 /** Inserts before `index`; an index at or below 0 means the front, one at or past the size the end.
  */

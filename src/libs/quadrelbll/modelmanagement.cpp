@@ -1,6 +1,6 @@
 #include "modelmanagement.h"
 
-#include "eventidlist.h"
+#include "eventitem.h"
 
 #include <QtCore/QList>
 
@@ -107,11 +107,11 @@ void ModelManagement::setTriggerType(bool type)
 
 QString ModelManagement::getEventNamefromId(QString text)
 {
-    const int id = EventIdList::idInItem(text);
-    const QList<EventInfo> events = m_eventModel->getEventInfo();
-    for (const EventInfo& event : events) {
-        if (event.id == id)
-            return event.name;
+    const int id = EventItem::id(QStringRef(&text));
+    for (int i = 0; i < m_eventModel->size(); ++i) {
+        EventInfo event = m_eventModel->at(i);
+        if (event.getEventId() == id)
+            return event.getEventName();
     }
     return QString();
 }

@@ -2,11 +2,16 @@
 
 #include "devicemodel.h"
 #include "replyframe.h"
-#include "textwriter.h"
 
 #include <QtCore/QVector>
 
 namespace {
+
+constexpr ReplyFrame::FaultTexts frameFaults = {
+    QT_TRANSLATE_NOOP("PackageDevice", "数据包长度小于最小数据包长度！"),
+    QT_TRANSLATE_NOOP("PackageDevice", "请求数据类型与返回数据类型不一致！"),
+    QT_TRANSLATE_NOOP("PackageDevice", "数据包长度与实际的数据包长度不一致！"),
+};
 
 enum Offset {
     ModelIdOffset = 0,
@@ -31,14 +36,10 @@ constexpr int octetCount = 4;
 
 QString dottedText(quint8 first, quint8 second, quint8 third, quint8 fourth)
 {
-    constexpr int maximumSize = sizeof("255.255.255.255") - 1;
-    TextWriter writer(maximumSize);
-    writer.addDecimal(first);
-    for (const quint8 octet : {second, third, fourth}) {
-        writer.add(QLatin1Char('.'));
-        writer.addDecimal(octet);
-    }
-    return writer.text();
+    QString text = QString::number(first);
+    for (const quint8 octet : {second, third, fourth})
+        text += QLatin1Char('.') + QString::number(octet);
+    return text;
 }
 
 QString versionText(const ReplyFrame& frame)
@@ -75,7 +76,7 @@ bool PackageDevice::parseDevicePackage(
     uint dataType, QByteArray package, uint dataLength, DeviceModel& device, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
 
     device.setModelId(frame.payloadWord(ModelIdOffset));
@@ -111,23 +112,4 @@ QByteArray PackageDevice::createNetWorkPackage(DeviceModel device)
 QByteArray PackageDevice::createResetPackage(bool retainIP)
 {
     return QByteArray(1, retainIP ? 1 : 0);
-}
-
-bool PackageDevice::acceptFrame(
-    const ReplyFrame& frame, uint dataType, uint dataLength, QString& error)
-{
-    switch (frame.check(dataType, dataLength)) {
-    case ReplyFrame::Fault::None:
-        return true;
-    case ReplyFrame::Fault::TooShort:
-        error = tr("数据包长度小于最小数据包长度！");
-        return false;
-    case ReplyFrame::Fault::OtherDataType:
-        error = tr("请求数据类型与返回数据类型不一致！");
-        return false;
-    case ReplyFrame::Fault::OtherDataLength:
-        error = tr("数据包长度与实际的数据包长度不一致！");
-        return false;
-    }
-    Q_UNREACHABLE();
 }

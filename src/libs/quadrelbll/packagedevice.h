@@ -1,3 +1,4 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include <QtCore/QByteArray>
@@ -49,6 +50,4 @@ public:
     static QByteArray createResetPackage(bool retainIP);
 
 private:
-    static bool acceptFrame(
-        const ReplyFrame& frame, uint dataType, uint dataLength, QString& error);
 };

@@ -2,13 +2,18 @@
 
 #include "descriptiontext.h"
 #include "eventmodel.h"
-#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
 
 #include <utility>
 
 namespace {
+
+constexpr ReplyFrame::FaultTexts frameFaults = {
+    QT_TRANSLATE_NOOP("PackageEvent", "数据包长度小于最小数据包长度！"),
+    QT_TRANSLATE_NOOP("PackageEvent", "请求数据类型与返回数据类型不一致！"),
+    QT_TRANSLATE_NOOP("PackageEvent", "数据包长度与实际的数据包长度不一致！"),
+};
 
 constexpr int idOffset = 0;
 constexpr int commandLengthOffset = 1;
@@ -24,8 +29,21 @@ constexpr int recordSubclassOffset = 4;
 constexpr int delayOffset = 5;
 constexpr int kindOffset = 7;
 
+// The record classes of commands, by the subclasses that make a kind.
 constexpr quint8 delayClass = 0xA5;
 constexpr quint8 delaySubclass = 0xA5;
+constexpr quint8 type6Class = 0xA5;
+constexpr quint8 type6Subclass = 0x02;
+constexpr quint8 serialClass = 0x25;
+constexpr quint8 serialSubclass = 0x10;
+constexpr quint8 serialKindOfType0 = 1;
+constexpr quint8 serialKindOfType1 = 2;
+constexpr quint8 lineClass = 0x24;
+constexpr quint8 type2Subclass = 0x17;
+constexpr quint8 type3Subclass = 0xA7;
+constexpr quint8 type4Subclass = 0x18;
+constexpr quint8 otherType3Class = 0x20;
+constexpr quint8 otherType3Subclasses[] = {0xA5, 0xA6};
 constexpr int delayCommandLength = 7;
 
 /** A delay counts in units of 10 ms. */
@@ -119,19 +137,20 @@ EventInfo::EventType typeOf(const Command& command)
 
     if (command.length == delayCommandLength && is(delayClass, delaySubclass))
         return EventInfo::EVENT_DELAY;
-    if (is(0xA5, 0x02))
+    if (is(type6Class, type6Subclass))
         return EventInfo::EVENT_TYPE_6;
-    if (is(0x25, 0x10) && kind == 1)
+    if (is(serialClass, serialSubclass) && kind == serialKindOfType0)
         return EventInfo::EVENT_TYPE_0;
-    if (is(0x25, 0x10) && kind == 2)
+    if (is(serialClass, serialSubclass) && kind == serialKindOfType1)
         return EventInfo::EVENT_TYPE_1;
-    if (is(0x24, 0x17))
+    if (is(lineClass, type2Subclass))
         return EventInfo::EVENT_TYPE_2;
-    if (is(0x24, 0xA7))
+    if (is(lineClass, type3Subclass))
         return EventInfo::EVENT_TYPE_3;
-    if (is(0x24, 0x18))
+    if (is(lineClass, type4Subclass))
         return EventInfo::EVENT_TYPE_4;
-    if (is(0x20, 0xA5) || is(0x20, 0xA6))
+    if (is(otherType3Class, otherType3Subclasses[0])
+        || is(otherType3Class, otherType3Subclasses[1]))
         return EventInfo::EVENT_TYPE_3;
     return EventInfo::EVENT_TYPE_0;
 }
@@ -159,8 +178,8 @@ void setDescription(EventInfo& event, QString description)
     event.setEventName(description.mid(nameStart, nameEnd < 0 ? -1 : nameEnd - nameStart));
 }
 
-/** Reads the block that starts at the payload's offset `block`. */
-void readEvent(const ReplyFrame& frame, int block, EventInfo& event)
+/** The event of the block that starts at the payload's offset `block`. */
+EventInfo eventAt(const ReplyFrame& frame, int block)
 {
     const Command command = {
         frame, block + commandOffset, frame.payloadWord(block + commandLengthOffset)};
@@ -168,11 +187,13 @@ void readEvent(const ReplyFrame& frame, int block, EventInfo& event)
     const int descriptionLength = frame.payloadByte(descriptionOffset);
     const EventInfo::EventType type = typeOf(command);
 
+    EventInfo event;
     event.setEventId(frame.payloadByte(block + idOffset));
     event.setEventProtocolType(true);
     event.setEventType(type);
     event.setEventProtocol(protocolOf(type, command));
     setDescription(event, DescriptionText::read(frame, descriptionOffset + 1, descriptionLength));
+    return event;
 }
 
 } // namespace
@@ -204,7 +225,7 @@ bool PackageEvent::parseEventCount(
     uint dataType, QByteArray package, uint dataLength, int& count, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
     count = frame.payloadByte(countOffset);
     return true;
@@ -214,13 +235,13 @@ bool PackageEvent::parseEventPackage(
     uint dataType, QByteArray package, uint dataLength, EventModel& model, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
     if (frame.payloadWord(commandLengthOffset) > maximumCommandLength) {
         error = tr("有效数据长度超出范围！");
         return false;
     }
-    readEvent(frame, 0, ListOperations::appendBlank(model.m_events));
+    model.push_back(eventAt(frame, 0));
     return true;
 }
 
@@ -228,35 +249,14 @@ bool PackageEvent::parseEventListPackage(
     uint dataType, QByteArray package, uint dataLength, EventModel& model, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
     if (dataLength % RecordBlock::slotSize != firstBlockOffset) {
         error = tr("数据包不完整！");
         return false;
     }
     const int count = frame.payloadByte(countOffset);
-    for (int i = 0; i < count; ++i) {
-        readEvent(frame, firstBlockOffset + i * RecordBlock::slotSize,
-            ListOperations::appendBlank(model.m_events));
-    }
+    for (int i = 0; i < count; ++i)
+        model.push_back(eventAt(frame, firstBlockOffset + i * RecordBlock::slotSize));
     return true;
-}
-
-bool PackageEvent::acceptFrame(
-    const ReplyFrame& frame, uint dataType, uint dataLength, QString& error)
-{
-    switch (frame.check(dataType, dataLength)) {
-    case ReplyFrame::Fault::None:
-        return true;
-    case ReplyFrame::Fault::TooShort:
-        error = tr("数据包长度小于最小数据包长度！");
-        return false;
-    case ReplyFrame::Fault::OtherDataType:
-        error = tr("请求数据类型与返回数据类型不一致！");
-        return false;
-    case ReplyFrame::Fault::OtherDataLength:
-        error = tr("数据包长度与实际的数据包长度不一致！");
-        return false;
-    }
-    Q_UNREACHABLE();
 }

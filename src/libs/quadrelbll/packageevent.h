@@ -1,3 +1,4 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include "eventinfo.h"
@@ -48,6 +49,4 @@ public:
         uint dataType, QByteArray package, uint dataLength, EventModel& model, QString& error);
 
 private:
-    static bool acceptFrame(
-        const ReplyFrame& frame, uint dataType, uint dataLength, QString& error);
 };

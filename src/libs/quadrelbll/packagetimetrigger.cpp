@@ -1,14 +1,10 @@
 #include "packagetimetrigger.h"
 
 #include "bcd.h"
-#include "decimaltext.h"
 #include "eventidlist.h"
-#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
-#include "textitems.h"
-#include "textwriter.h"
-#include "triggertail.h"
+#include "triggerblock.h"
 #include "triggertimemodel.h"
 
 #include <QtCore/QRegExp>
@@ -16,13 +12,31 @@
 
 namespace {
 
+constexpr TriggerBlock::FaultTexts blockFaults = {
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", "触发事件个数已超出最大个数，最大为128个事件！"),
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", "描述信息数长度有误！"),
+};
+constexpr TriggerBlock::EventWords eventWords = {
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", "(ID:"),
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", ")"),
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", ";"),
+};
+
+constexpr ReplyFrame::FaultTexts frameFaults = {
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", "数据包长度小于最小数据包长度！"),
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", "请求数据类型与返回数据类型不一致！"),
+    QT_TRANSLATE_NOOP("PackageTimeTrigger", "数据包长度与实际的数据包长度不一致！"),
+};
+
+constexpr RecordClass timeClass = {0xA5, 0x04};
+
 constexpr int modeOffset = 7;
 constexpr int startDateOffset = 8;
 constexpr int startTimeOffset = 11;
 constexpr int endDateOffset = 13;
 constexpr int endTimeOffset = 16;
 constexpr int weekBitsOffset = 18;
-constexpr int bodyLength = weekBitsOffset + 1 - TriggerTail::bodyOffset;
+constexpr int bodyLength = weekBitsOffset + 1 - TriggerBlock::bodyOffset;
 
 /** The tail of the list form is two bytes too early. */
 constexpr int listTailOffset = 17;
@@ -34,13 +48,6 @@ constexpr quint8 everydayByte = 1;
 constexpr quint8 weeklyByte = 2;
 
 constexpr quint8 noEndByte = 0xFF;
-
-/** The first two digits of every year; the block has room for the last two only. */
-constexpr quint8 century = 20;
-
-// A byte of 0xFF is no error: it reads as 165.
-constexpr int longestDate = sizeof("20165/165/165") - 1;
-constexpr int longestTime = sizeof("165:165") - 1;
 
 QString noEndText()
 {
@@ -72,23 +79,22 @@ TriggerTimeInfo::RepetMode modeOf(quint8 byte)
     }
 }
 
-quint8 bcdOf(QStringView number)
+quint8 bcdOf(const QStringRef& number)
 {
-    return Bcd::fromNumber(decimalNumber(number));
+    return Bcd::fromNumber(number.toInt());
 }
 
+/** The century has no place in the block. */
 void storeDate(RecordBlock& block, int offset, const QString& date)
 {
-    TextItems items(date, QLatin1Char('/'));
-    const quint8 year = Bcd::fromNumber(decimalNumber(items.next(), 2, 2));
-    const quint8 month = bcdOf(items.next());
-    const quint8 day = bcdOf(items.next());
-    block.storeBytes(offset, {year, month, day});
+    const QVector<QStringRef> items = date.splitRef(QLatin1Char('/'));
+    const quint8 year = bcdOf(items.value(0).mid(2, 2));
+    block.storeBytes(offset, {year, bcdOf(items.value(1)), bcdOf(items.value(2))});
 }
 
 void storeEndDate(RecordBlock& block, const QString& date)
 {
-    if (TextItems(date, QLatin1Char('/')).next() == noEndText())
+    if (date.splitRef(QLatin1Char('/')).first() == noEndText())
         block.storeBytes(endDateOffset, {noEndByte, noEndByte, noEndByte});
     else
         storeDate(block, endDateOffset, date);
@@ -97,9 +103,9 @@ void storeEndDate(RecordBlock& block, const QString& date)
 /** The one time of day of a trigger stands in both stamps. */
 void storeTime(RecordBlock& block, const QString& time)
 {
-    TextItems items(time, QLatin1Char(':'));
-    const quint8 hour = bcdOf(items.next());
-    const quint8 minute = bcdOf(items.next());
+    const QVector<QStringRef> items = time.splitRef(QLatin1Char(':'));
+    const quint8 hour = bcdOf(items.value(0));
+    const quint8 minute = bcdOf(items.value(1));
     block.storeBytes(startTimeOffset, {hour, minute});
     block.storeBytes(endTimeOffset, {hour, minute});
 }
@@ -107,7 +113,7 @@ void storeTime(RecordBlock& block, const QString& time)
 /** Everything but the body's length and the tail. */
 void storeSchedule(RecordBlock& block, TriggerTimeInfo& trigger)
 {
-    block.storeBytes(TriggerTail::bodyOffset, {0x4C, 0x01, 0x00, 0xA5, 0x04});
+    TriggerBlock::storeHead(block, timeClass);
     block.storeByte(modeOffset, modeByte(trigger.getTriggerType()));
     storeDate(block, startDateOffset, trigger.getStartDate());
     storeEndDate(block, trigger.getEndDate());
@@ -119,14 +125,10 @@ void storeSchedule(RecordBlock& block, TriggerTimeInfo& trigger)
 /** The date with the century that the block has no room for. */
 QString dateText(const ReplyFrame& frame, int offset)
 {
-    TextWriter writer(longestDate);
-    writer.addDecimal(century);
-    writer.addDecimal(Bcd::toNumber(frame.payloadByte(offset)));
-    writer.add(QLatin1Char('/'));
-    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset + 1)));
-    writer.add(QLatin1Char('/'));
-    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset + 2)));
-    return writer.text();
+    const QLatin1Char slash('/');
+    return Bcd::yearText(frame.payloadByte(offset)) + slash
+        + Bcd::twoDigits(frame.payloadByte(offset + 1)) + slash
+        + Bcd::twoDigits(frame.payloadByte(offset + 2));
 }
 
 QString endDateText(const ReplyFrame& frame)
@@ -139,23 +141,19 @@ QString endDateText(const ReplyFrame& frame)
 
 QString timeText(const ReplyFrame& frame, int offset)
 {
-    TextWriter writer(longestTime);
-    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset)));
-    writer.add(QLatin1Char(':'));
-    writer.addTwoDigits(Bcd::toNumber(frame.payloadByte(offset + 1)));
-    return writer.text();
+    return Bcd::twoDigits(frame.payloadByte(offset)) + QLatin1Char(':')
+        + Bcd::twoDigits(frame.payloadByte(offset + 1));
 }
 
 /** The bits up to the highest that is set, the lowest first; "0" if none is. */
 QString weeklyText(quint8 bits)
 {
-    constexpr int maximumSize = 8;
-    TextWriter writer(maximumSize);
+    QString text;
     do {
-        writer.add(bits & 1 ? QLatin1Char('1') : QLatin1Char('0'));
+        text += QLatin1Char((bits & 1) != 0 ? '1' : '0');
         bits >>= 1;
     } while (bits != 0);
-    return writer.text();
+    return text;
 }
 
 /** The ids by the rule of the list form: what is left of an item without these characters. */
@@ -180,8 +178,8 @@ QByteArray PackageTimeTrigger::createTimeTriggerPackage(TriggerTimeInfo trigger)
 {
     RecordBlock block;
     storeSchedule(block, trigger);
-    block.storeWord(TriggerTail::bodyLengthOffset, bodyLength);
-    TriggerTail::store(block, TriggerTail::offsetBehind(bodyLength),
+    block.storeWord(TriggerBlock::bodyLengthOffset, bodyLength);
+    TriggerBlock::store(block, TriggerBlock::offsetBehind(bodyLength),
         EventIdList::fromText(trigger.getTriggerEvent()), trigger.getTriggerInstruction());
     return block.bytes();
 }
@@ -193,7 +191,7 @@ QByteArray PackageTimeTrigger::createTimeTriggerListPackage(TriggerTimeModel mod
     for (TriggerTimeInfo& trigger : triggers) {
         RecordBlock block;
         storeSchedule(block, trigger);
-        TriggerTail::store(block, listTailOffset, listEventIds(trigger.getTriggerEvent()),
+        TriggerBlock::store(block, listTailOffset, listEventIds(trigger.getTriggerEvent()),
             trigger.getTriggerInstruction());
         package += block.bytes();
     }
@@ -204,7 +202,7 @@ bool PackageTimeTrigger::parseTimeTriggerCount(
     uint dataType, QByteArray package, int dataLength, int& count, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
     count = frame.payloadByte(countOffset);
     return true;
@@ -214,29 +212,30 @@ bool PackageTimeTrigger::parseTimeTriggerPackage(
     uint dataType, QByteArray package, int dataLength, TriggerTimeModel& model, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
 
     // Before the class is looked at: an erased slot, all 0xFF, is a fault.
-    const int length = frame.payloadWord(TriggerTail::bodyLengthOffset);
-    if (length > TriggerTail::maximumBodyLength) {
+    const int length = frame.payloadWord(TriggerBlock::bodyLengthOffset);
+    if (length > TriggerBlock::maximumBodyLength) {
         error = tr("触发数据超出最大范围，最多为316个字节！");
         return false;
     }
-    if (frame.payloadByte(TriggerTail::recordClassOffset) != 0xA5
-        || frame.payloadByte(TriggerTail::recordSubclassOffset) != 0x04)
+    if (!(TriggerBlock::recordClassOf(frame) == timeClass))
         return true;
 
-    const TriggerTail tail(frame, TriggerTail::offsetBehind(length));
-    if (!acceptTail(tail, error))
+    const TriggerBlock block(frame, TriggerBlock::offsetBehind(length));
+    if (!block.accept(staticMetaObject, blockFaults, error))
         return false;
 
-    readTrigger(frame, tail, ListOperations::appendBlank(model.m_triggers));
+    TriggerTimeInfo trigger;
+    readTrigger(frame, block, trigger);
+    model.push_back(trigger);
     return true;
 }
 
 void PackageTimeTrigger::readTrigger(
-    const ReplyFrame& frame, const TriggerTail& tail, TriggerTimeInfo& trigger)
+    const ReplyFrame& frame, const TriggerBlock& block, TriggerTimeInfo& trigger)
 {
     const TriggerTimeInfo::RepetMode mode = modeOf(frame.payloadByte(modeOffset));
     const QString startDate = dateText(frame, startDateOffset);
@@ -245,8 +244,8 @@ void PackageTimeTrigger::readTrigger(
     trigger.setEndDate(mode == TriggerTimeInfo::ONCE ? startDate : endDateText(frame));
     trigger.setTriggerTime(timeText(frame, startTimeOffset));
     trigger.setSelectWeekly(weeklyText(frame.payloadByte(weekBitsOffset)));
-    trigger.setTriggerEvent(eventText(tail));
-    trigger.setTriggerInstruction(tail.description());
+    trigger.setTriggerEvent(block.events(staticMetaObject, eventWords));
+    trigger.setTriggerInstruction(block.description());
 }
 
 int PackageTimeTrigger::weeklyTextToBits(QString text)
@@ -260,46 +259,4 @@ int PackageTimeTrigger::weeklyTextToBits(QString text)
         weight *= 2;
     }
     return static_cast<int>(bits);
-}
-
-QString PackageTimeTrigger::eventText(const TriggerTail& tail)
-{
-    // Each look-up costs more than the rest of a short text.
-    if (tail.eventCount() == 0)
-        return {};
-    return tail.events({tr("(ID:"), tr(")"), tail.eventCount() > 1 ? tr(";") : QString()});
-}
-
-bool PackageTimeTrigger::acceptFrame(
-    const ReplyFrame& frame, uint dataType, int dataLength, QString& error)
-{
-    switch (frame.check(dataType, dataLength)) {
-    case ReplyFrame::Fault::None:
-        return true;
-    case ReplyFrame::Fault::TooShort:
-        error = tr("数据包长度小于最小数据包长度！");
-        return false;
-    case ReplyFrame::Fault::OtherDataType:
-        error = tr("请求数据类型与返回数据类型不一致！");
-        return false;
-    case ReplyFrame::Fault::OtherDataLength:
-        error = tr("数据包长度与实际的数据包长度不一致！");
-        return false;
-    }
-    Q_UNREACHABLE();
-}
-
-bool PackageTimeTrigger::acceptTail(const TriggerTail& tail, QString& error)
-{
-    switch (tail.check()) {
-    case TriggerTail::Fault::None:
-        return true;
-    case TriggerTail::Fault::TooManyEvents:
-        error = tr("触发事件个数已超出最大个数，最大为128个事件！");
-        return false;
-    case TriggerTail::Fault::DescriptionTooLong:
-        error = tr("描述信息数长度有误！");
-        return false;
-    }
-    Q_UNREACHABLE();
 }

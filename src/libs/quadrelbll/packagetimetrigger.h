@@ -1,3 +1,4 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include "triggertimeinfo.h"
@@ -6,7 +7,7 @@
 #include <QtCore/QObject>
 
 class ReplyFrame;
-class TriggerTail;
+class TriggerBlock;
 class TriggerTimeModel;
 
 /**
@@ -24,7 +25,7 @@ class TriggerTimeModel;
  * | 13 | 3 | end date likewise, or 0xFF, 0xFF, 0xFF for a trigger without end |
  * | 16 | 2 | end time, the same as the start time; written, not read |
  * | 18 | 1 | week bits: bit `i` is character `i` of the week selection |
- * | 2 + `n` | | tail, see TriggerTail |
+ * | 2 + `n` | | tail, see TriggerBlock |
  *
  * The trigger's id is not stored: the reader leaves it at its default, for the caller to number.
  */
@@ -57,9 +58,6 @@ public:
     static int weeklyTextToBits(QString text);
 
 private:
-    static bool acceptFrame(const ReplyFrame& frame, uint dataType, int dataLength, QString& error);
-    static bool acceptTail(const TriggerTail& tail, QString& error);
-    static QString eventText(const TriggerTail& tail);
     static void readTrigger(
-        const ReplyFrame& frame, const TriggerTail& tail, TriggerTimeInfo& trigger);
+        const ReplyFrame& frame, const TriggerBlock& block, TriggerTimeInfo& trigger);
 };

@@ -1,14 +1,32 @@
 #include "packagetrigger.h"
 
 #include "eventidlist.h"
-#include "listoperations.h"
 #include "recordblock.h"
 #include "replyframe.h"
 #include "selectormask.h"
+#include "triggerblock.h"
 #include "triggermodel.h"
-#include "triggertail.h"
 
 namespace {
+
+constexpr TriggerBlock::FaultTexts blockFaults = {
+    QT_TRANSLATE_NOOP("PackageTrigger", "触发事件个数已超出最大个数，最大为128个事件！"),
+    QT_TRANSLATE_NOOP("PackageTrigger", "描述信息数长度有误！"),
+};
+constexpr TriggerBlock::EventWords eventWords = {
+    QT_TRANSLATE_NOOP("PackageTrigger", "(ID:"),
+    QT_TRANSLATE_NOOP("PackageTrigger", ")"),
+    QT_TRANSLATE_NOOP("PackageTrigger", ";"),
+};
+
+constexpr ReplyFrame::FaultTexts frameFaults = {
+    QT_TRANSLATE_NOOP("PackageTrigger", "数据包长度小于最小数据包长度！"),
+    QT_TRANSLATE_NOOP("PackageTrigger", "请求数据类型与返回数据类型不一致！"),
+    QT_TRANSLATE_NOOP("PackageTrigger", "数据包长度与实际的数据包长度不一致！"),
+};
+
+constexpr RecordClass serialClass = {0x25, 0x10};
+constexpr RecordClass inputClass = {0x24, 0x17};
 
 constexpr int serialKindOffset = 9;
 constexpr int portMaskOffset = 10;
@@ -19,8 +37,8 @@ constexpr int inputMaskOffset = 9;
 constexpr int levelOffset = 11;
 
 /** The body without the parameter of a serial trigger. */
-constexpr int serialBodyLength = parameterOffset - TriggerTail::bodyOffset;
-constexpr int inputBodyLength = levelOffset + 1 - TriggerTail::bodyOffset;
+constexpr int serialBodyLength = parameterOffset - TriggerBlock::bodyOffset;
+constexpr int inputBodyLength = levelOffset + 1 - TriggerBlock::bodyOffset;
 
 constexpr quint8 plainKind = 1;
 constexpr quint8 modbusKind = 2;
@@ -52,7 +70,8 @@ int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
 {
     const bool modbus = trigger.getTriggerType() == TriggerInfo::COM_MODBUS;
     const QByteArray parameter = parameterBytes(trigger);
-    block.storeBytes(TriggerTail::bodyOffset, {0x4C, 0x01, 0x00, 0x25, 0x10, 0x03, 0x52});
+    TriggerBlock::storeHead(block, serialClass);
+    block.storeBytes(TriggerBlock::kindOffset, {0x03, 0x52});
     block.storeByte(serialKindOffset, modbus ? modbusKind : plainKind);
     storeMask(block, portMaskOffset, trigger.getCOMSelect());
     block.storeByte(parameterLengthOffset, parameter.size());
@@ -64,7 +83,8 @@ int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
 int storeInputBody(RecordBlock& block, TriggerInfo& trigger, const QString& highLevelText)
 {
     const bool high = trigger.getTriggerParameter() == highLevelText;
-    block.storeBytes(TriggerTail::bodyOffset, {0x4C, 0x01, 0x00, 0x24, 0x17, 0x02, 0x52});
+    TriggerBlock::storeHead(block, inputClass);
+    block.storeBytes(TriggerBlock::kindOffset, {0x02, 0x52});
     storeMask(block, inputMaskOffset, trigger.getIOSelect());
     block.storeByte(levelOffset, high ? highLevel : lowLevel);
     return inputBodyLength;
@@ -100,8 +120,8 @@ QByteArray PackageTrigger::createTriggerPackage(TriggerInfo trigger)
         bodyLength = storeInputBody(block, trigger, highLevelText());
         break;
     }
-    block.storeWord(TriggerTail::bodyLengthOffset, bodyLength);
-    TriggerTail::store(block, TriggerTail::offsetBehind(bodyLength),
+    block.storeWord(TriggerBlock::bodyLengthOffset, bodyLength);
+    TriggerBlock::store(block, TriggerBlock::offsetBehind(bodyLength),
         EventIdList::fromText(trigger.getTriggerEvent()), trigger.getTriggerInstruction());
     return block.bytes();
 }
@@ -119,7 +139,7 @@ bool PackageTrigger::parseTriggerCount(
     uint dataType, QByteArray package, int dataLength, int& count, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
     count = frame.payloadByte(countOffset);
     return true;
@@ -129,35 +149,35 @@ bool PackageTrigger::parseTriggerPackage(
     uint dataType, QByteArray package, int dataLength, TriggerModel& model, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
 
     // Before the class is looked at: an erased slot, all 0xFF, is a fault.
-    const int bodyLength = frame.payloadWord(TriggerTail::bodyLengthOffset);
-    if (bodyLength > TriggerTail::maximumBodyLength) {
+    const int bodyLength = frame.payloadWord(TriggerBlock::bodyLengthOffset);
+    if (bodyLength > TriggerBlock::maximumBodyLength) {
         error = tr("触发数据超出最大范围，最多为316个字节！");
         return false;
     }
 
-    const quint8 recordClass = frame.payloadByte(TriggerTail::recordClassOffset);
-    const quint8 subclass = frame.payloadByte(TriggerTail::recordSubclassOffset);
-    const bool serial = recordClass == 0x25 && subclass == 0x10;
-    const bool input = recordClass == 0x24 && subclass == 0x17;
+    const RecordClass recordClass = TriggerBlock::recordClassOf(frame);
+    const bool serial = recordClass == serialClass;
+    const bool input = recordClass == inputClass;
     if (!serial && !input)
         return true;
 
-    const TriggerTail tail(frame, TriggerTail::offsetBehind(bodyLength));
-    if (!acceptTail(tail, error))
+    const TriggerBlock block(frame, TriggerBlock::offsetBehind(bodyLength));
+    if (!block.accept(staticMetaObject, blockFaults, error))
         return false;
 
-    TriggerInfo& trigger = ListOperations::appendBlank(model.m_triggers);
+    TriggerInfo trigger;
     trigger.setTriggerProtocolType(true);
     if (serial)
         readSerialBody(frame, bodyLength, trigger);
     else
         readInputBody(frame, trigger);
-    trigger.setTriggerEvent(eventText(tail));
-    trigger.setTriggerInstruction(tail.description());
+    trigger.setTriggerEvent(block.events(staticMetaObject, eventWords));
+    trigger.setTriggerInstruction(block.description());
+    model.push_back(trigger);
     return true;
 }
 
@@ -185,46 +205,4 @@ QString PackageTrigger::lowLevelText()
 QString PackageTrigger::highLevelText()
 {
     return tr("输入-高电平");
-}
-
-QString PackageTrigger::eventText(const TriggerTail& tail)
-{
-    // Each look-up costs more than the rest of a short text.
-    if (tail.eventCount() == 0)
-        return {};
-    return tail.events({tr("(ID:"), tr(")"), tail.eventCount() > 1 ? tr(";") : QString()});
-}
-
-bool PackageTrigger::acceptFrame(
-    const ReplyFrame& frame, uint dataType, int dataLength, QString& error)
-{
-    switch (frame.check(dataType, dataLength)) {
-    case ReplyFrame::Fault::None:
-        return true;
-    case ReplyFrame::Fault::TooShort:
-        error = tr("数据包长度小于最小数据包长度！");
-        return false;
-    case ReplyFrame::Fault::OtherDataType:
-        error = tr("请求数据类型与返回数据类型不一致！");
-        return false;
-    case ReplyFrame::Fault::OtherDataLength:
-        error = tr("数据包长度与实际的数据包长度不一致！");
-        return false;
-    }
-    Q_UNREACHABLE();
-}
-
-bool PackageTrigger::acceptTail(const TriggerTail& tail, QString& error)
-{
-    switch (tail.check()) {
-    case TriggerTail::Fault::None:
-        return true;
-    case TriggerTail::Fault::TooManyEvents:
-        error = tr("触发事件个数已超出最大个数，最大为128个事件！");
-        return false;
-    case TriggerTail::Fault::DescriptionTooLong:
-        error = tr("描述信息数长度有误！");
-        return false;
-    }
-    Q_UNREACHABLE();
 }

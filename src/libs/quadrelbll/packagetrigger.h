@@ -1,3 +1,4 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include "triggerinfo.h"
@@ -7,7 +8,7 @@
 
 class ReplyFrame;
 class TriggerModel;
-class TriggerTail;
+class TriggerBlock;
 
 /**
  * The trigger block, 512 bytes a serial or IO trigger. Its table has one count byte in front and is
@@ -19,7 +20,7 @@ class TriggerTail;
  * | 2 | 3 | 0x4C, 0x01, 0x00 |
  * | 5 | 2 | record class and subclass: 0x25, 0x10 serial; 0x24, 0x17 IO |
  * | 7 | 2 | 0x03 serial, 0x02 IO; 0x52 |
- * | 2 + `n` | | tail, see TriggerTail |
+ * | 2 + `n` | | tail, see TriggerBlock |
  *
  * Serial part, `n` = 11 + `P`:
  *
@@ -59,10 +60,7 @@ public:
         uint dataType, QByteArray package, int dataLength, TriggerModel& model, QString& error);
 
 private:
-    static bool acceptFrame(const ReplyFrame& frame, uint dataType, int dataLength, QString& error);
-    static bool acceptTail(const TriggerTail& tail, QString& error);
     static void readInputBody(const ReplyFrame& frame, TriggerInfo& trigger);
     static QString lowLevelText();
     static QString highLevelText();
-    static QString eventText(const TriggerTail& tail);
 };

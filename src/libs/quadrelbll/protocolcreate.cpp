@@ -8,6 +8,13 @@
 
 namespace {
 
+constexpr ReplyFrame::FaultTexts frameFaults = {
+    QT_TRANSLATE_NOOP("ProtocolCreate", "数据包长度小于最小数据包长度！"),
+    QT_TRANSLATE_NOOP("ProtocolCreate", "请求数据类型与返回数据类型不一致！"),
+    // The other codecs word this fault in another way.
+    QT_TRANSLATE_NOOP("ProtocolCreate", "数据包长度与请求数据长度不一致！"),
+};
+
 constexpr uint comDataType = 0xF0001000;
 constexpr uint ioDataType = 0xF0001100;
 
@@ -17,17 +24,21 @@ constexpr int dataBitsOffset = 4;
 constexpr int stopBitsOffset = 5;
 constexpr int inspectionOffset = 6;
 
+constexpr qint8 noInspectionByte = 0;
+constexpr qint8 inspection1Byte = 1;
+constexpr qint8 inspection2Byte = 2;
+
 constexpr int ioRecordSize = 2;
 
-quint8 inspectionByte(inspectionType inspection)
+qint8 inspectionByte(inspectionType inspection)
 {
     switch (inspection) {
     case INSPECTION_1:
-        return 1;
+        return inspection1Byte;
     case INSPECTION_2:
-        return 2;
+        return inspection2Byte;
     default:
-        return 0;
+        return noInspectionByte;
     }
 }
 
@@ -53,14 +64,14 @@ int signedByte(const ReplyFrame& frame, int offset)
 void readInspection(int byte, ComInfo& port)
 {
     switch (byte) {
-    case 0:
-        port.setProperty("insType", 2);
+    case noInspectionByte:
+        port.setProperty("insType", INSPECTION_NONE);
         break;
-    case 1:
-        port.setProperty("insType", 0);
+    case inspection1Byte:
+        port.setProperty("insType", INSPECTION_1);
         break;
-    case 2:
-        port.setProperty("insType", 1);
+    case inspection2Byte:
+        port.setProperty("insType", INSPECTION_2);
         break;
     default:
         break;
@@ -156,7 +167,7 @@ bool ProtocolCreate::parseConfigPackage(
     uint dataType, QByteArray package, uint dataLength, SystemModel& model, QString& error)
 {
     const ReplyFrame frame(package);
-    if (!acceptFrame(frame, dataType, dataLength, error))
+    if (!frame.accept(dataType, dataLength, staticMetaObject, frameFaults, error))
         return false;
 
     if (dataType == comDataType) {
@@ -169,26 +180,6 @@ bool ProtocolCreate::parseConfigPackage(
         model.setIOType(linesOf(frame));
     }
     return true;
-}
-
-bool ProtocolCreate::acceptFrame(
-    const ReplyFrame& frame, uint dataType, uint dataLength, QString& error)
-{
-    switch (frame.check(dataType, dataLength)) {
-    case ReplyFrame::Fault::None:
-        return true;
-    case ReplyFrame::Fault::TooShort:
-        error = tr("数据包长度小于最小数据包长度！");
-        return false;
-    case ReplyFrame::Fault::OtherDataType:
-        error = tr("请求数据类型与返回数据类型不一致！");
-        return false;
-    case ReplyFrame::Fault::OtherDataLength:
-        // The other codecs word this fault in another way.
-        error = tr("数据包长度与请求数据长度不一致！");
-        return false;
-    }
-    Q_UNREACHABLE();
 }
 
 bool ProtocolCreate::acceptWholeRecords(uint dataLength, uint recordSize, QString& error)

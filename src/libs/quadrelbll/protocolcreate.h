@@ -1,3 +1,4 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include "cominfo.h"
@@ -45,7 +46,5 @@ public:
         uint dataType, QByteArray package, uint dataLength, SystemModel& model, QString& error);
 
 private:
-    static bool acceptFrame(
-        const ReplyFrame& frame, uint dataType, uint dataLength, QString& error);
     static bool acceptWholeRecords(uint dataLength, uint recordSize, QString& error);
 };

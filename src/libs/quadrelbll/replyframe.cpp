@@ -24,6 +24,25 @@ ReplyFrame::Fault ReplyFrame::check(quint32 dataType, qint64 dataLength) const
     return Fault::None;
 }
 
+bool ReplyFrame::accept(quint32 dataType, qint64 dataLength, const QMetaObject& context,
+    const FaultTexts& texts, QString& error) const
+{
+    switch (check(dataType, dataLength)) {
+    case Fault::None:
+        return true;
+    case Fault::TooShort:
+        error = context.tr(texts.tooShort, nullptr);
+        return false;
+    case Fault::OtherDataType:
+        error = context.tr(texts.otherDataType, nullptr);
+        return false;
+    case Fault::OtherDataLength:
+        error = context.tr(texts.otherDataLength, nullptr);
+        return false;
+    }
+    Q_UNREACHABLE();
+}
+
 int ReplyFrame::payloadSize() const
 {
     return m_size - minimumSize;

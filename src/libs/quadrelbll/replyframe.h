@@ -1,6 +1,8 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QObject>
 #include <QtCore/QString>
 
 /**
@@ -18,6 +20,8 @@
  */
 class ReplyFrame {
 public:
+    static constexpr int payloadOffset = 18;
+
     /** Why a reply is not the answer to a request; in the order of the tests. */
     enum class Fault { None, TooShort, OtherDataType, OtherDataLength };
 
@@ -32,6 +36,17 @@ public:
     /** Tests size, data type and data length field. The field counts, not the real size. */
     Fault check(quint32 dataType, qint64 dataLength) const;
 
+    /** What a codec says of each fault, marked for translation in its own context. */
+    struct FaultTexts {
+        const char* tooShort;
+        const char* otherDataType;
+        const char* otherDataLength;
+    };
+
+    /** Tests as check() does; false with the codec's text, translated in its `context`. */
+    bool accept(quint32 dataType, qint64 dataLength, const QMetaObject& context,
+        const FaultTexts& texts, QString& error) const;
+
     /** Bytes between head and trailer, whatever the data length field says; negative if too short.
      */
     int payloadSize() const;
@@ -45,8 +60,6 @@ public:
     QString payloadHexText(int offset, int count) const;
 
 private:
-    static constexpr int payloadOffset = 18;
-
     quint8 byteAt(int frameOffset) const { return frameOffset < m_size ? m_bytes[frameOffset] : 0; }
     quint16 wordAt(int frameOffset) const
     {

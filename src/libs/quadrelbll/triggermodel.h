@@ -46,8 +46,5 @@ public:
     void replace(int index, TriggerInfo trigger);
 
 private:
-    // Fills each record in its place in the list: to make and copy it costs as much as to read it.
-    friend class PackageTrigger;
-
     QList<TriggerInfo> m_triggers;
 };

@@ -1,6 +1,6 @@
 #include "unpackage.h"
 
-#include "bcd.h"
+#include "clockcell.h"
 #include "devicemanagermodel.h"
 #include "kvprotocolparser.h"
 #include "modelmanagement.h"
@@ -11,8 +11,8 @@
 #include "packagetrigger.h"
 #include "packageupgrade.h"
 #include "protocolcreate.h"
+#include "replyframe.h"
 #include "settingsfile.h"
-#include "textwriter.h"
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QMutexLocker>
@@ -84,53 +84,22 @@ template <typename Model> void numberRecords(Model& model)
     model.setTriggerInfo(records);
 }
 
-/** The clock cell as text. The year's leading zero is missing, so that year 5 reads as 205. */
-QString clockText(const QByteArray& cell)
+} // namespace
+
+unsigned int UnPackage::Image::left() const
 {
-    constexpr int longestText = 25;
-    const auto number = [&](int i) { return Bcd::toNumber(static_cast<quint8>(cell.at(i))); };
-    TextWriter writer(longestText);
-    writer.add(QStringLiteral("20"));
-    writer.addDecimal(number(0));
-    const char separators[] = {'/', '/', ' ', ':', ':'};
-    int field = 1;
-    for (const char separator : separators) {
-        writer.add(QLatin1Char(separator));
-        writer.addTwoDigits(number(field++));
-    }
-    return writer.text();
+    return static_cast<unsigned int>(bytes.size() - sent);
 }
 
-/** The clock cell of a text like "2026/11/14  06:05:49"; the century has no place in it. */
-QByteArray clockCell(const QString& text)
+QByteArray UnPackage::Image::takeChunk(int length)
 {
-    const QStringList halves = text.split(QStringLiteral("  "));
-    const QStringList date = halves.value(0).split(QLatin1Char('/'));
-    const QStringList time = halves.value(1).split(QLatin1Char(':'));
-    const QString fields[] = {date.value(0).mid(2, 2), date.value(1), date.value(2), time.value(0),
-        time.value(1), time.value(2)};
-    QByteArray cell;
-    for (const QString& field : fields)
-        cell.append(static_cast<char>(Bcd::fromNumber(field.toInt())));
-    return cell;
-}
-
-/**
- * The next bytes of an image. Cutting each from the front would move the rest every time; so `sent`
- * counts them, and the image is emptied with the last.
- */
-QByteArray takeChunk(QByteArray& image, int& sent, int length)
-{
-    QByteArray chunk = image.mid(sent, length);
+    // Cutting each chunk from the front would move the rest every time.
+    QByteArray chunk = bytes.mid(sent, length);
     sent += chunk.size();
-    if (sent == image.size()) {
-        image.clear();
-        sent = 0;
-    }
+    if (sent == bytes.size())
+        *this = {};
     return chunk;
 }
-
-} // namespace
 
 UnPackage* UnPackage::m_unPackageInstance = new UnPackage(nullptr);
 
@@ -193,12 +162,10 @@ void UnPackage::setTimingCheck(QString time)
 
 void UnPackage::setUpgradePackage(QByteArray first, QByteArray second, QString name)
 {
-    m_streamedImage = first;
-    m_streamedSent = 0;
-    m_addressedImage = second;
-    m_addressedSent = 0;
+    m_streamedImage = {first, 0};
+    m_addressedImage = {second, 0};
     m_upgradeName = name;
-    m_upgradeRemark = m_streamedImage.leftJustified(remarkLength, '\0', true);
+    m_upgradeRemark = first.leftJustified(remarkLength, '\0', true);
 }
 
 unsigned char UnPackage::getLabels()
@@ -430,19 +397,24 @@ struct UnPackage::RecordTable {
     QString label;
 };
 
-/** `parseCount` fills `count`; a count over the maximum is nonsense and reads as an empty table. */
-template <typename ParseCount, typename ParseRecord>
-bool UnPackage::readTable(const RecordTable& table, int& count, ParseCount parseCount,
-    ParseRecord parseRecord, QString& error)
+/** Reads the count and appends the records; a count over the maximum reads as an empty table. */
+template <typename Length, typename Model>
+bool UnPackage::readTable(const RecordTable& table, int& count,
+    bool (*parseCount)(uint, QByteArray, Length, int&, QString&),
+    bool (*parseRecord)(uint, QByteArray, Length, Model&, QString&), Model& model, QString& error)
 {
-    if (!readBlock(table.countAddress, table.countLength, table.label, error) || !parseCount())
+    if (!readBlock(table.countAddress, table.countLength, table.label, error)
+        || !parseCount(table.countAddress, m_recvPackage, static_cast<Length>(table.countLength),
+            count, error))
         return false;
     if (static_cast<unsigned int>(count) > table.maximum)
         count = 0;
 
+    const auto length = static_cast<Length>(table.recordLength);
     for (int n = 0; n < count; ++n) {
         const unsigned int address = table.countAddress + 1 + bytesOf(n, table.recordLength);
-        if (!readBlock(address, table.recordLength, table.label, error) || !parseRecord(address))
+        if (!readBlock(address, table.recordLength, table.label, error)
+            || !parseRecord(address, m_recvPackage, length, model, error))
             return false;
     }
     return true;
@@ -452,15 +424,8 @@ bool UnPackage::readEventParameter(QString& error)
 {
     const RecordTable table{
         eventCountAddress, m_eventHeadLength, m_eventLength, maximumEvents, tr("回读事件参数")};
-    const auto parseCount = [&] {
-        return PackageEvent::parseEventCount(eventCountAddress, m_recvPackage,
-            static_cast<uint>(m_eventHeadLength), m_eventCount, error);
-    };
-    const auto parseRecord = [&](unsigned int address) {
-        return PackageEvent::parseEventPackage(
-            address, m_recvPackage, static_cast<uint>(m_eventLength), m_eventModel, error);
-    };
-    if (!readTable(table, m_eventCount, parseCount, parseRecord, error))
+    if (!readTable(table, m_eventCount, &PackageEvent::parseEventCount,
+            &PackageEvent::parseEventPackage, m_eventModel, error))
         return false;
 
     updateRegistry(orSingleton(m_registry),
@@ -505,15 +470,8 @@ bool UnPackage::readTriggerParameter(QString& error)
 {
     const RecordTable table{triggerCountAddress, m_triggerHeadLength, m_triggerLength,
         maximumTableEntries, tr("回读触发参数")};
-    const auto parseCount = [&] {
-        return PackageTrigger::parseTriggerCount(
-            triggerCountAddress, m_recvPackage, m_triggerHeadLength, m_triggerCount, error);
-    };
-    const auto parseRecord = [&](unsigned int address) {
-        return PackageTrigger::parseTriggerPackage(
-            address, m_recvPackage, m_triggerLength, m_triggerModel, error);
-    };
-    if (!readTable(table, m_triggerCount, parseCount, parseRecord, error))
+    if (!readTable(table, m_triggerCount, &PackageTrigger::parseTriggerCount,
+            &PackageTrigger::parseTriggerPackage, m_triggerModel, error))
         return false;
 
     numberRecords(m_triggerModel);
@@ -527,15 +485,8 @@ bool UnPackage::readTimeTriggerParameter(QString& error)
 {
     const RecordTable table{triggerCountAddress, m_timeTriggerHeadLength, m_timeTriggerLength,
         maximumTableEntries, tr("回读触发参数")};
-    const auto parseCount = [&] {
-        return PackageTimeTrigger::parseTimeTriggerCount(
-            triggerCountAddress, m_recvPackage, m_timeTriggerHeadLength, m_timeTriggerCount, error);
-    };
-    const auto parseRecord = [&](unsigned int address) {
-        return PackageTimeTrigger::parseTimeTriggerPackage(
-            address, m_recvPackage, m_timeTriggerLength, m_timeTriggerModel, error);
-    };
-    if (!readTable(table, m_timeTriggerCount, parseCount, parseRecord, error))
+    if (!readTable(table, m_timeTriggerCount, &PackageTimeTrigger::parseTimeTriggerCount,
+            &PackageTimeTrigger::parseTimeTriggerPackage, m_timeTriggerModel, error))
         return false;
 
     numberRecords(m_timeTriggerModel);
@@ -562,20 +513,20 @@ bool UnPackage::readData(QString& error)
 
 bool UnPackage::backwordread(QString& error)
 {
-    constexpr int cellOffset = 18;
     if (!readBlock(clockAddress, m_clockLength, tr("校时回读"), error))
         return false;
-    if (m_recvPackage.size() < cellOffset + m_clockLength) {
+    const QByteArray reply = m_recvPackage;
+    if (reply.size() < ReplyFrame::payloadOffset + m_clockLength) {
         error = tr("数据包长度小于最小数据包长度！");
         return false;
     }
-    Q_EMIT signal_backread(clockText(m_recvPackage.mid(cellOffset, m_clockLength)));
+    Q_EMIT signal_backread(ClockCell::text(ReplyFrame(reply)));
     return true;
 }
 
 bool UnPackage::backwordwrite(QString& error)
 {
-    sendWrite(clockAddress, clockCell(m_timingCheck));
+    sendWrite(clockAddress, ClockCell::fromText(m_timingCheck));
     Q_EMIT signal_backread(m_timingCheck);
     return waitResponsed(tr("同步本地时间"), error);
 }
@@ -636,42 +587,58 @@ void UnPackage::updateProgressBar(double value, double total)
     Q_EMIT signal_updateProgress(tr("升级中\n") + percentage + tr("%"));
 }
 
+bool UnPackage::writeUpgrade(unsigned int address, const QByteArray& data, QString& error)
+{
+    if (!writeBlock(address, data, tr("升级"), error))
+        return false;
+    m_upgradeWritten += data.size();
+    updateProgressBar(m_upgradeWritten, m_upgradeTotal);
+    return true;
+}
+
+unsigned int UnPackage::upgradeBytesLeft() const
+{
+    return m_streamedImage.left() + m_addressedImage.left();
+}
+
+bool UnPackage::announceImage(
+    const Image& image, unsigned int position, unsigned short number, QString& error)
+{
+    const QByteArray length = PackageUpgrade::createLengthPackage(upgradeBytesLeft());
+    const QByteArray start = PackageUpgrade::createPositionPackage(position);
+    const QByteArray size = PackageUpgrade::createSizePackage(image.left());
+    const QByteArray command = PackageUpgrade::createCommandPackage(upgradeCommand, number);
+    return writeUpgrade(upgradeLengthAddress, length, error)
+        && writeUpgrade(upgradePositionAddress, start, error)
+        && writeUpgrade(upgradeSizeAddress, size, error)
+        && writeUpgrade(upgradeCommandAddress, command, error);
+}
+
+bool UnPackage::writeImage(Image& image, unsigned int address, int step, QString& error)
+{
+    for (; !image.bytes.isEmpty(); address += static_cast<unsigned int>(step)) {
+        if (!writeUpgrade(address, image.takeChunk(m_upgradeChunkLength), error))
+            return false;
+    }
+    return true;
+}
+
+bool UnPackage::startUpgrade(QString& error)
+{
+    const QByteArray start = PackageUpgrade::createStartWordPackage(upgradeStartWord);
+    return writeUpgrade(upgradeStartAddress, start, error)
+        && writeUpgrade(upgradeWordAddress, PackageUpgrade::createWordPackage(0), error);
+}
+
 bool UnPackage::upgradeDevcie(QString& error)
 {
-    const auto streamedLeft = [this] { return uint(m_streamedImage.size() - m_streamedSent); };
-    const auto addressedLeft = [this] { return uint(m_addressedImage.size() - m_addressedSent); };
-    const auto bothLeft = [&] { return streamedLeft() + addressedLeft(); };
-    const double total = double(bothLeft()) + upgradeControlBytes;
-    double written = 0;
-    const auto write = [&](unsigned int address, const QByteArray& data) {
-        if (!writeBlock(address, data, tr("升级"), error))
-            return false;
-        written += data.size();
-        updateProgressBar(written, total);
-        return true;
-    };
-    const auto writeControlWords = [&](uint position, uint size, ushort image) {
-        return write(upgradeLengthAddress, PackageUpgrade::createLengthPackage(bothLeft()))
-            && write(upgradePositionAddress, PackageUpgrade::createPositionPackage(position))
-            && write(upgradeSizeAddress, PackageUpgrade::createSizePackage(size))
-            && write(
-                upgradeCommandAddress, PackageUpgrade::createCommandPackage(upgradeCommand, image));
-    };
-    const auto writeImage = [&](QByteArray& image, int& sent, uint address, int step) {
-        for (; !image.isEmpty(); address += static_cast<uint>(step)) {
-            if (!write(address, takeChunk(image, sent, m_upgradeChunkLength)))
-                return false;
-        }
-        return true;
-    };
-
-    if (!writeControlWords(0, addressedLeft(), addressedImageNumber)
-        || !writeImage(
-            m_addressedImage, m_addressedSent, addressedImageAddress, m_upgradeChunkLength)
-        || !write(upgradeStartAddress, PackageUpgrade::createStartWordPackage(upgradeStartWord))
-        || !write(upgradeWordAddress, PackageUpgrade::createWordPackage(0))
-        || !writeControlWords(addressedLeft(), streamedLeft(), streamedImageNumber)
-        || !writeImage(m_streamedImage, m_streamedSent, streamedImageAddress, 0))
+    m_upgradeWritten = 0;
+    m_upgradeTotal = double(upgradeBytesLeft()) + upgradeControlBytes;
+    if (!announceImage(m_addressedImage, 0, addressedImageNumber, error)
+        || !writeImage(m_addressedImage, addressedImageAddress, m_upgradeChunkLength, error)
+        || !startUpgrade(error)
+        || !announceImage(m_streamedImage, m_addressedImage.left(), streamedImageNumber, error)
+        || !writeImage(m_streamedImage, streamedImageAddress, 0, error))
         return false;
     Q_EMIT signal_updateProgress(tr("重连设备中"));
     return true;

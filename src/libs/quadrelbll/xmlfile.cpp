@@ -13,6 +13,12 @@
 
 namespace {
 
+// The values of a record; one that has another number of them is skipped.
+constexpr int eventChildren = 5;
+constexpr int triggerChildren = 6;
+constexpr int portChildren = 4;
+constexpr int lineChildren = 1;
+
 // The limits of what a unit holds; the readers keep them, the writers do not.
 constexpr int maximumEvents = 128;
 constexpr int maximumTriggers = 64;
@@ -424,7 +430,7 @@ bool XmlFile::readEventXmlFile(const QString& path, EventModel& model, QString& 
     QList<int> ids;
     for (QDomNode record = section.firstChild(); !record.isNull() && events.size() < maximumEvents;
          record = record.nextSibling()) {
-        if (record.childNodes().size() != 5)
+        if (record.childNodes().size() != eventChildren)
             continue;
         EventInfo event = eventFrom(record, words, protocolWords);
         if (ids.contains(event.getEventId())) {
@@ -469,7 +475,7 @@ bool XmlFile::readTriggerXmlFile(const QString& path, TriggerModel& model, QStri
     QList<TriggerInfo> triggers;
     for (QDomNode record = section.firstChild();
          !record.isNull() && triggers.size() < maximumTriggers; record = record.nextSibling()) {
-        if (record.childNodes().size() == 6)
+        if (record.childNodes().size() == triggerChildren)
             triggers.append(triggerFrom(record, words, protocolWords));
     }
     model.setTriggerInfo(triggers);
@@ -504,10 +510,10 @@ bool XmlFile::readConfigXmlFile(const QString& path, SystemModel& model, QString
     for (QDomNode record = section.firstChild(); !record.isNull(); record = record.nextSibling()) {
         const QString name = record.nodeName();
         if (name == QLatin1String("COM")) {
-            if (record.childNodes().size() == 4)
+            if (record.childNodes().size() == portChildren)
                 ports.append(portFrom(record));
         } else if (name == QLatin1String("IO")) {
-            if (record.childNodes().size() == 1)
+            if (record.childNodes().size() == lineChildren)
                 lines.append(lineFrom(record));
         }
     }

@@ -4,6 +4,7 @@
 #include "documenttree.h"
 #include "modelconversion.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
 namespace QuadrelDocument {
@@ -90,6 +91,12 @@ private:
             {severity, place, m_positions.of(place), pathOf(place, m_contents), text});
     }
     void fail(const Place& place, const QString& text) { report(Severity::Error, place, text); }
+
+    void failCarried(const Place& place, const QString& text)
+    {
+        fail(place, text);
+        m_findings.last().isCarried = true;
+    }
 
     void checkRange(const Place& place, int value, int least, int most)
     {
@@ -308,7 +315,7 @@ private:
                          "%1 is allowed")
                     .arg(shownText(trigger.startDate)));
         if (normalTime(trigger.time) != trigger.time)
-            fail(place("time"),
+            failUnlessCarried(place("time"), trigger.time,
                 Text::tr("there is no time %1; \"00:00\" to \"23:59\" are allowed")
                     .arg(shownText(trigger.time)));
         checkWeekdays(place("weekdays"), trigger.weekdays);
@@ -316,10 +323,19 @@ private:
         checkTriggerText(place("description"), trigger.description);
     }
 
+    /** Numbers of two digits go to a unit and back, whether or not there is such a day. */
+    void failUnlessCarried(const Place& place, const QString& stamp, const QString& text)
+    {
+        static const QRegularExpression form(
+            QStringLiteral("\\A(?:20(?:0|[1-9][0-9]?)/[0-9]{2}/[0-9]{2}|[0-9]{2}:[0-9]{2})\\z"));
+        fail(place, text);
+        m_findings.last().isCarried = form.match(stamp).hasMatch();
+    }
+
     void checkDate(const Place& place, const QString& date)
     {
         if (normalDate(date) != date)
-            fail(place,
+            failUnlessCarried(place, date,
                 Text::tr("there is no day %1; days from 2000 to 2099 are allowed, such as "
                          "\"2024/03/07\"")
                     .arg(shownText(date)));
@@ -352,7 +368,7 @@ private:
                 continue;
             checkRange(place, id, 0, Limit::id);
             if (m_contents.events && !m_eventIds.contains(id))
-                fail(place,
+                failCarried(place,
                     Text::tr("there is no event %1; only those in \"events\" are allowed").arg(id));
         }
     }
@@ -381,7 +397,7 @@ private:
         for (int i = 0; i < records.size(); ++i) {
             const int id = records.at(i).id;
             if (seen.contains(id))
-                fail(placeOf(section, i)("id"),
+                failCarried(placeOf(section, i)("id"),
                     Text::tr("the id %1 is here already; once is allowed").arg(id));
             seen.insert(id);
         }

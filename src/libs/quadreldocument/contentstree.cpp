@@ -124,6 +124,25 @@ void addRecords(Node& root, Section section, const std::optional<Records>& recor
     root.add(sectionName(section), std::move(sequence));
 }
 
+/** Calls visit() with the optional list of a section of records. */
+template <typename Visit> auto visitRecords(const Contents& contents, Section section, Visit visit)
+{
+    switch (section) {
+    case Section::SerialPorts:
+        return visit(contents.serialPorts);
+    case Section::IoLines:
+        return visit(contents.ioLines);
+    case Section::Events:
+        return visit(contents.events);
+    case Section::Triggers:
+        return visit(contents.triggers);
+    case Section::TimeTriggers:
+        return visit(contents.timeTriggers);
+    default:
+        return visit(std::optional<QVector<IoLine>>());
+    }
+}
+
 } // namespace
 
 QString commentOf(const QByteArray& bytes)
@@ -252,22 +271,23 @@ Node treeOf(const Contents& contents)
     return root;
 }
 
+int recordCount(const Contents& contents, Section section)
+{
+    return visitRecords(
+        contents, section, [](const auto& records) { return records ? records->size() : 0; });
+}
+
+bool hasSection(const Contents& contents, Section section)
+{
+    return visitRecords(contents, section, [](const auto& records) { return records.has_value(); });
+}
+
 Node recordNode(const Contents& contents, Section section, int index)
 {
-    switch (section) {
-    case Section::SerialPorts:
-        return nodeOf(contents.serialPorts->at(index), index);
-    case Section::IoLines:
-        return nodeOf(contents.ioLines->at(index), index);
-    case Section::Events:
-        return nodeOf(contents.events->at(index), index);
-    case Section::Triggers:
-        return nodeOf(contents.triggers->at(index), index);
-    case Section::TimeTriggers:
-        return nodeOf(contents.timeTriggers->at(index), index);
-    default:
-        return Node::mapping();
-    }
+    return visitRecords(contents, section, [index](const auto& records) {
+        const bool isThere = records && index < records->size();
+        return isThere ? nodeOf(records->at(index), index) : Node::mapping();
+    });
 }
 
 } // namespace QuadrelDocument

@@ -53,6 +53,8 @@ struct Finding {
     QString path;
     /** What is wrong, and what is allowed. */
     QString text;
+    /** Of an error: a unit gives it back as it was written, and may hold it already. */
+    bool isCarried = false;
 };
 using Findings = QVector<Finding>;
 

@@ -47,18 +47,6 @@ QVector<Trigger> withModbus(const QVector<Trigger>& loaded, const ProjectXml& xm
     return triggers;
 }
 
-/** What is left of a text in the file. */
-QString heldText(const QString& text)
-{
-    QString held;
-    for (int i = 0; i < text.size(); ++i) {
-        const int size = sizeOfXmlCharacter(text, i);
-        held += text.mid(i, size);
-        i += qMax(0, size - 1);
-    }
-    return held.trimmed().isEmpty() ? QString() : held;
-}
-
 class Losses {
 public:
     explicit Losses(const Contents& contents)
@@ -126,10 +114,10 @@ private:
     Findings m_findings;
 };
 
-template <typename Records> Records withHeldTexts(Records records)
+template <typename Records> Records withProjectTexts(Records records)
 {
     for (auto& record : records)
-        record.description = heldText(record.description);
+        record.description = textInProject(record.description);
     return records;
 }
 
@@ -160,6 +148,17 @@ Document parseProject(const QString& path, const QByteArray& text)
     return document;
 }
 
+QString textInProject(const QString& text)
+{
+    QString held;
+    for (int i = 0; i < text.size(); ++i) {
+        const int size = sizeOfXmlCharacter(text, i);
+        held += text.mid(i, size);
+        i += qMax(0, size - 1);
+    }
+    return held.trimmed().isEmpty() ? QString() : held;
+}
+
 Findings lossesInProject(const Contents& contents)
 {
     return Losses(contents).all();
@@ -170,8 +169,8 @@ bool writeProject(const QString& path, const Contents& contents)
     const QVector<Event> events = contents.events.value_or(QVector<Event>());
     const QVector<Trigger> triggers = contents.triggers.value_or(QVector<Trigger>());
     return XmlFile::writeConfigXmlFile(path, asRead(contents.serialPorts, contents.ioLines), false)
-        && XmlFile::writeEventXmlFile(path, asRead(withHeldTexts(events)), true)
-        && XmlFile::writeTriggerXmlFile(path, asRead(withHeldTexts(triggers)), true);
+        && XmlFile::writeEventXmlFile(path, asRead(withProjectTexts(events)), true)
+        && XmlFile::writeTriggerXmlFile(path, asRead(withProjectTexts(triggers)), true);
 }
 
 } // namespace QuadrelDocument

@@ -16,6 +16,9 @@ Document parseProject(const QString& path, const QByteArray& text);
 /** What a project file with these contents would not hold, record by record, as warnings. */
 Findings lossesInProject(const Contents& contents);
 
+/** What a project file holds of a text. */
+QString textInProject(const QString& text);
+
 /** Writes the project file at `path`; false if the library could not. */
 bool writeProject(const QString& path, const Contents& contents);
 

@@ -21,7 +21,7 @@ constexpr int maximumDocumentSize = 4 * 1024 * 1024;
 /** The deepest nesting that is read. */
 constexpr int maximumDocumentDepth = 32;
 /** The most records of a section that are looked at; more than any unit has room for. */
-constexpr int maximumRecords = 1000;
+constexpr int maximumRecords = 500;
 
 /** What was read from a text. */
 struct Document {

@@ -1,16 +1,29 @@
+// Internal to the library; not installed.
 #pragma once
 
 #include "eventidlist.h"
 
 #include <QtCore/QByteArray>
+#include <QtCore/QObject>
 #include <QtCore/QString>
 
 class RecordBlock;
 class ReplyFrame;
 
+/** What a block holds: the two bytes that tell the kinds apart. */
+struct RecordClass {
+    quint8 first;
+    quint8 second;
+
+    constexpr bool operator==(const RecordClass& other) const
+    {
+        return first == other.first && second == other.second;
+    }
+};
+
 /**
- * What trigger and time trigger blocks share: the head's offsets, the limits of their slot and,
- * behind the part of each kind, the tail with events and description.
+ * What trigger and time trigger blocks share: the head, the limits of their slot and, behind the
+ * part of each kind, the tail with events and description.
  *
  * | Offset in the tail | Width | Field |
  * |---|---|---|
@@ -19,12 +32,16 @@ class ReplyFrame;
  * | 1 + `C` | 1 | `D`, number of description bytes |
  * | 2 + `C` | `D` | description, see DescriptionText |
  */
-class TriggerTail {
+class TriggerBlock {
 public:
     static constexpr int bodyLengthOffset = 0;
     static constexpr int bodyOffset = 2;
     static constexpr int recordClassOffset = 5;
-    static constexpr int recordSubclassOffset = 6;
+    static constexpr int kindOffset = 7;
+
+    /** Writes the constant bytes of the head and the record class. */
+    static void storeHead(RecordBlock& block, RecordClass recordClass);
+    static RecordClass recordClassOf(const ReplyFrame& frame);
 
     /** Where the tail stands in a block. The body is counted from behind its own length. */
     static constexpr int offsetBehind(int bodyLength) { return bodyOffset + bodyLength; }
@@ -40,13 +57,27 @@ public:
     static constexpr int maximumEventCount = 128;
     static constexpr int maximumDescriptionLength = 64;
 
-    /** The tail at the given offset of the payload. What lies past the end of the frame is 0. */
-    TriggerTail(const ReplyFrame& frame, int offset);
+    /** The block whose tail is at the given offset of the payload. Past the end all is 0. */
+    TriggerBlock(const ReplyFrame& frame, int offset);
+
+    /** What a codec says of each fault, marked for translation in its own context. */
+    struct FaultTexts {
+        const char* tooManyEvents;
+        const char* descriptionTooLong;
+    };
+
+    /** What a codec puts around the ids of its events, marked likewise. */
+    struct EventWords {
+        const char* opening;
+        const char* closing;
+        const char* separator;
+    };
 
     Fault check() const;
-    int eventCount() const;
-    /** The events as text, see EventIdList. */
-    QString events(const EventIdList::Words& words) const;
+    /** False with the codec's text, translated in its `context`. */
+    bool accept(const QMetaObject& context, const FaultTexts& texts, QString& error) const;
+    /** The events as text, see EventIdList. Words are translated only where they are needed. */
+    QString events(const QMetaObject& context, const EventWords& words) const;
     QString description() const;
 
     /** Writes a tail. Nothing is tested: lengths keep their low 8 bits, bytes are all in place. */

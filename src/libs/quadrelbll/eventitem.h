@@ -1,0 +1,18 @@
+// Internal to the library; not installed.
+#pragma once
+
+#include <QtCore/QString>
+
+/** One item of a list of events as text, such as "(ID:3)". */
+namespace EventItem {
+
+/**
+ * The id between the first "ID:" and the first ")" behind it; 0 if there is no number.
+ *
+ * A search that fails is not looked at, and callers count on what comes out: "ID:" without ")"
+ * gives the whole rest; without "ID:" the text from index 2 is taken, up to a ")" that is the last
+ * character or else to the end.
+ */
+int id(const QStringRef& item);
+
+} // namespace EventItem
