@@ -12,9 +12,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::microseconds firstWakePause = 4ms;
-constexpr std::chrono::microseconds longestWakePause = 40ms;
-constexpr int exchangesGivenWay = 1000;
+/**
+ * Until a wake is repeated. Few are lost, and a pause that is shorter than the system's tick makes
+ * an exchange half as long again: the timer has to be set for it.
+ */
+constexpr std::chrono::milliseconds wakePause = 4ms;
+/** After a wake was lost, the operation is given time to sleep in so many exchanges. */
+constexpr int exchangesAfterLostWake = 1000;
 /** More than any datagram, and many frames of a stream. */
 constexpr std::size_t receiveBufferSize = std::size_t{128} * 1024;
 constexpr int usualUdpRetries = 3;
@@ -153,6 +157,9 @@ void TransportCore::leaveUnusableSocket()
 void TransportCore::finishOperation()
 {
     const LinkLock lock(m_mutex);
+    // A wait that ran out by itself may have ended before its reply is handed in.
+    while (m_outcome)
+        m_settled.wait(m_mutex);
     m_phase = m_phase == Phase::Awaiting ? Phase::Trailing : Phase::Idle;
 }
 
@@ -172,7 +179,9 @@ void TransportCore::work()
 {
     const LinkLock lock(m_mutex);
     while (!m_isStopping) {
-        if (m_isCancelled && isAwaited())
+        if (m_outcome)
+            handIn();
+        else if (m_isCancelled && isAwaited())
             fail(cancelled());
         else if (isAwaited() && m_deadline.isOver())
             runOutOfTime();
@@ -222,7 +231,7 @@ void TransportCore::awaitInput()
 {
     const std::shared_ptr<UnitSocket> socket = m_socket;
     const std::uint64_t number = m_number;
-    const Clock::duration pause = m_phase == Phase::Delivered ? m_wakePause : 0us;
+    const bool wasDelivered = m_phase == Phase::Delivered;
     const Clock::duration limit = untilNextAct();
     const int processor = m_processor;
     if (m_phase == Phase::Idle)
@@ -231,7 +240,8 @@ void TransportCore::awaitInput()
     std::error_code error;
 
     m_mutex.unlock();
-    m_input.follow(processor);
+    if (processor >= 0)
+        m_input.follow(processor);
     const InputWait::Events events =
         m_input.wait(m_wake.descriptor(), socket ? socket->descriptor() : -1, limit);
     if (events.isWoken)
@@ -242,16 +252,15 @@ void TransportCore::awaitInput()
 
     if (size != 0 && socket == m_socket)
         takeReceived(size, error);
-    if (pause == 0us && m_lostWakes > 0)
-        giveWay();
-    repeatWake(number, pause);
+    if (wasDelivered && m_phase == Phase::Delivered && number == m_number)
+        repeatWake();
 }
 
 /** Without an end where there is nothing to do but to receive. */
 TransportCore::Clock::duration TransportCore::untilNextAct() const
 {
     if (m_phase == Phase::Delivered)
-        return m_wakePause;
+        return wakePause;
     return isAwaited() ? m_deadline.left() : Clock::duration::max();
 }
 
@@ -298,10 +307,7 @@ void TransportCore::takeReply(const FrameView& reply)
     }
     if (m_observer)
         m_observer(m_exchange, reply);
-    const bool isOperationThere = m_phase == Phase::Awaiting;
-    settle();
-    if (isOperationThere)
-        m_unPackage.setRecvPackage(bytesOf(reply));
+    settle({bytesOf(reply), QString()});
 }
 
 /** A stream that has lost its place is of no use any more; a datagram is simply lost. */
@@ -357,13 +363,32 @@ bool TransportCore::sendAgain()
     return true;
 }
 
+/**
+ * Not under the mutex: the operation wakes up at once, and needs it for its next frame. The next
+ * operation can't begin before the outcome is gone.
+ */
+void TransportCore::handIn()
+{
+    const Outcome outcome = *m_outcome;
+    m_mutex.unlock();
+    if (outcome.error.isEmpty())
+        m_unPackage.setRecvPackage(outcome.reply);
+    else
+        m_unPackage.setError(outcome.error);
+    m_mutex.lock();
+    m_outcome.reset();
+    m_settled.notify_all();
+    if (m_exchangesToGiveWay > 0)
+        giveWay();
+}
+
 /** Lets an operation sleep that was given its reply too early, and wakes it again. */
 void TransportCore::giveWay()
 {
     if (m_phase != Phase::Delivered)
         return;
     const std::uint64_t number = m_number;
-    --m_lostWakes;
+    --m_exchangesToGiveWay;
     m_mutex.unlock();
     std::this_thread::yield();
     m_mutex.lock();
@@ -371,14 +396,11 @@ void TransportCore::giveWay()
         m_unPackage.quitWaitDelay();
 }
 
-/** Wakes again while the number of the exchange is what it was before the pause. */
-void TransportCore::repeatWake(std::uint64_t number, Clock::duration pause)
+/** A wake was lost, or the operation has not come to its next frame yet. */
+void TransportCore::repeatWake()
 {
-    if (pause == 0us || m_phase != Phase::Delivered || number != m_number)
-        return;
     m_unPackage.quitWaitDelay();
-    m_wakePause = std::min<Clock::duration>(2 * m_wakePause, longestWakePause);
-    m_lostWakes = exchangesGivenWay;
+    m_exchangesToGiveWay = exchangesAfterLostWake;
 }
 
 bool TransportCore::isAwaited() const
@@ -388,20 +410,18 @@ bool TransportCore::isAwaited() const
 
 void TransportCore::fail(const LinkFailure& failure)
 {
-    const bool isOperationThere = m_phase == Phase::Awaiting;
     m_lastFailure = failure;
     // Half a frame makes the next one unreadable.
     if (m_unsentFrom > 0)
         dropSocket();
-    settle();
-    if (isOperationThere)
-        m_unPackage.setError(failure.text);
+    settle({QByteArray(), failure.text});
 }
 
-void TransportCore::settle()
+void TransportCore::settle(const Outcome& outcome)
 {
     m_unsentFrom = -1;
-    m_wakePause = firstWakePause;
+    if (m_phase == Phase::Awaiting)
+        m_outcome = outcome;
     m_phase = m_phase == Phase::Awaiting ? Phase::Delivered : Phase::Idle;
     m_settled.notify_all();
 }

@@ -21,6 +21,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -35,8 +36,8 @@ class UnPackage;
  *
  * An operation's wait has no predicate, so a reply that is handed in before the operation sleeps
  * wakes nobody. The wake is therefore repeated until the next frame or the end of the operation has
- * come. All this happens under one mutex, which each new frame takes first: a wake that belongs to
- * one exchange can never reach the next.
+ * come: under the mutex, which each new frame takes first, so that a wake which belongs to one
+ * exchange can never reach the next.
  */
 class TransportCore {
     Q_DECLARE_TR_FUNCTIONS(UnitTransport)
@@ -82,6 +83,11 @@ private:
         Delivered, ///< it was given a reply or a failure, and has not gone on yet
         Trailing   ///< the operation is over, and the reply to its last frame is still to come
     };
+    /** What the operation is given: a reply, or the text of a failure. */
+    struct Outcome {
+        QByteArray reply;
+        QString error;
+    };
     using Clock = Deadline::Clock;
 
     std::shared_ptr<UnitSocket> beginExchange(const QByteArray& frame);
@@ -97,14 +103,15 @@ private:
     void takeFault(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
     void loseConnection(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
     void runOutOfTime() LINK_REQUIRES(m_mutex);
+    void handIn() LINK_REQUIRES(m_mutex);
     void giveWay() LINK_REQUIRES(m_mutex);
-    void repeatWake(std::uint64_t number, Clock::duration pause) LINK_REQUIRES(m_mutex);
+    void repeatWake() LINK_REQUIRES(m_mutex);
     Clock::duration untilNextAct() const LINK_REQUIRES(m_mutex);
 
     bool isAwaited() const LINK_REQUIRES(m_mutex);
     bool sendAgain() LINK_REQUIRES(m_mutex);
     void fail(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
-    void settle() LINK_REQUIRES(m_mutex);
+    void settle(const Outcome& outcome) LINK_REQUIRES(m_mutex);
     void dropSocket() LINK_REQUIRES(m_mutex);
 
     LinkFailure noReply() const LINK_REQUIRES(m_mutex);
@@ -123,20 +130,19 @@ private:
     mutable LinkMutex m_mutex;
     std::condition_variable_any m_settled;
     Phase m_phase LINK_GUARDED_BY(m_mutex) = Phase::Idle;
+    /** Until the operation has been given it. */
+    std::optional<Outcome> m_outcome LINK_GUARDED_BY(m_mutex);
     Exchange m_exchange LINK_GUARDED_BY(m_mutex);
     /** Of the frames sent: a wake belongs to one of them. */
     std::uint64_t m_number LINK_GUARDED_BY(m_mutex) = 0;
-    /** On which the operation runs. */
-    int m_processor LINK_GUARDED_BY(m_mutex) = 0;
+    /** On which the operation runs; negative if that is not known. */
+    int m_processor LINK_GUARDED_BY(m_mutex) = -1;
     Deadline m_deadline LINK_GUARDED_BY(m_mutex){-1};
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
     /** How much of the frame is out; negative while none of it waits to go out. */
     int m_unsentFrom LINK_GUARDED_BY(m_mutex) = -1;
-    /** Until the next wake. */
-    Clock::duration m_wakePause LINK_GUARDED_BY(m_mutex){};
-    /** Exchanges for which a wake is taken to be lost, since one was. */
-    int m_lostWakes LINK_GUARDED_BY(m_mutex) = 0;
+    int m_exchangesToGiveWay LINK_GUARDED_BY(m_mutex) = 0;
     bool m_isStopping LINK_GUARDED_BY(m_mutex) = false;
     LinkFailure m_lastFailure LINK_GUARDED_BY(m_mutex);
     /** What came instead of a reply, in this exchange. */
