@@ -335,5 +335,9 @@
         <source>ended by the user</source>
         <translation>被用户结束</translation>
     </message>
+    <message>
+        <source>this is not the state of a run: &quot;format&quot; is missing</source>
+        <translation>这不是运行状态文件：缺少 &quot;format&quot;</translation>
+    </message>
 </context>
 </TS>
