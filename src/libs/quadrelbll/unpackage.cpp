@@ -200,7 +200,8 @@ bool UnPackage::sleepUntilWoken()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     const auto isWoken = [this, before = m_wakes] { return m_wakes != before; };
-    if (m_timeout >= 0)
+    constexpr int noLimit = -1;
+    if (m_timeout != noLimit)
         return m_woken.wait_for(lock, std::chrono::milliseconds(m_timeout), isWoken);
     m_woken.wait(lock, isWoken);
     return true;
