@@ -44,6 +44,7 @@ private slots:
     void setsTheClock_data();
     void setsTheClock();
     void setsTheClockToNow();
+    void endsWhenInterrupted_data();
     void endsWhenInterrupted();
     void tellsAFullDisk();
 };
@@ -560,18 +561,32 @@ void TestQuadrelctl::setsTheClockToNow()
     QVERIFY2(qAbs(difference) <= patience / 1000, qPrintable(result.output));
 }
 
+void TestQuadrelctl::endsWhenInterrupted_data()
+{
+    QTest::addColumn<QStringList>("command");
+    QTest::addColumn<int>("signal");
+    const QStringList info{QStringLiteral("info")};
+    QTest::newRow("SIGINT") << info << SIGINT;
+    QTest::newRow("SIGTERM") << info << SIGTERM;
+    QTest::newRow("awaiting the last reply")
+        << QStringList{QStringLiteral("reset"), QStringLiteral("--default-address")} << SIGINT;
+}
+
 void TestQuadrelctl::endsWhenInterrupted()
 {
+    QFETCH(QStringList, command);
+    QFETCH(int, signal);
     QTcpServer silent;
     QVERIFY(silent.listen(QHostAddress::LocalHost));
     ControlTool tool("[Communication]\ntimeout=-1\n");
     Program process;
     tool.start(process,
-        {QStringLiteral("info"), QStringLiteral("--unit"),
-            QStringLiteral("tcp://127.0.0.1:%1").arg(silent.serverPort())});
+        command
+            + QStringList{QStringLiteral("--unit"),
+                QStringLiteral("tcp://127.0.0.1:%1").arg(silent.serverPort())});
     QVERIFY(silent.waitForNewConnection(patience));
     QVERIFY(silent.nextPendingConnection()->waitForReadyRead(patience));
-    QVERIFY(process.sendSignal(SIGINT));
+    QVERIFY(process.sendSignal(signal));
     QCOMPARE(process.waitForExit(), 130);
     QCOMPARE(process.errors(), QStringLiteral("interrupted\n"));
 }

@@ -147,9 +147,11 @@ private slots:
     void undoes();
     void failsToRead_data();
     void failsToRead();
+    void failsToReach();
     void refusesTheSecond_data();
     void refusesTheSecond();
     void refusesAnotherUnit();
+    void abortsBetweenTables();
     void aborts_data();
     void aborts();
     void runsOtherOperations();
@@ -157,6 +159,7 @@ private slots:
     void upgrades();
     void breaksAnUpgradeOff();
     void missesTheUnitAfterAnUpgrade();
+    void abortsTheWaitAfterAnUpgrade();
 };
 
 void TestUnitWork::reads_data()
@@ -617,6 +620,21 @@ void TestUnitWork::failsToRead()
     QCOMPARE(work.read().failure.text(), QString());
 }
 
+void TestUnitWork::failsToReach()
+{
+    Site site;
+    UnitAddress address = site.address();
+    address.port = 1;
+    UnitWork work(address, site.options);
+    const QString text = QStringLiteral(
+        "tcp://127.0.0.1:1 refused the connection\n"
+        "failed while reading the device information\n"
+        "check the address, the network, and that the unit is switched on; then try again");
+    QCOMPARE(work.readDevice().failure.text(), text);
+    QCOMPARE(work.read().failure.text(), text);
+    QCOMPARE(work.run(UnitRequest::reset(true)).failure.text(), text);
+}
+
 void TestUnitWork::refusesTheSecond_data()
 {
     QTest::addColumn<QString>("host");
@@ -661,6 +679,22 @@ void TestUnitWork::refusesAnotherUnit()
     UnitLock lock(site.options.folders.locks);
     QString error;
     QVERIFY2(lock.takeSerial(serialNumber, error), qPrintable(error));
+}
+
+/** What was not begun is as before, and not unknown. */
+void TestUnitWork::abortsBetweenTables()
+{
+    Site site;
+    UnitWork work(site.address(), site.options);
+    const Contents held = work.read().contents;
+    const WorkResult result = work.apply(
+        makePlan(changed(held, allTables), held), QString(), [&](const WorkProgress& progress) {
+            // The last exchange of its table: the call has nothing more to send.
+            if (progress.unit.part == UnitProgress::IoLines)
+                work.abort();
+        });
+    QVERIFY(result.failure.error == LinkError::Cancelled);
+    QCOMPARE(namesOf(result.tables), QStringLiteral("config new, events old, triggers old"));
 }
 
 void TestUnitWork::aborts_data()
@@ -787,6 +821,25 @@ void TestUnitWork::missesTheUnitAfterAnUpgrade()
                            "failed while waiting until the unit is back\n"
                            "both images were sent\n"
                            "look for the unit in the network; it may have got another address")));
+}
+
+void TestUnitWork::abortsTheWaitAfterAnUpgrade()
+{
+    Site site;
+    site.unit.at([](ControlUnit&, UnitServer& server) { server.setRestartTime(patience); });
+    UnitWork work(site.address(), site.options);
+    const WorkResult result =
+        work.upgrade({QByteArray(500, '\1'), QByteArray(300, '\2'), std::nullopt}, patience,
+            [&work](const WorkProgress& progress) {
+                if (progress.phase == WorkProgress::Waiting)
+                    work.abort();
+            });
+    QCOMPARE(result.failure.text(),
+        site.filled(QStringLiteral("UNIT: cancelled\n"
+                                   "failed while waiting until the unit is back\n"
+                                   "both images were sent\n"
+                                   "read the unit's version when it is back")));
+    QVERIFY(result.failure.error == LinkError::Cancelled);
 }
 
 QTEST_GUILESS_MAIN(TestUnitWork)

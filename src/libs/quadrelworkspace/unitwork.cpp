@@ -417,7 +417,8 @@ void UnitWork::Private::writeTables(
     const Plan& plan, const ProgressHandler& progress, WorkResult& result)
 {
     for (TableOutcome& outcome : result.tables) {
-        outcome.state = TableState::Unknown;
+        // After an abort nothing goes out.
+        outcome.state = m_isAborted ? TableState::Old : TableState::Unknown;
         const UnitResult written =
             runOnUnit(requestFor(outcome.table, plan.result), WorkProgress::Writing, progress);
         if (!written) {
@@ -528,14 +529,18 @@ WorkResult UnitWork::Private::awaitReturn(const QString& oldVersion, int returnT
     }
     WorkResult result;
     m_step.phase = WorkProgress::Waiting;
-    result.failure.reason =
-        Workspace::tr("%1: the unit has not come back within %2 s")
-            .arg(m_session.address().toText(), QString::number(returnTime / 1000.0));
-    result.failure.step = m_step.text();
+    if (m_isAborted) {
+        result.failure = failureOf({LinkError::Cancelled, Workspace::tr("cancelled")});
+        result.failure.advice = Workspace::tr("read the unit's version when it is back");
+    } else {
+        result.failure.reason =
+            Workspace::tr("%1: the unit has not come back within %2 s")
+                .arg(m_session.address().toText(), QString::number(returnTime / 1000.0));
+        result.failure.step = m_step.text();
+        result.failure.advice =
+            Workspace::tr("look for the unit in the network; it may have got another address");
+    }
     result.failure.state = Workspace::tr("both images were sent");
-    result.failure.advice =
-        Workspace::tr("look for the unit in the network; it may have got another "
-                      "address");
     return result;
 }
 
