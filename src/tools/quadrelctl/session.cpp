@@ -45,8 +45,11 @@ UnitData Session::run(const UnitRequest& request, const UnitSession::ProgressHan
 
 UnitData Session::readEverything()
 {
-    const UnitData data = run(UnitRequest::readAll(),
-        [](const UnitProgress& step) { Console::showProgress(step.text()); });
+    // Each step costs a wake of this thread.
+    UnitSession::ProgressHandler show;
+    if (Console::isTerminal())
+        show = [](const UnitProgress& step) { Console::showProgress(step.text()); };
+    const UnitData data = run(UnitRequest::readAll(), show);
     Console::endProgress();
     return data;
 }
