@@ -110,9 +110,6 @@ private:
 
 } // namespace
 
-// As in 0.1.0, whose applications make objects of their own.
-static_assert(sizeof(void*) != 8 || sizeof(UnPackage) == 416);
-
 UnPackage* UnPackage::m_unPackageInstance = new UnPackage(nullptr);
 
 UnPackage::UnPackage(QObject* parent)
