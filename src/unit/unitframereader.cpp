@@ -3,90 +3,26 @@
 #include "framechecksum.h"
 #include "quadrelframe.h"
 
-#include <QtCore/QtEndian>
-
-#include <algorithm>
-
 namespace QuadrelUnit {
 
 using namespace QuadrelFrame;
 
-UnitFrameReader::UnitFrameReader(Direction direction)
-    : m_direction(direction)
+namespace {
+
+UnitFrame copyOf(const FrameView& view)
 {
-}
-
-void UnitFrameReader::feed(const QByteArray& bytes)
-{
-    // Moving the rest after each frame would take a time that grows with the square of the bytes.
-    if (m_start > m_buffer.size() / 2) {
-        m_buffer.remove(0, m_start);
-        m_start = 0;
-    }
-    m_buffer.append(bytes);
-}
-
-std::optional<UnitFrame> UnitFrameReader::next()
-{
-    if (!isBroken())
-        m_error = headError();
-    if (isBroken() || pendingBytes() < headSize)
-        return std::nullopt;
-
-    const char* bytes = pending();
-    const int payloadSize =
-        static_cast<int>(qFromLittleEndian<quint32>(bytes + payloadLengthOffset));
-    if (pendingBytes() < headSize + payloadSize + trailerSize)
-        return std::nullopt;
-
     UnitFrame frame;
-    frame.kind = static_cast<quint8>(bytes[kindOffset]);
-    frame.label = static_cast<quint8>(bytes[labelOffset]);
-    frame.address = qFromLittleEndian<quint32>(bytes + addressOffset);
-    frame.dataLength = qFromLittleEndian<quint16>(bytes + dataLengthOffset);
-    frame.payload = QByteArray(bytes + payloadOffset, payloadSize);
-    m_error = checkError(frame);
-    if (isBroken())
-        return std::nullopt;
-
-    m_start += headSize + payloadSize + trailerSize;
+    frame.kind = view.kind();
+    frame.label = view.label();
+    frame.address = view.address();
+    frame.dataLength = view.dataLength();
+    frame.payload = QByteArray(view.payload(), static_cast<int>(view.payloadSize()));
     return frame;
 }
 
-// A bad head is told as soon as its bytes are there: the rest of garbage may never come.
-QString UnitFrameReader::headError() const
+/** What is wrong with a frame whose checksum is right, or an empty text. */
+QString requestError(const UnitFrame& frame)
 {
-    const char* bytes = pending();
-    const int magicSize = std::min(pendingBytes(), static_cast<int>(sizeof(magic)));
-    if (!std::equal(magic, magic + magicSize, bytes))
-        return QStringLiteral("the bytes do not begin as a frame does");
-    if (pendingBytes() <= kindOffset)
-        return QString();
-
-    const quint8 kind = static_cast<quint8>(bytes[kindOffset]);
-    if (!isExpectedKind(kind))
-        return QStringLiteral("unknown kind of frame 0x%1").arg(kind, 2, 16, QLatin1Char('0'));
-    if (pendingBytes() < addressOffset)
-        return QString();
-
-    const quint32 payloadSize = qFromLittleEndian<quint32>(bytes + payloadLengthOffset);
-    if (payloadSize > maximumPayload)
-        return QStringLiteral("a payload of %1 bytes is over the limit of %2")
-            .arg(payloadSize)
-            .arg(maximumPayload);
-    return QString();
-}
-
-QString UnitFrameReader::checkError(const UnitFrame& frame) const
-{
-    const int checkedSize = headSize + frame.payload.size();
-    const char* bytes = pending();
-    const quint16 expected = checksum(bytes, checkedSize);
-    const quint16 found = qFromLittleEndian<quint16>(bytes + checkedSize);
-    if (found != expected)
-        return QStringLiteral("the CRC is 0x%1 and should be 0x%2")
-            .arg(found, 4, 16, QLatin1Char('0'))
-            .arg(expected, 4, 16, QLatin1Char('0'));
     if (frame.isReadRequest() && !frame.payload.isEmpty())
         return QStringLiteral("a read request carries %1 bytes").arg(frame.payload.size());
     if (frame.isWriteRequest() && frame.payload.size() != frame.dataLength)
@@ -96,11 +32,62 @@ QString UnitFrameReader::checkError(const UnitFrame& frame) const
     return QString();
 }
 
-bool UnitFrameReader::isExpectedKind(quint8 kind) const
+QString checksumError(const FrameView& frame)
 {
-    if (m_direction == Requests)
-        return kind == ReadRequest || kind == WriteRequest;
-    return kind == ReadReply || kind == WriteReply;
+    const int checkedSize = headSize + static_cast<int>(frame.payloadSize());
+    return QStringLiteral("the CRC is 0x%1 and should be 0x%2")
+        .arg(littleEndian16(frame.bytes() + checkedSize), 4, 16, QLatin1Char('0'))
+        .arg(checksum(frame.bytes(), checkedSize), 4, 16, QLatin1Char('0'));
+}
+
+} // namespace
+
+UnitFrameReader::UnitFrameReader(Direction direction)
+    : m_cutter(
+        direction == Requests ? FrameCutter::Direction::Requests : FrameCutter::Direction::Replies)
+{
+}
+
+void UnitFrameReader::feed(const QByteArray& bytes)
+{
+    m_cutter.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+}
+
+std::optional<UnitFrame> UnitFrameReader::next()
+{
+    if (isBroken())
+        return std::nullopt;
+    const std::optional<FrameView> view = m_cutter.next();
+    if (!view) {
+        m_error = cutterError();
+        return std::nullopt;
+    }
+    const UnitFrame frame = copyOf(*view);
+    m_error = requestError(frame);
+    if (isBroken())
+        return std::nullopt;
+    return frame;
+}
+
+QString UnitFrameReader::cutterError() const
+{
+    const FrameView rest = m_cutter.pending();
+    switch (m_cutter.fault()) {
+    case FrameCutter::Fault::None:
+        return QString();
+    case FrameCutter::Fault::NoMagic:
+        return QStringLiteral("the bytes do not begin as a frame does");
+    case FrameCutter::Fault::UnknownKind:
+        return QStringLiteral("unknown kind of frame 0x%1")
+            .arg(rest.kind(), 2, 16, QLatin1Char('0'));
+    case FrameCutter::Fault::PayloadTooLong:
+        return QStringLiteral("a payload of %1 bytes is over the limit of %2")
+            .arg(rest.payloadSize())
+            .arg(maximumPayload);
+    case FrameCutter::Fault::WrongChecksum:
+        return checksumError(rest);
+    }
+    return QString();
 }
 
 std::optional<UnitFrame> UnitFrameReader::datagram(const QByteArray& bytes, QString* error)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framecutter.h"
 #include "unitframe.h"
 
 #include <QtCore/QString>
@@ -29,22 +30,15 @@ public:
     /** Why the reader is broken, or an empty text. */
     QString error() const { return m_error; }
     /** Bytes that were fed and belong to no frame handed out so far. */
-    int pendingBytes() const { return m_buffer.size() - m_start; }
+    int pendingBytes() const { return static_cast<int>(m_cutter.pending().size()); }
 
     /** The one request that a datagram is; or nothing, and the reason in `error`. */
     static std::optional<UnitFrame> datagram(const QByteArray& bytes, QString* error);
 
 private:
-    QString headError() const;
-    QString checkError(const UnitFrame& frame) const;
-    bool isExpectedKind(quint8 kind) const;
+    QString cutterError() const;
 
-    const char* pending() const { return m_buffer.constData() + m_start; }
-
-    Direction m_direction;
-    QByteArray m_buffer;
-    /** Where in the buffer the bytes begin that belong to no frame handed out so far. */
-    int m_start = 0;
+    QuadrelFrame::FrameCutter m_cutter;
     QString m_error;
 };
 

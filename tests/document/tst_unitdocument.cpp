@@ -4,7 +4,6 @@
 #include "controlunit.h"
 #include "unitsample.h"
 
-#include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>

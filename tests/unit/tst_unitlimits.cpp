@@ -55,6 +55,7 @@ private slots:
     void stopsReadingWhoDoesNotRead();
     void abandonsWhoDoesNotRead();
     void boundsLateRepliesOfAConnection();
+    void goesOnAfterLateReplies();
     void boundsLateDatagrams();
     void servesOthersBetweenManyRequests();
     void servesConnectionsBetweenManyDatagrams();
@@ -262,6 +263,15 @@ void TestUnitLimits::boundsLateRepliesOfAConnection()
                      return served[0].value<UnitFrame>().dataLength == 65535;
                  }),
         4);
+}
+
+void TestUnitLimits::goesOnAfterLateReplies()
+{
+    m_server->setLatency(1);
+    UnitClient client(m_server->port());
+    for (int i = 0; i < 20; ++i)
+        client.send(largeRead());
+    TRY_COMPARE(client.bytes().size(), 20 * 65555);
 }
 
 void TestUnitLimits::boundsLateDatagrams()

@@ -1,5 +1,9 @@
 #include "documenttree.h"
 
+#include "documenttext.h"
+
+#include <QtCore/QTextCodec>
+
 #include <algorithm>
 
 namespace QuadrelDocument {
@@ -9,6 +13,30 @@ namespace {
 bool isContinuation(char byte)
 {
     return (static_cast<quint8>(byte) & 0xC0) == 0x80;
+}
+
+QByteArray byteOrderMark()
+{
+    return QByteArrayLiteral("\xEF\xBB\xBF");
+}
+
+/** Throws Refusal at what no text in UTF-8 holds. */
+void refuseForeignBytes(const QByteArray& text)
+{
+    const QByteArray valid = textOfUtf8(text.constData(), text.size()).toUtf8();
+    if (valid != text) {
+        const auto difference =
+            std::mismatch(text.begin(), text.end(), valid.begin(), valid.end()).first;
+        throw Refusal{static_cast<int>(difference - text.begin()),
+            Text::tr("this is no text in UTF-8; only that is read")};
+    }
+    const auto isControl = [](char byte) {
+        return byte >= 0 && byte < ' ' && byte != '\t' && byte != '\n' && byte != '\r';
+    };
+    const auto control = std::find_if(text.begin(), text.end(), isControl);
+    if (control != text.end())
+        throw Refusal{static_cast<int>(control - text.begin()),
+            Text::tr("control characters are not allowed; escapes such as \\u001b are")};
 }
 
 } // namespace
@@ -99,6 +127,31 @@ Position PositionFinder::at(int offset)
             ++m_position.column;
     }
     return m_position;
+}
+
+QString textOfUtf8(const char* bytes, int size)
+{
+    static const QTextCodec* const codec = QTextCodec::codecForName("UTF-8");
+    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
+    return codec->toUnicode(bytes, size, &state);
+}
+
+QByteArray withoutMark(const QByteArray& text)
+{
+    return text.startsWith(byteOrderMark()) ? text.mid(byteOrderMark().size()) : text;
+}
+
+QString sizeFault()
+{
+    return Text::tr("more than %1 bytes; a unit needs a tenth of that").arg(maximumDocumentSize);
+}
+
+Node readTree(const QByteArray& text, Form form)
+{
+    if (text.size() > maximumDocumentSize)
+        throw Refusal{maximumDocumentSize, sizeFault()};
+    refuseForeignBytes(text);
+    return form == Form::Json ? readJson(text) : readYaml(text);
 }
 
 } // namespace QuadrelDocument

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "finding.h"
+#include "unitdocument.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
@@ -86,6 +87,15 @@ private:
 /** The most values in one document; more than a hundred units have. */
 constexpr int maximumNodes = 100000;
 
+/** The text of UTF-8, whose first mark QString::fromUtf8() would drop. */
+QString textOfUtf8(const char* bytes, int size);
+/** The text without the mark that some editors put ahead of UTF-8. */
+QByteArray withoutMark(const QByteArray& text);
+/** What is said of a text of more than maximumDocumentSize. */
+QString sizeFault();
+
+/** Reads a text without a mark; throws Refusal, as it does for control characters and size. */
+Node readTree(const QByteArray& text, Form form);
 /** Reads YAML without anchors, aliases and tags, one document; throws Refusal. */
 Node readYaml(const QByteArray& text);
 /** Reads JSON; throws Refusal. */
@@ -99,6 +109,10 @@ QString yamlInline(const Node& value);
 QString jsonInline(const Node& value);
 /** The start of a text in quotes and without control characters, fit for a message. */
 QString shownText(const QString& text);
+/** The value in lines, all but the first with `indentation` blanks ahead. */
+QString jsonLines(const Node& value, int indentation);
+/** The records of a sequence in lines with `indentation` blanks ahead; no line feed at the end. */
+QString yamlRecords(const Node& sequence, int indentation);
 /** The lines of a mapping, each with `indentation` blanks ahead; no line feed at the end. */
 QString yamlLines(const Node& mapping, int indentation);
 

@@ -141,7 +141,7 @@ private:
             const int start = m_at;
             while (static_cast<quint8>(peek()) >= ' ' && !std::strchr("\"\\", peek()))
                 ++m_at;
-            text += QString::fromUtf8(m_text.constData() + start, m_at - start);
+            text += textOfUtf8(m_text.constData() + start, m_at - start);
             if (peek() == '\\')
                 text += escape();
             else if (peek() != '"')

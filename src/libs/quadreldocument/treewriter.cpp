@@ -90,18 +90,6 @@ bool hasRecords(const Node& node)
         [](const Node& item) { return item.kind == Node::Kind::Mapping; });
 }
 
-/** The items of a sequence of mappings, each line with `indentation` blanks ahead. */
-QString yamlRecords(const Node& sequence, int indentation)
-{
-    QStringList records;
-    for (const Node& item : sequence.items) {
-        const QString lines = yamlLines(item, indentation + yamlIndentation);
-        records.append(
-            blanks(indentation) + QStringLiteral("- ") + lines.mid(indentation + yamlIndentation));
-    }
-    return records.join(QLatin1Char('\n'));
-}
-
 /** What stands behind "key:". */
 QString yamlValue(const Node& node, int indentation)
 {
@@ -113,26 +101,6 @@ QString yamlValue(const Node& node, int indentation)
     const QString comment =
         node.comment.isEmpty() ? QString() : QStringLiteral("  # ") + node.comment;
     return QLatin1Char(' ') + yamlInline(node) + comment;
-}
-
-/** The value without an indentation of its first line. */
-QString jsonValue(const Node& node, int indentation)
-{
-    const bool isBroken =
-        hasRecords(node) || (node.kind == Node::Kind::Mapping && !node.members.empty());
-    if (!isBroken)
-        return jsonInline(node);
-    const int inner = indentation + jsonIndentation;
-    QStringList lines;
-    for (const Node& item : node.items)
-        lines.append(blanks(inner) + jsonValue(item, inner));
-    for (const Node::Member& member : node.members)
-        lines.append(blanks(inner) + quoted(member.key) + QStringLiteral(": ")
-            + jsonValue(member.value, inner));
-    const bool isMapping = node.kind == Node::Kind::Mapping;
-    return (isMapping ? QStringLiteral("{\n") : QStringLiteral("[\n"))
-        + lines.join(QStringLiteral(",\n")) + QLatin1Char('\n') + blanks(indentation)
-        + (isMapping ? QLatin1Char('}') : QLatin1Char(']'));
 }
 
 } // namespace
@@ -162,6 +130,36 @@ QString yamlLines(const Node& mapping, int indentation)
     return lines.join(QLatin1Char('\n'));
 }
 
+QString yamlRecords(const Node& sequence, int indentation)
+{
+    QStringList records;
+    for (const Node& item : sequence.items) {
+        const QString lines = yamlLines(item, indentation + yamlIndentation);
+        records.append(
+            blanks(indentation) + QStringLiteral("- ") + lines.mid(indentation + yamlIndentation));
+    }
+    return records.join(QLatin1Char('\n'));
+}
+
+QString jsonLines(const Node& node, int indentation)
+{
+    const bool isBroken =
+        hasRecords(node) || (node.kind == Node::Kind::Mapping && !node.members.empty());
+    if (!isBroken)
+        return jsonInline(node);
+    const int inner = indentation + jsonIndentation;
+    QStringList lines;
+    for (const Node& item : node.items)
+        lines.append(blanks(inner) + jsonLines(item, inner));
+    for (const Node::Member& member : node.members)
+        lines.append(blanks(inner) + quoted(member.key) + QStringLiteral(": ")
+            + jsonLines(member.value, inner));
+    const bool isMapping = node.kind == Node::Kind::Mapping;
+    return (isMapping ? QStringLiteral("{\n") : QStringLiteral("[\n"))
+        + lines.join(QStringLiteral(",\n")) + QLatin1Char('\n') + blanks(indentation)
+        + (isMapping ? QLatin1Char('}') : QLatin1Char(']'));
+}
+
 QByteArray yamlText(const Node& mapping)
 {
     return (yamlLines(mapping, 0) + QLatin1Char('\n')).toUtf8();
@@ -169,7 +167,7 @@ QByteArray yamlText(const Node& mapping)
 
 QByteArray jsonText(const Node& value)
 {
-    return (jsonValue(value, 0) + QLatin1Char('\n')).toUtf8();
+    return (jsonLines(value, 0) + QLatin1Char('\n')).toUtf8();
 }
 
 } // namespace QuadrelDocument

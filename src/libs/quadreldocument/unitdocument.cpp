@@ -16,40 +16,11 @@ namespace QuadrelDocument {
 
 namespace {
 
-QByteArray byteOrderMark()
-{
-    return QByteArrayLiteral("\xEF\xBB\xBF");
-}
-
-/** Throws Refusal at what no text in UTF-8 holds. */
-void refuseForeignBytes(const QByteArray& text)
-{
-    const QByteArray valid = QString::fromUtf8(text.constData(), text.size()).toUtf8();
-    if (valid != text) {
-        const auto difference =
-            std::mismatch(text.begin(), text.end(), valid.begin(), valid.end()).first;
-        throw Refusal{static_cast<int>(difference - text.begin()),
-            Text::tr("this is no text in UTF-8; only that is read")};
-    }
-    const auto isControl = [](char byte) {
-        return byte >= 0 && byte < ' ' && byte != '\t' && byte != '\n' && byte != '\r';
-    };
-    const auto control = std::find_if(text.begin(), text.end(), isControl);
-    if (control != text.end())
-        throw Refusal{static_cast<int>(control - text.begin()),
-            Text::tr("control characters are not allowed; escapes such as \\u001b are")};
-}
-
 Finding withoutPlace(const QString& text)
 {
     Finding finding;
     finding.text = text;
     return finding;
-}
-
-QString sizeFault()
-{
-    return Text::tr("more than %1 bytes; a unit needs a tenth of that").arg(maximumDocumentSize);
 }
 
 /** The bytes of a regular file, or a finding. */
@@ -111,13 +82,9 @@ std::optional<Form> formOfFile(const QString& path)
 Document parseDocument(const QByteArray& given, Form form)
 {
     Document document;
-    const QByteArray text =
-        given.startsWith(byteOrderMark()) ? given.mid(byteOrderMark().size()) : given;
+    const QByteArray text = withoutMark(given);
     try {
-        if (text.size() > maximumDocumentSize)
-            throw Refusal{maximumDocumentSize, sizeFault()};
-        refuseForeignBytes(text);
-        return documentOf(form == Form::Json ? readJson(text) : readYaml(text));
+        return documentOf(readTree(text, form));
     } catch (const Refusal& refusal) {
         Finding finding = withoutPlace(refusal.text);
         finding.position = PositionFinder(text).at(refusal.offset);

@@ -48,7 +48,7 @@ public:
     {
         refuseDecoration(mark, tag, anchor);
         Node node = nodeAt(mark);
-        node.value = QString::fromStdString(value);
+        node.value = textOfUtf8(value.data(), static_cast<int>(value.size()));
         node.isQuoted = tag == "!";
         put(std::move(node));
     }
@@ -163,6 +163,8 @@ public:
             last = qMax(last, item.end);
         }
         for (Node::Member& member : node.members) {
+            if (isMissing(member.value))
+                member.value.start = m_text.indexOf(':', member.keyStart) + 1;
             setEnds(member.value);
             last = qMax(last, member.value.end);
         }
@@ -176,6 +178,12 @@ private:
 
     bool isFlow(const Node& node) const { return at(node.start) == '[' || at(node.start) == '{'; }
 
+    /** The parser says of nothing that it stands where the next thing is. */
+    static bool isMissing(const Node& node)
+    {
+        return node.kind == Node::Kind::Scalar && !node.isQuoted && node.value.isEmpty();
+    }
+
     /** Behind the closing bracket that follows the last value. */
     int endOfFlow(int offset) const
     {
@@ -184,10 +192,17 @@ private:
         return qMin(offset + 1, m_text.size());
     }
 
-    int lineEnd(int offset) const
+    int nextLine(int offset) const
     {
         const int end = m_text.indexOf('\n', offset);
-        return end < 0 ? m_text.size() : end;
+        return end < 0 ? m_text.size() : end + 1;
+    }
+    int lineEnd(int offset) const
+    {
+        int end = nextLine(offset);
+        while (end > offset && (m_text.at(end - 1) == '\n' || m_text.at(end - 1) == '\r'))
+            --end;
+        return end;
     }
 
     int endOfScalar(const Node& node) const
@@ -226,7 +241,7 @@ private:
     {
         int end = lineEnd(start);
         int indentation = -1;
-        for (int line = end + 1; line < m_text.size(); line = lineEnd(line) + 1) {
+        for (int line = nextLine(start); line < m_text.size(); line = nextLine(line)) {
             int first = line;
             while (at(first) == ' ')
                 ++first;
