@@ -340,7 +340,7 @@ public:
 private:
     bool takeNodes(int count)
     {
-        m_room -= count * charactersPerXmlNode;
+        m_room -= qint64(count) * charactersPerXmlNode;
         return m_room >= 0 || refuse(m_texts.tooMany);
     }
 
@@ -364,7 +364,7 @@ private:
     int m_depth = 0;
     int m_declarations = 0;
     // In characters, as each of them makes some.
-    qint64 m_room = maximumXmlNodes * charactersPerXmlNode;
+    qint64 m_room = qint64(maximumXmlNodes) * charactersPerXmlNode;
     bool m_beforeRoot = true;
     bool m_sawSkippedEntity = false;
     const QString* m_refusal = nullptr;
