@@ -9,10 +9,11 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QMetaType>
-#include <QtCore/QMutex>
 #include <QtCore/QObject>
 #include <QtCore/QString>
-#include <QtCore/QWaitCondition>
+
+#include <condition_variable>
+#include <mutex>
 
 class DeviceManagerModel;
 
@@ -322,6 +323,7 @@ private:
     /** Internal: lets the link lift the wait of its own object, and give it a registry. */
     friend class UnPackageAccess;
 
+    bool sleepUntilWoken();
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
     bool readEverything(QString& error);
@@ -369,8 +371,10 @@ private:
     QString m_errorText;
     int m_timeout = 0;
     unsigned char m_labels = 0;
-    QMutex m_mutex;
-    QWaitCondition m_waitCondition;
+    std::mutex m_mutex;
+    std::condition_variable m_woken;
+    /** How often quitWaitDelay() was called. */
+    unsigned int m_wakes = 0;
     bool m_retainIP = true;
     SystemModel m_configModel;
     EventModel m_eventModel;
