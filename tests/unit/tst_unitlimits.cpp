@@ -56,6 +56,7 @@ private slots:
     void stopsReadingWhoDoesNotRead();
     void abandonsWhoDoesNotRead();
     void boundsLateRepliesOfAConnection();
+    void boundsLateRepliesWithoutBytes();
     void goesOnAfterLateReplies();
     void boundsLateDatagrams();
     void servesOthersBetweenManyRequests();
@@ -276,6 +277,23 @@ void TestUnitLimits::boundsLateRepliesOfAConnection()
                      return served[0].value<UnitFrame>().dataLength == 65535;
                  }),
         4);
+}
+
+void TestUnitLimits::boundsLateRepliesWithoutBytes()
+{
+    m_server->setLatency(hour);
+    m_server->faults().addShare(FaultKind::Drop, 1);
+    UnitClient client(m_server->port());
+    client.socket().write(UnitFrame::readRequest(1, 0, 0).encode().repeated(20000));
+    const auto taken = [this] {
+        return std::count_if(m_served->begin(), m_served->end(),
+            [](const QList<QVariant>& served) { return served[0].value<UnitFrame>().label == 1; });
+    };
+    // Each counts as the 20 bytes of an empty reply.
+    constexpr int most = 256 * 1024 / 20 + 1;
+    TRY_VERIFY(taken() >= most);
+    giveOthersTurns();
+    QCOMPARE(taken(), most);
 }
 
 void TestUnitLimits::goesOnAfterLateReplies()
