@@ -59,6 +59,8 @@ private slots:
     void boundsLateRepliesWithoutBytes();
     void goesOnAfterLateReplies();
     void boundsLateDatagrams();
+    void answersWhoSendsNoMore_data();
+    void answersWhoSendsNoMore();
     void servesOthersBetweenManyRequests();
     void servesConnectionsBetweenManyDatagrams();
     void refusesWritesBeyondItsMemory();
@@ -324,6 +326,26 @@ void TestUnitLimits::boundsLateDatagrams()
             .arg(client.localPort())
             .arg(taken * 2068));
     QCOMPARE(m_served->size(), taken);
+}
+
+void TestUnitLimits::answersWhoSendsNoMore_data()
+{
+    QTest::addColumn<int>("requests");
+    QTest::newRow("one request") << 1;
+    QTest::newRow("as many as a turn takes") << 16;
+}
+
+void TestUnitLimits::answersWhoSendsNoMore()
+{
+    QFETCH(int, requests);
+    UnitClient client(m_server->port());
+    TRY_VERIFY(client.isConnected());
+    client.socket().write(readInformation().encode().repeated(requests));
+    client.socket().flush();
+    QCOMPARE(::shutdown(static_cast<int>(client.socket().socketDescriptor()), SHUT_WR), 0);
+    TRY_VERIFY(client.isClosed());
+    QCOMPARE(client.bytes(), informationReply(*m_unit).repeated(requests));
+    TRY_COMPARE(m_server->connectionCount(), 0);
 }
 
 void TestUnitLimits::servesOthersBetweenManyRequests()
