@@ -4,12 +4,14 @@
 #include "controlunit.h"
 #include "devicemodel.h"
 #include "hostilefiles.h"
+#include "memorycontents.h"
 #include "packageevent.h"
 #include "packagetimetrigger.h"
 #include "packagetrigger.h"
 #include "protocolcreate.h"
 #include "replyframes.h"
 #include "unitaddresses.h"
+#include "unitdocument.h"
 #include "unitmemoryfile.h"
 #include "unitsample.h"
 #include "xmlfile.h"
@@ -162,6 +164,27 @@ void writeFrameSeeds(const UnitMemory& memory)
             + QByteArray::fromHex("0500 00 0100 01"));
 }
 
+void writeDocumentSeeds(const UnitMemory& memory)
+{
+    QuadrelDocument::Contents contents = MemoryContents::read(memory);
+    contents.events = contents.events->mid(3, 4);
+    contents.triggers = contents.triggers->mid(3, 4);
+    contents.timeTriggers = contents.timeTriggers->mid(0, 2);
+    const QByteArray edits[] = {"events[8].description=a", "events[40]={delay: 5}",
+        "triggers[3].parameter=41", "timeTriggers[1]"};
+    int number = 0;
+    for (const QByteArray& edit : edits) {
+        for (const auto form : {QuadrelDocument::Form::Yaml, QuadrelDocument::Form::Json})
+            writeSeed("document", number++,
+                QByteArray(1, static_cast<char>(form)) + edit + '\n'
+                    + writeDocument(contents, form));
+    }
+    const QString error =
+        QuadrelDocument::saveFile(seedPath("projectfile", 0) + QStringLiteral(".xml"), contents);
+    if (!error.isEmpty())
+        qFatal("%s", qPrintable(error));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -191,6 +214,7 @@ int main(int argc, char** argv)
     writeReadSeed(2, unit.memory(), events, triggers);
     writeFileSeeds(events, triggers, unit.memory());
     writeFrameSeeds(unit.memory());
+    writeDocumentSeeds(unit.memory());
 
     const QByteArray lists[] = {"ID:3;ID:7", "(ID:3);(ID:250)", "ID:", ";;", "12345"};
     int number = 0;

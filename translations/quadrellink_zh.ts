@@ -109,5 +109,9 @@
         <source>%1 sent something that is no reply of a unit</source>
         <translation>%1 发来的不是设备的应答</translation>
     </message>
+    <message>
+        <source>%1 (sent %2 times)</source>
+        <translation>%1（已发送 %2 次）</translation>
+    </message>
 </context>
 </TS>

@@ -335,5 +335,17 @@
         <source>ended by the user</source>
         <translation>被用户结束</translation>
     </message>
+    <message>
+        <source>this is not the state of a run: &quot;format&quot; is missing</source>
+        <translation>这不是运行状态文件：缺少 &quot;format&quot;</translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation>已取消</translation>
+    </message>
+    <message>
+        <source>read the unit&apos;s version when it is back</source>
+        <translation>设备重新上线后请读取其版本</translation>
+    </message>
 </context>
 </TS>

@@ -9,6 +9,11 @@
 #include <functional>
 #include <memory>
 
+/** What the sample holds. */
+constexpr int sampleEvents = 32;
+constexpr int sampleTriggers = 10;
+constexpr int sampleTimeTriggers = 7;
+
 /** The simulated unit on a thread of its own, so that a test may block. Filled with the sample. */
 class ThreadedUnit {
 public:

@@ -43,18 +43,17 @@ private slots:
 void TestGuide::showsTheExample_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("build") << QStringLiteral("CMakeLists.txt");
-    QTest::newRow("program") << QStringLiteral("main.cpp");
-    QTest::newRow("transport's header") << QStringLiteral("unitlink.h");
-    QTest::newRow("transport") << QStringLiteral("unitlink.cpp");
+    for (const char* name :
+        {"CMakeLists.txt", "read.cpp", "write.cpp", "discover.cpp", "upgrade.cpp"})
+        QTest::newRow(name) << QString::fromLatin1(name);
 }
 
 void TestGuide::showsTheExample()
 {
     QFETCH(QString, name);
-    const QString code = contentsOf(source + QStringLiteral("/examples/minimal/") + name);
+    const QString code = contentsOf(source + QStringLiteral("/examples/") + name);
     QVERIFY(!code.isEmpty());
-    const QString page = contentsOf(source + QStringLiteral("/docs/threads-and-transport.md"));
+    const QString page = contentsOf(source + QStringLiteral("/docs/link.md"));
     const QString language =
         name.endsWith(QLatin1String(".txt")) ? QStringLiteral("cmake") : QStringLiteral("cpp");
     QVERIFY2(page.contains(QStringLiteral("```%1\n").arg(language) + code + QStringLiteral("```")),

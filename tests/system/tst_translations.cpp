@@ -16,6 +16,7 @@ const QString source = QStringLiteral(SOURCE_DIR);
 const QString library = QStringLiteral("quadrelbll_en");
 const QString tool = QStringLiteral("quadrelctl_zh");
 const QString link = QStringLiteral("quadrellink_zh");
+const QString document = QStringLiteral("quadreldocument_zh");
 const QString workspace = QStringLiteral("quadrelworkspace_zh");
 
 /** One text of a .ts file. */
@@ -155,6 +156,7 @@ void TestTranslations::isComplete_data()
     QTest::newRow("library") << library << false;
     QTest::newRow("tool") << tool << true;
     QTest::newRow("link") << link << true;
+    QTest::newRow("document") << document << true;
     QTest::newRow("workspace") << workspace << true;
 }
 
@@ -187,6 +189,7 @@ void TestTranslations::missesNothing_data()
     QTest::newRow("library") << library;
     QTest::newRow("tool") << tool;
     QTest::newRow("link") << link;
+    QTest::newRow("document") << document;
     QTest::newRow("workspace") << workspace;
 }
 
@@ -196,7 +199,7 @@ void TestTranslations::missesNothing()
     QFETCH(QString, name);
     const QTemporaryDir folder;
     const QString file = QStringLiteral("/") + name + QStringLiteral(".ts");
-    for (const QString& each : {library, tool, link, workspace}) {
+    for (const QString& each : {library, tool, link, document, workspace}) {
         const QString path = QStringLiteral("/") + each + QStringLiteral(".ts");
         QVERIFY(QFile::copy(source + QStringLiteral("/translations") + path, folder.path() + path));
     }
@@ -213,7 +216,7 @@ void TestTranslations::keepsFileWords()
 {
     QStringList found;
     const QStringList words = fileWords();
-    for (const QString& name : {library, tool}) {
+    for (const QString& name : {library, tool, document}) {
         for (const Entry& entry : entriesOf(name)) {
             const bool isWord = words.contains(entry.text)
                 && (name == library || entry.context == QLatin1String("PackageTrigger"));

@@ -48,6 +48,7 @@ private slots:
     void strikesAShare_data();
     void strikesAShare();
     void repeatsItselfByItsSeed();
+    void takesPercentAsTheShare();
     void firstRuleWins();
     void losesRequests_data();
     void losesRequests();
@@ -181,6 +182,16 @@ void TestUnitFaults::repeatsItselfByItsSeed()
     more.addNth(FaultKind::Cut, 1);
     more.addShare(FaultKind::Drop, 0.5);
     QCOMPARE(pattern(more, 200).mid(1), pattern(faults, 200).mid(1));
+}
+
+void TestUnitFaults::takesPercentAsTheShare()
+{
+    UnitFaults written(12);
+    QString error;
+    QVERIFY2(written.add(QStringLiteral("drop%37.5"), &error), qPrintable(error));
+    UnitFaults faults(12);
+    faults.addShare(FaultKind::Drop, 0.375);
+    QCOMPARE(pattern(written, 10000), pattern(faults, 10000));
 }
 
 void TestUnitFaults::firstRuleWins()

@@ -247,6 +247,12 @@ void TestUnitFrame::refusesGarbage_data()
                          << QStringLiteral("the CRC is 0x0000 and should be 0x%1")
                                 .arg(quint8(read[18]) | quint8(read[19]) << 8, 4, 16,
                                     QLatin1Char('0'));
+    QByteArray small = read;
+    for (quint8 label = 2; label < 255 && quint8(small[19]) > 0x0F; ++label)
+        small = UnitFrame::readRequest(label, 0xF0000000, 32).encode();
+    QTest::newRow("CRC of three digits") << small.left(18) + fromHex("0000") << 20
+                                         << QStringLiteral("the CRC is 0x0000 and should be 0x0")
+            + QString::fromLatin1((small.mid(19, 1) + small.mid(18, 1)).toHex().mid(1));
     QTest::newRow("read with a payload")
         << withCrc(withByte(write, 4, 1)) << 22 << QStringLiteral("a read request carries 2 bytes");
     QTest::newRow("write with another length") << withCrc(

@@ -158,8 +158,8 @@ void TestWorkerPool::readsTheResult()
     const WorkerResult result = run.results.value(QStringLiteral("hall"));
     QTEST(result.end, "end");
     QTEST(result.exitCode, "exitCode");
-    QTEST(result.output.toJson(QJsonDocument::Compact), "output");
     QTEST(result.errors, "errors");
+    QTEST(result.output.toJson(QJsonDocument::Compact), "output");
     QTEST(result.reason, "reason");
     QVERIFY(result.milliseconds >= 0);
 }
@@ -176,13 +176,11 @@ void TestWorkerPool::endsAWorkerAtItsLimit()
     QFETCH(QString, script);
     Run run(2, 1500);
     run.pool.setEndingTime(100);
-    run.await({shell(QStringLiteral("hall"), script),
-        shell(QStringLiteral("bar"), QStringLiteral("echo {}"))});
+    run.await({shell(QStringLiteral("hall"), script)});
     const WorkerResult result = run.results.value(QStringLiteral("hall"));
     QCOMPARE(result.end, WorkerEnd::TimedOut);
     QCOMPARE(result.exitCode, -1);
     QCOMPARE(result.reason, QStringLiteral("not finished within 1.5 s"));
-    QVERIFY(run.results.value(QStringLiteral("bar")).isSuccess());
 }
 
 void TestWorkerPool::keepsAFailureToItsUnit()

@@ -284,8 +284,7 @@ private:
     {
         if (message.size() < shortestModbusMessage) {
             report(Severity::Warning, place,
-                Text::tr("%1 bytes are too short for a Modbus message with a checksum")
-                    .arg(message.size()));
+                Text::tr("it is too short for a Modbus message with a checksum"));
             return;
         }
         const QByteArray due = modbusChecksum(message.chopped(checksumBytes));

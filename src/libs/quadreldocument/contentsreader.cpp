@@ -228,9 +228,17 @@ private:
                     Text::tr("the key \"%1\" is here already; once is allowed").arg(member.key));
             else
                 m_reader.m_document.positions.insert(
-                    {m_place.section, m_place.index, member.key}, member.value.position);
+                    {m_place.section, m_place.index, meaningOf(member.key)}, member.value.position);
             seen.insert(member.key);
         }
+    }
+
+    /** The key under which the contents hold the value. */
+    static QString meaningOf(QString key)
+    {
+        if (key == QLatin1String("protocolText") || key == QLatin1String("parameterText"))
+            key.chop(4);
+        return key;
     }
 
     const Node* valueOf(const char* key) const

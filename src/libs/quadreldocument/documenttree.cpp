@@ -131,8 +131,9 @@ Position PositionFinder::at(int offset)
 
 QString textOfUtf8(const char* bytes, int size)
 {
+    static const QTextCodec* const codec = QTextCodec::codecForName("UTF-8");
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    return QTextCodec::codecForName("UTF-8")->toUnicode(bytes, size, &state);
+    return codec->toUnicode(bytes, size, &state);
 }
 
 QByteArray withoutMark(const QByteArray& text)

@@ -4,6 +4,7 @@
 #include "documenttree.h"
 
 #include <QtCore/QRegularExpression>
+#include <QtCore/QSet>
 #include <QtCore/QStringList>
 #include <QtCore/QXmlStreamReader>
 
@@ -88,8 +89,11 @@ public:
 private:
     Position positionHere()
     {
-        // The reader's own column is one too far wherever it had to look ahead.
-        return m_finder.at(static_cast<int>(m_xml.characterOffset()));
+        // Behind a text the reader has looked at the bracket that ends it.
+        const int offset = static_cast<int>(m_xml.characterOffset());
+        const bool isAhead =
+            offset > 0 && offset <= m_text.size() && m_text.at(offset - 1) == QLatin1Char('<');
+        return m_finder.at(isAhead ? offset - 1 : offset);
     }
 
     void report(Position position, const QString& path, const QString& text,
@@ -366,6 +370,7 @@ private:
             {QStringLiteral("ID"), QStringLiteral("EventType"), QStringLiteral("ProtocolType"),
                 QStringLiteral("Protocol"), QStringLiteral("Instruction")});
         checkNumber(record, path, "ID", 0, Limit::id);
+        checkDoubledId(record, path);
         checkWord(record, path, "EventType",
             {QStringLiteral("Deal"), QStringLiteral("Delay"), QString()});
         checkProtocolType(record, path);
@@ -382,6 +387,18 @@ private:
                 isDelay ? QStringLiteral("delay") : QStringLiteral("protocol")},
             "Protocol");
         place(record, {Section::Events, index, QStringLiteral("description")}, "Instruction");
+    }
+
+    void checkDoubledId(const Record& record, const QString& path)
+    {
+        const Value* value = record.value("ID");
+        if (!value)
+            return;
+        const int id = value->text.trimmed().toInt();
+        if (m_eventIds.contains(id))
+            report(value->position, path,
+                Text::tr("the id %1 is here already; once is allowed").arg(id));
+        m_eventIds.insert(id);
     }
 
     void checkProtocolType(const Record& record, const QString& path)
@@ -466,8 +483,7 @@ private:
         acceptElements(record, path,
             QStringList{QStringLiteral("TriggerType"), selector} + elementsOfAllTriggers());
         checkWord(record, path, "TriggerType", {QStringLiteral("COM"), io});
-        checkWord(
-            record, path, isIo ? "IO" : "COM", labels(isIo ? TriggerKind::Io : TriggerKind::Com));
+        checkLabel(record, path, isIo ? "IO" : "COM", isIo ? TriggerKind::Io : TriggerKind::Com);
         if (isIo)
             checkWord(record, path, "Protocol",
                 {QStringLiteral("输入-高电平"), QStringLiteral("输入-低电平"), QString()});
@@ -475,12 +491,20 @@ private:
             checkParameter(record, path);
     }
 
-    static QStringList labels(TriggerKind kind)
+    void checkLabel(
+        const Record& record, const QString& path, const char* element, TriggerKind kind)
     {
-        QStringList labels;
-        for (int line = 0; line < triggerLineCount; ++line)
-            labels.append(lineLabel(kind, line));
-        return labels;
+        const Value* value = record.value(element);
+        if (!value)
+            return;
+        for (int line = 0; line < triggerLineCount; ++line) {
+            if (value->text == lineLabel(kind, line))
+                return;
+        }
+        report(value->position, path,
+            Text::tr("%1 in %2 is not allowed; %3 to %4 are")
+                .arg(shownText(value->text), QLatin1String(element), lineLabel(kind, 0),
+                    lineLabel(kind, triggerLineCount - 1)));
     }
 
     /** Bytes, or characters that are bytes. */
@@ -521,6 +545,7 @@ private:
     CharacterFinder m_finder;
     QXmlStreamReader m_xml;
     ProjectXml m_result;
+    QSet<int> m_eventIds;
     int m_ports = 0;
     int m_lines = 0;
     int m_events = 0;

@@ -48,7 +48,7 @@ public:
     bool hasFailed() const;
 
 private:
-    class Private;
+    class Q_DECL_HIDDEN Private;
     explicit FrameLog(std::unique_ptr<Private> d);
     std::unique_ptr<Private> d;
 };

@@ -126,6 +126,7 @@ std::shared_ptr<UnitSocket> TransportCore::beginExchange(const QByteArray& frame
     m_deadline = Deadline(m_timeout);
     m_sentAt = Clock::now();
     m_triesLeft = m_exchange.mayRepeat() ? m_retries : 0;
+    m_timesSent = 1;
     m_unsentFrom = m_socket ? -1 : 0;
     if (m_log)
         m_log->add(m_unit, FrameLog::Sent, frame);
@@ -376,6 +377,7 @@ bool TransportCore::sendAgain()
     if (m_triesLeft == 0 || m_phase == Phase::Trailing)
         return false;
     --m_triesLeft;
+    ++m_timesSent;
     // A stream would only carry it to where the first one is stuck.
     if (m_socket && (!m_socket->isDatagram() || (!m_isHeard && m_connector.hasMore())))
         dropSocket();
@@ -446,7 +448,10 @@ LinkFailure TransportCore::noReply() const
     const QString text = m_exchange.isRead()
         ? tr("%1 has not answered the read of %2 within %3 ms")
         : tr("%1 has not answered the write of %2 within %3 ms");
-    return {LinkError::NoReply, text.arg(m_unit, place, QString::number(m_timeout))};
+    const QString failure = text.arg(m_unit, place, QString::number(m_timeout));
+    return {LinkError::NoReply,
+        m_timesSent == 1 ? failure
+                         : tr("%1 (sent %2 times)").arg(failure, QString::number(m_timesSent))};
 }
 
 LinkFailure TransportCore::failureOf(const std::error_code& error) const

@@ -128,6 +128,7 @@ private:
     Deadline m_deadline LINK_GUARDED_BY(m_mutex){-1};
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
+    int m_timesSent LINK_GUARDED_BY(m_mutex) = 0;
     /** How much of the frame is out; negative while none of it waits to go out. */
     int m_unsentFrom LINK_GUARDED_BY(m_mutex) = -1;
     /** Until the next wake. */

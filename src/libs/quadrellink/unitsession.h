@@ -90,6 +90,6 @@ Q_SIGNALS:
     void failed(const std::error_code& error, const QString& text);
 
 private:
-    class Private;
+    class Q_DECL_HIDDEN Private;
     std::unique_ptr<Private> d;
 };

@@ -66,6 +66,6 @@ public:
     LinkFailure lastFailure() const;
 
 private:
-    class Private;
+    class Q_DECL_HIDDEN Private;
     std::unique_ptr<Private> d;
 };

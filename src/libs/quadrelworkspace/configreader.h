@@ -31,9 +31,9 @@ public:
     /** The text's mapping, empty if the text is; nothing, and an error, if it is none. */
     std::optional<Node> parse(const QByteArray& text);
 
-    /** Every key must be one of these, and stand there once. */
+    /** Every key must be one of these, and be there once. */
     void checkKeys(const Node& mapping, const QStringList& known);
-    /** Every key must stand there once, whatever it is. */
+    /** Every key must be there once, whatever it is. */
     void checkOnce(const Node& mapping);
 
     // A value of a mapping; nothing if it is not there, and an error if it is another one.

@@ -16,7 +16,7 @@ namespace QuadrelWorkspace {
 
 namespace {
 
-/** What is looked at to tell a text: an image has other bytes long before. */
+/** How much is looked at: an image has bytes that no text has long before its end. */
 constexpr int sampleSize = 64 * 1024;
 constexpr int versionParts = 4;
 

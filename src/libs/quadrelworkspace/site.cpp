@@ -285,7 +285,7 @@ QByteArray itemLines(const QVector<SiteUnit>& units, int indentation)
     return lines.toUtf8();
 }
 
-/** Whole lines to stand after the one with `position` in it. */
+/** Whole lines for the place after the one with `position` in it. */
 Replacement linesAfter(const QByteArray& text, int position, const QByteArray& lines)
 {
     const int end = lineEnd(text, position);

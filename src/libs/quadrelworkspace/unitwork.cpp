@@ -9,6 +9,7 @@
 #include <unitsession.h>
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QSet>
 #include <QtCore/QThread>
 
 #include <algorithm>
@@ -147,6 +148,45 @@ UnitProgress stepAfter(const UnitProgress& done, UnitProgress::Part last)
     return {static_cast<UnitProgress::Part>(std::min<int>(done.part + 1, last)), 0, 0};
 }
 
+QSet<int> idsOf(const Contents& contents)
+{
+    QSet<int> ids;
+    for (const Event& event : contents.events.value_or(QVector<Event>()))
+        ids.insert(event.id);
+    return ids;
+}
+
+/** Whether triggers run events that are not there. */
+bool missesEvents(const Contents& triggers, const Contents& events)
+{
+    const QSet<int> ids = idsOf(events);
+    const auto misses = [&ids](const auto& trigger) {
+        return std::any_of(trigger.eventIds.begin(), trigger.eventIds.end(),
+            [&ids](int id) { return !ids.contains(id); });
+    };
+    const auto serial = triggers.triggers.value_or(QVector<Trigger>());
+    const auto timed = triggers.timeTriggers.value_or(QVector<TimeTrigger>());
+    return std::any_of(serial.begin(), serial.end(), misses)
+        || std::any_of(timed.begin(), timed.end(), misses);
+}
+
+/**
+ * The tables so that a break between two of them leaves no trigger without its events, if that can
+ * be: events come before triggers, but after them where events only go.
+ */
+QVector<Table> writingOrder(const Plan& plan, const Contents& held)
+{
+    QVector<Table> tables = plan.tables;
+    const int events = tables.indexOf(Table::Events);
+    const int triggers = tables.indexOf(Table::Triggers);
+    if (events < 0 || triggers < 0)
+        return tables;
+    const bool isBetterAfter = missesEvents(held, plan.result) && !missesEvents(plan.result, held);
+    if ((events > triggers) != isBetterAfter)
+        qSwap(tables[events], tables[triggers]);
+    return tables;
+}
+
 /** The changes of some sections alone. */
 Difference differenceIn(const Plan& plan, const Contents& before, const Contents& after)
 {
@@ -179,7 +219,9 @@ QString adviceToReach()
 
 QString WorkProgress::text() const
 {
-    const QString part = unit.total > 0 ? unit.text() : partName(unit.part);
+    QString part = unit.total > 0 ? unit.text() : partName(unit.part);
+    if (unit.total > 0 && unit.part == UnitProgress::Upgrade)
+        part = QStringLiteral("%1, %2").arg(partName(unit.part), part);
     switch (phase) {
     case Reading:
         return Workspace::tr("reading %1").arg(part);
@@ -350,7 +392,7 @@ WorkResult UnitWork::Private::apply(
     result.contents = *m_held;
     if (plan.isEmpty())
         return result;
-    for (const Table table : plan.tables)
+    for (const Table table : writingOrder(plan, *m_held))
         result.tables.append({table, TableState::Old});
 
     Contents saved = *m_held;
@@ -375,7 +417,8 @@ void UnitWork::Private::writeTables(
     const Plan& plan, const ProgressHandler& progress, WorkResult& result)
 {
     for (TableOutcome& outcome : result.tables) {
-        outcome.state = TableState::Unknown;
+        // After an abort nothing goes out.
+        outcome.state = m_isAborted ? TableState::Old : TableState::Unknown;
         const UnitResult written =
             runOnUnit(requestFor(outcome.table, plan.result), WorkProgress::Writing, progress);
         if (!written) {
@@ -486,14 +529,18 @@ WorkResult UnitWork::Private::awaitReturn(const QString& oldVersion, int returnT
     }
     WorkResult result;
     m_step.phase = WorkProgress::Waiting;
-    result.failure.reason =
-        Workspace::tr("%1: the unit has not come back within %2 s")
-            .arg(m_session.address().toText(), QString::number(returnTime / 1000.0));
-    result.failure.step = m_step.text();
+    if (m_isAborted) {
+        result.failure = failureOf({LinkError::Cancelled, Workspace::tr("cancelled")});
+        result.failure.advice = Workspace::tr("read the unit's version when it is back");
+    } else {
+        result.failure.reason =
+            Workspace::tr("%1: the unit has not come back within %2 s")
+                .arg(m_session.address().toText(), QString::number(returnTime / 1000.0));
+        result.failure.step = m_step.text();
+        result.failure.advice =
+            Workspace::tr("look for the unit in the network; it may have got another address");
+    }
     result.failure.state = Workspace::tr("both images were sent");
-    result.failure.advice =
-        Workspace::tr("look for the unit in the network; it may have got another "
-                      "address");
     return result;
 }
 

@@ -127,7 +127,8 @@ public:
 
     /**
      * Carries a plan out that was made from what read() of this object returned last: keeps that as
-     * a backup, writes the plan's tables in their order, reads the unit again and compares.
+     * a backup, writes the plan's tables, reads the unit again and compares. Events are written
+     * before the triggers that run them; if events are removed, and triggers with them, after.
      *
      * `change` says for the list of backups what is done, as in "write hall.yaml". If the backup
      * cannot be written, or the plan has errors, nothing is sent. A plan without tables does

@@ -35,7 +35,7 @@ void Language::install(const QString& language)
     // The library's source texts are Chinese, and all others are English.
     const QStringList files = chinese
         ? QStringList{QStringLiteral("quadrelctl_zh"), QStringLiteral("quadrellink_zh"),
-            QStringLiteral("quadrelworkspace_zh")}
+            QStringLiteral("quadreldocument_zh"), QStringLiteral("quadrelworkspace_zh")}
         : QStringList{QStringLiteral("quadrelbll_en")};
     for (const QString& file : files) {
         auto* translator = new QTranslator(QCoreApplication::instance());

@@ -1,0 +1,127 @@
+#include "runstate.h"
+
+#include "configreader.h"
+#include "singleline.h"
+#include "workspace.h"
+
+#include <documenttree.h>
+#include <unitdocument.h>
+
+#include <algorithm>
+
+namespace QuadrelWorkspace {
+
+using QuadrelDocument::Node;
+
+namespace {
+
+const QString formatKey = QStringLiteral("format");
+const QString format = QStringLiteral("quadrel-run/1");
+const QString commandKey = QStringLiteral("command");
+const QString begunKey = QStringLiteral("begun");
+const QString unitsKey = QStringLiteral("units");
+const QString nameKey = QStringLiteral("name");
+const QString stateKey = QStringLiteral("state");
+const QString reasonKey = QStringLiteral("reason");
+
+/** In the order of UnitState. */
+const QStringList stateWords{QStringLiteral("waiting"), QStringLiteral("at work"),
+    QStringLiteral("done"), QStringLiteral("failed")};
+
+Node nodeOf(const UnitRunState& unit)
+{
+    Node node = Node::mapping();
+    node.add(nameKey, Node::text(unit.name));
+    node.add(stateKey, Node::bare(stateWord(unit.state)));
+    if (!unit.reason.isEmpty())
+        node.add(reasonKey, Node::text(unit.reason));
+    return node;
+}
+
+UnitRunState readUnit(ConfigReader& reader, const Node& node)
+{
+    reader.checkKeys(node, {nameKey, stateKey, reasonKey});
+    UnitRunState unit;
+    unit.name = reader.text(node, nameKey).value_or(QString());
+    if (!isName(unit.name))
+        reader.addError(node.position, nameFault(unit.name));
+    const QString state = reader.word(node, stateKey, stateWords).value_or(stateWords.first());
+    unit.state = static_cast<UnitState>(stateWords.indexOf(state));
+    unit.reason = singleLine(reader.text(node, reasonKey).value_or(QString()));
+    return unit;
+}
+
+RunState stateOf(ConfigReader& reader, const Node& file)
+{
+    RunState state;
+    reader.checkKeys(file, {formatKey, commandKey, begunKey, unitsKey});
+    if (!file.member(formatKey))
+        reader.addError(
+            file.position, Workspace::tr("this is not the state of a run: \"format\" is missing"));
+    reader.word(file, formatKey, {format});
+    state.command = singleLine(reader.text(file, commandKey).value_or(QString()));
+    state.begun =
+        QDateTime::fromString(reader.text(file, begunKey).value_or(QString()), Qt::ISODate);
+    const Node* units = reader.child(file, unitsKey, Node::Kind::Sequence);
+    for (const Node& unit : units ? units->items : std::vector<Node>())
+        state.units.append(readUnit(reader, unit));
+    return state;
+}
+
+} // namespace
+
+QString stateWord(UnitState state)
+{
+    return stateWords.at(static_cast<int>(state));
+}
+
+void RunState::set(const QString& name, UnitState state, const QString& reason)
+{
+    const auto unit = std::find_if(units.begin(), units.end(),
+        [&name](const UnitRunState& each) { return each.name == name; });
+    if (unit == units.end())
+        return;
+    unit->state = state;
+    unit->reason = singleLine(reason);
+}
+
+QStringList RunState::namesIn(UnitState state) const
+{
+    QStringList names;
+    for (const UnitRunState& unit : units) {
+        if (unit.state == state)
+            names.append(unit.name);
+    }
+    return names;
+}
+
+bool RunState::isOver() const
+{
+    return namesIn(UnitState::Done).size() == units.size();
+}
+
+QString saveRunState(const QString& path, const RunState& state)
+{
+    Node file = Node::mapping();
+    file.add(formatKey, Node::bare(format));
+    file.add(commandKey, Node::text(singleLine(state.command)));
+    file.add(begunKey, Node::bare(state.begun.toUTC().toString(Qt::ISODate)));
+    Node units = Node::sequence();
+    for (const UnitRunState& unit : state.units)
+        units.items.push_back(nodeOf(unit));
+    file.add(unitsKey, units);
+    return QuadrelDocument::saveText(path, QuadrelDocument::yamlText(file));
+}
+
+LoadedRunState loadRunState(const QString& path)
+{
+    ConfigReader reader(path);
+    LoadedRunState loaded;
+    const std::optional<QByteArray> text = reader.read();
+    if (const auto file = text ? reader.parse(*text) : std::nullopt)
+        loaded.state = stateOf(reader, *file);
+    loaded.errors = reader.errors();
+    return loaded;
+}
+
+} // namespace QuadrelWorkspace
