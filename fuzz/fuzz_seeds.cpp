@@ -162,6 +162,15 @@ void writeFrameSeeds(const UnitMemory& memory)
     writeSeed("unitframes", 1,
         QByteArray::fromHex("01 0e000006 00 03000d00") + QByteArray(13, '\1')
             + QByteArray::fromHex("0500 00 0100 01"));
+    const UnitFrame clock = UnitFrame::readRequest(3, Address::clock, Address::clockLength);
+    const QByteArray reply =
+        UnitFrame::replyTo(clock, QByteArray(Address::clockLength, '\1')).encode();
+    // The request that is answered comes first: form, label, offset, length.
+    writeSeed("replies", 0, QByteArray::fromHex("00 03 1100 06") + reply + reply);
+    writeSeed("replies", 1, QByteArray::fromHex("01 03 1100 06 01 03 1100 06 06 010203040506"));
+    int number = 0;
+    for (const char* address : {"tcp://192.168.1.10:3801", "udp://unit", "[::1]:1", "192.168.1.10"})
+        writeSeed("unitaddress", number++, address);
 }
 
 void writeDocumentSeeds(const UnitMemory& memory)

@@ -2,6 +2,7 @@
 #include "modelmanagement.h"
 #include "patience.h"
 #include "settingsbeside.h"
+#include "unitconnector.h"
 #include "unitsample.h"
 #include "unitserver.h"
 #include "unittransport.h"
@@ -22,6 +23,7 @@
 #include <vector>
 
 #include <netinet/in.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -231,6 +233,8 @@ private slots:
     void refusesOperationsOnceAborted();
     void awaitsTheLastReply();
     void endsWithoutHavingBeenUsed();
+    void isNotMadeWithoutDescriptors();
+    void triesEachAddress();
     void neverTimesOut_data();
     void neverTimesOut();
 };
@@ -573,6 +577,57 @@ void TestUnitTransport::endsWithoutHavingBeenUsed()
 {
     const SampleUnit sample;
     const Operations operations(longWait, sample.address());
+}
+
+void TestUnitTransport::isNotMadeWithoutDescriptors()
+{
+    UnPackage unPackage;
+    rlimit before = {};
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none = {0, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    std::error_code error;
+    try {
+        const UnitTransport transport(&unPackage, UnitAddress());
+    } catch (const std::system_error& failure) {
+        error = failure.code();
+    }
+    setrlimit(RLIMIT_NOFILE, &before);
+    QCOMPARE(error, std::errc::too_many_files_open);
+    // Nothing is left that would take it.
+    unPackage.sendPackage(QByteArray(20, '\0'));
+}
+
+void TestUnitTransport::triesEachAddress()
+{
+    QTcpServer listening;
+    QVERIFY(listening.listen(QHostAddress::LocalHost));
+    QTcpServer closed;
+    QVERIFY(closed.listen(QHostAddress::LocalHost));
+    const FullPort silent;
+    const WakeSignal cancel;
+    std::error_code error;
+    std::vector<Endpoint> endpoints;
+    const auto add = [&](quint16 port) {
+        const UnitAddress address{UnitAddress::Tcp, QStringLiteral("127.0.0.1"), port};
+        const auto found = findEndpoints(address, Deadline(shortWait), cancel, error);
+        endpoints.insert(endpoints.end(), found.begin(), found.end());
+    };
+    add(closed.serverPort());
+    add(silent.address().port);
+    add(listening.serverPort());
+    closed.close();
+
+    UnitConnector connector(UnitAddress(), endpoints);
+    // The one that does not answer has only its share of the time.
+    const auto socket = connector.connectNext(Deadline(shortWait), cancel, error);
+    QVERIFY(socket);
+    QVERIFY(!error);
+    QVERIFY(!connector.hasMore());
+
+    UnitConnector hopeless(UnitAddress(), {endpoints.at(0), endpoints.at(0)});
+    QVERIFY(!hopeless.connectNext(Deadline(shortWait), cancel, error));
+    QCOMPARE(error, std::errc::connection_refused);
 }
 
 void TestUnitTransport::neverTimesOut_data()

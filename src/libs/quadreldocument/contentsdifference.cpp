@@ -65,18 +65,19 @@ QVector<bool> inOrder(const QVector<int>& matches)
     return result;
 }
 
-QString textOf(const Node& value)
+QString textOf(const DocumentNode& value)
 {
-    return value.kind == Node::Kind::Scalar ? value.value : yamlInline(value);
+    return value.kind == DocumentNode::Kind::Scalar ? value.value : yamlInline(value);
 }
 
-std::optional<QString> fieldOf(const Node& record, const QString& key)
+std::optional<QString> fieldOf(const DocumentNode& record, const QString& key)
 {
-    const Node::Member* member = record.member(key);
+    const DocumentNode::Member* member = record.member(key);
     return member ? std::optional<QString>(textOf(member->value)) : std::nullopt;
 }
 
-QVector<FieldChange> changesOf(Section section, const Node& before, const Node& after)
+QVector<FieldChange> changesOf(
+    Section section, const DocumentNode& before, const DocumentNode& after)
 {
     QVector<FieldChange> changes;
     const QVector<Field>& fields = fieldsOf(section);
@@ -110,8 +111,8 @@ public:
 private:
     void compare(Section section)
     {
-        const std::vector<Node> before = comparedRecords(m_before, section);
-        const std::vector<Node> after = comparedRecords(m_after, section);
+        const std::vector<DocumentNode> before = comparedRecords(m_before, section);
+        const std::vector<DocumentNode> after = comparedRecords(m_after, section);
         const QVector<int> matches = matchesOf(section, before, after);
         const bool isOrdered = section == Section::Triggers || section == Section::TimeTriggers;
         const QVector<bool> stays = isOrdered ? inOrder(matches) : QVector<bool>();
@@ -122,8 +123,8 @@ private:
             change.before = match;
             change.after = i;
             change.path = pathOf({section, i, {}}, m_after);
-            change.fields = changesOf(
-                section, match < 0 ? Node::mapping() : before[size_t(match)], after[size_t(i)]);
+            change.fields = changesOf(section,
+                match < 0 ? DocumentNode::mapping() : before[size_t(match)], after[size_t(i)]);
             change.isMoved = isOrdered && match >= 0 && !stays.at(i);
             change.kind = kindOf(change);
             if (match < 0 || change.isMoved || !change.fields.isEmpty())
@@ -133,12 +134,12 @@ private:
             if (!matches.contains(i))
                 m_difference.changes.append(
                     {ChangeKind::Removed, section, i, -1, pathOf({section, i, {}}, m_before),
-                        changesOf(section, before[size_t(i)], Node::mapping()), false});
+                        changesOf(section, before[size_t(i)], DocumentNode::mapping()), false});
         }
     }
 
-    QVector<int> matchesOf(
-        Section section, const std::vector<Node>& before, const std::vector<Node>& after) const
+    QVector<int> matchesOf(Section section, const std::vector<DocumentNode>& before,
+        const std::vector<DocumentNode>& after) const
     {
         if (section == Section::Events)
             return matchesById(*m_before.events, *m_after.events);
@@ -165,7 +166,7 @@ QString shownValue(Section section, const QString& key, const QString& value)
     const QVector<Field>& fields = fieldsOf(section);
     const bool isText = std::any_of(fields.begin(), fields.end(),
         [&key](const Field& field) { return field.key == key && field.type == FieldType::Text; });
-    return isText ? jsonInline(Node::text(value)) : value;
+    return isText ? jsonInline(DocumentNode::text(value)) : value;
 }
 
 /** A field of a record that is there on both sides, or else of one that is whole on one side. */

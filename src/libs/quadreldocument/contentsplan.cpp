@@ -152,14 +152,19 @@ private:
                 [&](const Finding& old) { return isSame(old, finding); });
             if (isUnknownLine(finding))
                 finding.severity = Severity::Error;
-            else if (finding.severity == Severity::Note || (isOld && !isWritten(finding)))
-                continue;
-            else if (isOld && finding.severity == Severity::Warning)
+            else if (isNoNews(finding, isOld))
                 continue;
             else if (isOld && finding.isCarried)
                 finding.severity = Severity::Warning;
             m_plan.findings.append(finding);
         }
+    }
+
+    /** Notes, what was wrong before in a table that is left alone, and warnings of before. */
+    bool isNoNews(const Finding& finding, bool isOld) const
+    {
+        return finding.severity == Severity::Note
+            || (isOld && (!isWritten(finding) || finding.severity == Severity::Warning));
     }
 
     /** The same fault of the same record, wherever the record stands now. */

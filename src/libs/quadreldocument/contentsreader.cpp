@@ -23,26 +23,27 @@ QString withoutQuotes(QString text)
 }
 
 /** What was found, as it was written, fit for a message of one line. */
-QString shown(const Node& node)
+QString shown(const DocumentNode& node)
 {
     switch (node.kind) {
-    case Node::Kind::Scalar:
+    case DocumentNode::Kind::Scalar:
         if (node.isNull())
             return Text::tr("nothing");
         return node.isQuoted ? shownText(node.value) : withoutQuotes(shownText(node.value));
-    case Node::Kind::Sequence:
+    case DocumentNode::Kind::Sequence:
         return Text::tr("a list");
-    case Node::Kind::Mapping:
+    case DocumentNode::Kind::Mapping:
         return Text::tr("a record");
     }
     Q_UNREACHABLE();
 }
 
 /** A whole number without quotes. */
-std::optional<qint64> wholeNumber(const Node& node)
+std::optional<qint64> wholeNumber(const DocumentNode& node)
 {
     static const QRegularExpression form(QStringLiteral("\\A-?(?:0|[1-9][0-9]{0,17})\\z"));
-    if (node.kind != Node::Kind::Scalar || node.isQuoted || !form.match(node.value).hasMatch())
+    if (node.kind != DocumentNode::Kind::Scalar || node.isQuoted
+        || !form.match(node.value).hasMatch())
         return std::nullopt;
     return node.value.toLongLong();
 }
@@ -50,7 +51,7 @@ std::optional<qint64> wholeNumber(const Node& node)
 /** Collects what a document says and what is wrong with it. */
 class ContentsReader {
 public:
-    Document read(const Node& root);
+    Document read(const DocumentNode& root);
 
 private:
     friend class RecordReader;
@@ -61,10 +62,12 @@ private:
             m_document.findings.append({Severity::Error, {}, position, path, text});
     }
 
-    void readSection(Section section, const Node& node);
-    template <typename Record> QVector<Record> readRecords(Section section, const Node& node);
-    template <typename Record> QVector<Record> readNumbered(Section section, const Node& node);
-    bool acceptList(Section section, const Node& node);
+    void readSection(Section section, const DocumentNode& node);
+    template <typename Record>
+    QVector<Record> readRecords(Section section, const DocumentNode& node);
+    template <typename Record>
+    QVector<Record> readNumbered(Section section, const DocumentNode& node);
+    bool acceptList(Section section, const DocumentNode& node);
 
     Document m_document;
 };
@@ -72,14 +75,14 @@ private:
 /** The fields of the device or of one record. */
 class RecordReader {
 public:
-    RecordReader(ContentsReader& reader, Place place, const Node& node)
+    RecordReader(ContentsReader& reader, Place place, const DocumentNode& node)
         : m_reader(reader)
         , m_place(std::move(place))
         , m_node(node)
         , m_path(pathOfRecord())
     {
         m_reader.m_document.positions.insert(m_place, node.position);
-        if (node.kind != Node::Kind::Mapping)
+        if (node.kind != DocumentNode::Kind::Mapping)
             m_reader.report(node.position, m_path,
                 Text::tr("%1 is not allowed; a record with keys is due").arg(shown(node)));
         else
@@ -87,20 +90,20 @@ public:
     }
 
     /** Without keys there is nothing to read and nothing more to report. */
-    bool isRecord() const { return m_node.kind == Node::Kind::Mapping; }
+    bool isRecord() const { return m_node.kind == DocumentNode::Kind::Mapping; }
 
     bool has(const char* key) const { return m_node.member(QLatin1String(key)) != nullptr; }
 
     void fail(const char* key, const QString& text) const
     {
-        const Node::Member* member = m_node.member(QLatin1String(key));
+        const DocumentNode::Member* member = m_node.member(QLatin1String(key));
         m_reader.report(member ? member->value.position : m_node.position,
             m_path + QLatin1Char('.') + QLatin1String(key), text);
     }
 
     void read(const char* key, int least, int most, int& target) const
     {
-        const Node* value = valueOf(key);
+        const DocumentNode* value = valueOf(key);
         if (!value)
             return;
         const std::optional<qint64> number = wholeNumber(*value);
@@ -114,10 +117,10 @@ public:
 
     void read(const char* key, bool& target) const
     {
-        const Node* value = valueOf(key);
+        const DocumentNode* value = valueOf(key);
         if (!value)
             return;
-        const bool isFlag = value->kind == Node::Kind::Scalar && !value->isQuoted
+        const bool isFlag = value->kind == DocumentNode::Kind::Scalar && !value->isQuoted
             && (value->value == QLatin1String("true") || value->value == QLatin1String("false"));
         if (isFlag)
             target = value->value == QLatin1String("true");
@@ -128,10 +131,10 @@ public:
     /** Absent if the key is missing or its value is no text. */
     std::optional<QString> text(const char* key) const
     {
-        const Node* value = valueOf(key);
+        const DocumentNode* value = valueOf(key);
         if (!value)
             return std::nullopt;
-        if (value->kind != Node::Kind::Scalar || value->isNull()) {
+        if (value->kind != DocumentNode::Kind::Scalar || value->isNull()) {
             fail(key, Text::tr("%1 is not allowed; a text is, \"\" for none").arg(shown(*value)));
             return std::nullopt;
         }
@@ -157,14 +160,14 @@ public:
 
     void read(const char* key, int least, int most, QVector<int>& target) const
     {
-        const Node* value = valueOf(key);
+        const DocumentNode* value = valueOf(key);
         if (!value)
             return;
-        if (value->kind != Node::Kind::Sequence) {
+        if (value->kind != DocumentNode::Kind::Sequence) {
             fail(key, Text::tr("%1 is not allowed; a list such as [1, 2] is").arg(shown(*value)));
             return;
         }
-        for (const Node& item : value->items) {
+        for (const DocumentNode& item : value->items) {
             const std::optional<qint64> number = wholeNumber(item);
             if (number && *number >= least && *number <= most)
                 target.append(static_cast<int>(*number));
@@ -202,7 +205,7 @@ private:
     QString pathOfRecord() const
     {
         const QString name = sectionName(m_place.section);
-        const Node::Member* key = m_node.member(recordKey(m_place.section));
+        const DocumentNode::Member* key = m_node.member(recordKey(m_place.section));
         const std::optional<qint64> number = key ? wholeNumber(key->value) : std::nullopt;
         return number ? QStringLiteral("%1[%2]").arg(name).arg(*number) : name;
     }
@@ -218,7 +221,7 @@ private:
                     m_node.position, m_path, Text::tr("the key \"%1\" is missing").arg(field.key));
         }
         QSet<QString> seen;
-        for (const Node::Member& member : m_node.members) {
+        for (const DocumentNode::Member& member : m_node.members) {
             if (!allowed.contains(member.key))
                 m_reader.report(member.keyPosition, m_path,
                     Text::tr("%1 is no key here; allowed are %2")
@@ -241,15 +244,15 @@ private:
         return key;
     }
 
-    const Node* valueOf(const char* key) const
+    const DocumentNode* valueOf(const char* key) const
     {
-        const Node::Member* member = m_node.member(QLatin1String(key));
+        const DocumentNode::Member* member = m_node.member(QLatin1String(key));
         return member ? &member->value : nullptr;
     }
 
     ContentsReader& m_reader;
     const Place m_place;
-    const Node& m_node;
+    const DocumentNode& m_node;
     const QString m_path;
 };
 
@@ -429,9 +432,9 @@ template <typename Value> void readIfRecord(Value& value, const RecordReader& re
         readInto(value, record);
 }
 
-bool ContentsReader::acceptList(Section section, const Node& node)
+bool ContentsReader::acceptList(Section section, const DocumentNode& node)
 {
-    if (node.kind != Node::Kind::Sequence) {
+    if (node.kind != DocumentNode::Kind::Sequence) {
         report(node.position, sectionName(section),
             Text::tr("%1 is not allowed; a list of records is, [] for none").arg(shown(node)));
         return false;
@@ -445,12 +448,12 @@ bool ContentsReader::acceptList(Section section, const Node& node)
 }
 
 template <typename Record>
-QVector<Record> ContentsReader::readRecords(Section section, const Node& node)
+QVector<Record> ContentsReader::readRecords(Section section, const DocumentNode& node)
 {
     QVector<Record> records;
     if (!acceptList(section, node))
         return records;
-    for (const Node& item : node.items) {
+    for (const DocumentNode& item : node.items) {
         if (records.size() >= maximumRecords)
             break;
         Record record;
@@ -463,7 +466,7 @@ QVector<Record> ContentsReader::readRecords(Section section, const Node& node)
 
 /** Ports and lines stand where their numbers say. */
 template <typename Record>
-QVector<Record> ContentsReader::readNumbered(Section section, const Node& node)
+QVector<Record> ContentsReader::readNumbered(Section section, const DocumentNode& node)
 {
     constexpr int mostRecords = 255;
     QVector<Record> records;
@@ -471,8 +474,8 @@ QVector<Record> ContentsReader::readNumbered(Section section, const Node& node)
         return records;
     const QByteArray key = recordKey(section).toLatin1();
     QSet<int> seen;
-    for (const Node& item : node.items) {
-        const Node::Member* member = item.member(recordKey(section));
+    for (const DocumentNode& item : node.items) {
+        const DocumentNode::Member* member = item.member(recordKey(section));
         const qint64 given = member ? wholeNumber(member->value).value_or(0) : 0;
         const int index = given >= 1 && given <= mostRecords ? static_cast<int>(given) - 1 : 0;
         const RecordReader record(*this, {section, index, {}}, item);
@@ -494,7 +497,7 @@ QVector<Record> ContentsReader::readNumbered(Section section, const Node& node)
     return records;
 }
 
-void ContentsReader::readSection(Section section, const Node& node)
+void ContentsReader::readSection(Section section, const DocumentNode& node)
 {
     Contents& contents = m_document.contents;
     switch (section) {
@@ -518,7 +521,7 @@ void ContentsReader::readSection(Section section, const Node& node)
         contents.timeTriggers = readRecords<TimeTrigger>(section, node);
         break;
     case Section::Clock:
-        if (node.kind == Node::Kind::Scalar)
+        if (node.kind == DocumentNode::Kind::Scalar)
             contents.clock = node.value;
         else
             report(node.position, sectionName(section),
@@ -529,16 +532,16 @@ void ContentsReader::readSection(Section section, const Node& node)
     }
 }
 
-Document ContentsReader::read(const Node& root)
+Document ContentsReader::read(const DocumentNode& root)
 {
-    if (root.kind != Node::Kind::Mapping) {
+    if (root.kind != DocumentNode::Kind::Mapping) {
         report(root.position.line > 0 ? root.position : Position{1, 1}, {},
             Text::tr("%1 is no document of a unit; it starts with \"format: %2\"")
                 .arg(shown(root), documentFormat()));
         return m_document;
     }
     const QString formatKey = QStringLiteral("format");
-    const Node::Member* format = root.member(formatKey);
+    const DocumentNode::Member* format = root.member(formatKey);
     if (!format || format->value.value != documentFormat())
         report(format ? format->value.position : root.position, formatKey,
             Text::tr("%1 is not allowed; %2 is")
@@ -548,7 +551,7 @@ Document ContentsReader::read(const Node& root)
     for (const Section section : documentSections())
         allowed.append(sectionName(section));
     QSet<QString> seen;
-    for (const Node::Member& member : root.members) {
+    for (const DocumentNode::Member& member : root.members) {
         const int index = allowed.indexOf(member.key);
         if (index < 0)
             report(member.keyPosition, {},
@@ -569,7 +572,7 @@ Document ContentsReader::read(const Node& root)
 
 } // namespace
 
-Document documentOf(const Node& root)
+Document documentOf(const DocumentNode& root)
 {
     Document document = ContentsReader().read(root);
     sortByPosition(document.findings);

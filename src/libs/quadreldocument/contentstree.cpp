@@ -7,118 +7,120 @@ namespace {
 /** So many letters in a row make a comment worth reading. */
 constexpr int shortestWord = 3;
 
-Node flag(bool value)
+DocumentNode flag(bool value)
 {
-    return Node::bare(value ? QStringLiteral("true") : QStringLiteral("false"));
+    return DocumentNode::bare(value ? QStringLiteral("true") : QStringLiteral("false"));
 }
 
-Node numbers(const QVector<int>& values)
+DocumentNode numbers(const QVector<int>& values)
 {
-    Node node = Node::sequence();
+    DocumentNode node = DocumentNode::sequence();
     for (const int value : values)
-        node.items.push_back(Node::number(value));
+        node.items.push_back(DocumentNode::number(value));
     return node;
 }
 
-Node hex(const QByteArray& bytes)
+DocumentNode hex(const QByteArray& bytes)
 {
-    Node node = Node::text(hexText(bytes));
+    DocumentNode node = DocumentNode::text(hexText(bytes));
     node.comment = commentOf(bytes);
     return node;
 }
 
-Node nodeOf(const Device& device)
+DocumentNode nodeOf(const Device& device)
 {
-    Node node = Node::mapping();
-    node.add(QStringLiteral("modelId"), Node::number(device.modelId));
+    DocumentNode node = DocumentNode::mapping();
+    node.add(QStringLiteral("modelId"), DocumentNode::number(device.modelId));
     // A number of JSON would lose digits of the 64 bits.
-    node.add(QStringLiteral("serialNumber"), Node::text(QString::number(device.serialNumber)));
-    node.add(QStringLiteral("version"), Node::text(device.version));
+    node.add(
+        QStringLiteral("serialNumber"), DocumentNode::text(QString::number(device.serialNumber)));
+    node.add(QStringLiteral("version"), DocumentNode::text(device.version));
     node.add(QStringLiteral("dhcp"), flag(device.dhcp));
-    node.add(QStringLiteral("ip"), Node::text(device.ip));
-    node.add(QStringLiteral("mask"), Node::text(device.mask));
-    node.add(QStringLiteral("gateway"), Node::text(device.gateway));
+    node.add(QStringLiteral("ip"), DocumentNode::text(device.ip));
+    node.add(QStringLiteral("mask"), DocumentNode::text(device.mask));
+    node.add(QStringLiteral("gateway"), DocumentNode::text(device.gateway));
     node.add(QStringLiteral("ethernetLink"), flag(device.ethernetLink));
-    node.add(QStringLiteral("serialPortCount"), Node::number(device.serialPortCount));
-    node.add(QStringLiteral("ioLineCount"), Node::number(device.ioLineCount));
-    node.add(QStringLiteral("relayCount"), Node::number(device.relayCount));
-    node.add(QStringLiteral("infraredPortCount"), Node::number(device.infraredPortCount));
+    node.add(QStringLiteral("serialPortCount"), DocumentNode::number(device.serialPortCount));
+    node.add(QStringLiteral("ioLineCount"), DocumentNode::number(device.ioLineCount));
+    node.add(QStringLiteral("relayCount"), DocumentNode::number(device.relayCount));
+    node.add(QStringLiteral("infraredPortCount"), DocumentNode::number(device.infraredPortCount));
     return node;
 }
 
-Node nodeOf(const SerialPort& port, int index)
+DocumentNode nodeOf(const SerialPort& port, int index)
 {
-    Node node = Node::mapping();
-    node.add(QStringLiteral("port"), Node::number(index + 1));
-    node.add(QStringLiteral("baudRate"), Node::number(port.baudRate));
-    node.add(QStringLiteral("dataBits"), Node::number(port.dataBits));
-    node.add(QStringLiteral("stopBits"), Node::number(port.stopBits));
-    node.add(QStringLiteral("inspection"), Node::number(port.inspection));
+    DocumentNode node = DocumentNode::mapping();
+    node.add(QStringLiteral("port"), DocumentNode::number(index + 1));
+    node.add(QStringLiteral("baudRate"), DocumentNode::number(port.baudRate));
+    node.add(QStringLiteral("dataBits"), DocumentNode::number(port.dataBits));
+    node.add(QStringLiteral("stopBits"), DocumentNode::number(port.stopBits));
+    node.add(QStringLiteral("inspection"), DocumentNode::number(port.inspection));
     return node;
 }
 
-Node nodeOf(const IoLine& line, int index)
+DocumentNode nodeOf(const IoLine& line, int index)
 {
-    Node node = Node::mapping();
-    node.add(QStringLiteral("line"), Node::number(index + 1));
-    node.add(QStringLiteral("type"), Node::number(line.type));
+    DocumentNode node = DocumentNode::mapping();
+    node.add(QStringLiteral("line"), DocumentNode::number(index + 1));
+    node.add(QStringLiteral("type"), DocumentNode::number(line.type));
     return node;
 }
 
-Node nodeOf(const Event& event, int)
+DocumentNode nodeOf(const Event& event, int)
 {
-    Node node = Node::mapping();
-    node.add(QStringLiteral("id"), Node::number(event.id));
+    DocumentNode node = DocumentNode::mapping();
+    node.add(QStringLiteral("id"), DocumentNode::number(event.id));
     if (event.name)
-        node.add(QStringLiteral("name"), Node::text(*event.name));
-    node.add(QStringLiteral("type"), Node::number(event.type()));
+        node.add(QStringLiteral("name"), DocumentNode::text(*event.name));
+    node.add(QStringLiteral("type"), DocumentNode::number(event.type()));
     node.add(QStringLiteral("isHex"), flag(true));
     if (event.delay)
-        node.add(QStringLiteral("delay"), Node::number(*event.delay));
+        node.add(QStringLiteral("delay"), DocumentNode::number(*event.delay));
     else
         node.add(QStringLiteral("protocol"), hex(event.command));
-    node.add(QStringLiteral("description"), Node::text(event.description));
+    node.add(QStringLiteral("description"), DocumentNode::text(event.description));
     return node;
 }
 
-Node nodeOf(const Trigger& trigger, int)
+DocumentNode nodeOf(const Trigger& trigger, int)
 {
-    Node node = Node::mapping();
-    node.add(QStringLiteral("id"), Node::number(trigger.id));
-    node.add(QStringLiteral("kind"), Node::word(kindWord(trigger.kind)));
+    DocumentNode node = DocumentNode::mapping();
+    node.add(QStringLiteral("id"), DocumentNode::number(trigger.id));
+    node.add(QStringLiteral("kind"), DocumentNode::word(kindWord(trigger.kind)));
     if (trigger.line != unknownLine)
-        node.add(QStringLiteral("line"), Node::word(lineLabel(trigger.kind, trigger.line)));
+        node.add(QStringLiteral("line"), DocumentNode::word(lineLabel(trigger.kind, trigger.line)));
     node.add(QStringLiteral("isHex"), flag(true));
     if (trigger.kind != TriggerKind::Io)
         node.add(QStringLiteral("parameter"), hex(trigger.parameter));
     else if (trigger.level)
-        node.add(QStringLiteral("parameter"), Node::word(levelWord(*trigger.level)));
+        node.add(QStringLiteral("parameter"), DocumentNode::word(levelWord(*trigger.level)));
     node.add(QStringLiteral("eventIds"), numbers(trigger.eventIds));
-    node.add(QStringLiteral("description"), Node::text(trigger.description));
+    node.add(QStringLiteral("description"), DocumentNode::text(trigger.description));
     return node;
 }
 
-Node nodeOf(const TimeTrigger& trigger, int)
+DocumentNode nodeOf(const TimeTrigger& trigger, int)
 {
-    Node node = Node::mapping();
-    node.add(QStringLiteral("id"), Node::number(trigger.id));
-    node.add(QStringLiteral("repeat"), Node::word(repeatWord(trigger.repeat)));
-    node.add(QStringLiteral("startDate"), Node::text(trigger.startDate));
+    DocumentNode node = DocumentNode::mapping();
+    node.add(QStringLiteral("id"), DocumentNode::number(trigger.id));
+    node.add(QStringLiteral("repeat"), DocumentNode::word(repeatWord(trigger.repeat)));
+    node.add(QStringLiteral("startDate"), DocumentNode::text(trigger.startDate));
     node.add(QStringLiteral("endDate"),
-        trigger.endDate ? Node::text(*trigger.endDate) : Node::word(QStringLiteral("forever")));
+        trigger.endDate ? DocumentNode::text(*trigger.endDate)
+                        : DocumentNode::word(QStringLiteral("forever")));
     node.add(QStringLiteral("weekdays"), numbers(trigger.weekdays));
-    node.add(QStringLiteral("time"), Node::text(trigger.time));
+    node.add(QStringLiteral("time"), DocumentNode::text(trigger.time));
     node.add(QStringLiteral("eventIds"), numbers(trigger.eventIds));
-    node.add(QStringLiteral("description"), Node::text(trigger.description));
+    node.add(QStringLiteral("description"), DocumentNode::text(trigger.description));
     return node;
 }
 
 template <typename Records>
-void addRecords(Node& root, Section section, const std::optional<Records>& records)
+void addRecords(DocumentNode& root, Section section, const std::optional<Records>& records)
 {
     if (!records)
         return;
-    Node sequence = Node::sequence();
+    DocumentNode sequence = DocumentNode::sequence();
     for (int i = 0; i < records->size(); ++i)
         sequence.items.push_back(nodeOf(records->at(i), i));
     root.add(sectionName(section), std::move(sequence));
@@ -255,10 +257,10 @@ const QVector<Field>& fieldsOf(Section section)
     Q_UNREACHABLE();
 }
 
-Node treeOf(const Contents& contents)
+DocumentNode treeOf(const Contents& contents)
 {
-    Node root = Node::mapping();
-    root.add(QStringLiteral("format"), Node::word(documentFormat()));
+    DocumentNode root = DocumentNode::mapping();
+    root.add(QStringLiteral("format"), DocumentNode::word(documentFormat()));
     if (contents.device)
         root.add(sectionName(Section::Device), nodeOf(*contents.device));
     addRecords(root, Section::SerialPorts, contents.serialPorts);
@@ -267,7 +269,7 @@ Node treeOf(const Contents& contents)
     addRecords(root, Section::Triggers, contents.triggers);
     addRecords(root, Section::TimeTriggers, contents.timeTriggers);
     if (contents.clock)
-        root.add(sectionName(Section::Clock), Node::text(*contents.clock));
+        root.add(sectionName(Section::Clock), DocumentNode::text(*contents.clock));
     return root;
 }
 
@@ -282,11 +284,11 @@ bool hasSection(const Contents& contents, Section section)
     return visitRecords(contents, section, [](const auto& records) { return records.has_value(); });
 }
 
-Node recordNode(const Contents& contents, Section section, int index)
+DocumentNode recordNode(const Contents& contents, Section section, int index)
 {
     return visitRecords(contents, section, [index](const auto& records) {
         const bool isThere = records && index < records->size();
-        return isThere ? nodeOf(records->at(index), index) : Node::mapping();
+        return isThere ? nodeOf(records->at(index), index) : DocumentNode::mapping();
     });
 }
 

@@ -31,17 +31,17 @@ QString recordKey(Section section);
 QString documentFormat();
 
 /** The tree of a whole document. */
-Node treeOf(const Contents& contents);
+DocumentNode treeOf(const Contents& contents);
 /** How many records the section has; 0 if it is absent. */
 int recordCount(const Contents& contents, Section section);
 /** Whether the contents tell of the section at all. */
 bool hasSection(const Contents& contents, Section section);
 /** A record of a section as it stands in a document. */
-Node recordNode(const Contents& contents, Section section, int index);
+DocumentNode recordNode(const Contents& contents, Section section, int index);
 /** What a YAML document says behind bytes in hexadecimal; empty where they hold no words. */
 QString commentOf(const QByteArray& bytes);
 
 /** The contents that a tree describes, with all that is wrong with it. */
-Document documentOf(const Node& root);
+Document documentOf(const DocumentNode& root);
 
 } // namespace QuadrelDocument

@@ -72,13 +72,13 @@ int orderOf(Section section, const QString& key)
 }
 
 /** One value as YAML writes it in brackets. */
-Node readValue(const Path& path, const QString& text)
+DocumentNode readValue(const Path& path, const QString& text)
 {
     try {
-        const Node list = readYaml(QStringLiteral("[%1]").arg(text).toUtf8());
+        const DocumentNode list = readYaml(QStringLiteral("[%1]").arg(text).toUtf8());
         if (list.items.size() == 1)
             return list.items.front();
-        if (!list.items.empty() && list.kind == Node::Kind::Sequence)
+        if (!list.items.empty() && list.kind == DocumentNode::Kind::Sequence)
             return list;
     } catch (const Refusal&) {
     }
@@ -86,26 +86,26 @@ Node readValue(const Path& path, const QString& text)
 }
 
 /** A value of a field in the way in which documents are written. */
-Node written(const QString& field, FieldType type, const Node& value)
+DocumentNode written(const QString& field, FieldType type, const DocumentNode& value)
 {
     const QStringList words{
         QStringLiteral("forever"), QStringLiteral("high"), QStringLiteral("low")};
-    if (value.kind != Node::Kind::Scalar)
+    if (value.kind != DocumentNode::Kind::Scalar)
         return value;
     const bool isWord = field != QLatin1String("description") && field != QLatin1String("name")
         && words.contains(value.value);
     if (type == FieldType::Word || (type == FieldType::Text && isWord))
-        return Node::word(value.value);
-    return type == FieldType::Text ? Node::text(value.value) : value;
+        return DocumentNode::word(value.value);
+    return type == FieldType::Text ? DocumentNode::text(value.value) : value;
 }
 
-Node fieldValue(const Path& path, const Field& field, const QString& text)
+DocumentNode fieldValue(const Path& path, const Field& field, const QString& text)
 {
     const bool isText = field.type == FieldType::Text || field.type == FieldType::Word;
     if (!isText) {
-        Node value = readValue(path, text);
-        if (field.type == FieldType::Numbers && value.kind == Node::Kind::Scalar) {
-            Node list = Node::sequence();
+        DocumentNode value = readValue(path, text);
+        if (field.type == FieldType::Numbers && value.kind == DocumentNode::Kind::Scalar) {
+            DocumentNode list = DocumentNode::sequence();
             list.items.push_back(value);
             return list;
         }
@@ -114,7 +114,7 @@ Node fieldValue(const Path& path, const Field& field, const QString& text)
     const bool isQuoted =
         text.size() > 1 && text.startsWith(QLatin1Char('"')) && text.endsWith(QLatin1Char('"'));
     const QString bare = isQuoted ? readValue(path, text).value : text;
-    return written(field.key, field.type, Node::text(bare));
+    return written(field.key, field.type, DocumentNode::text(bare));
 }
 
 /** The keys that have no place beside one that is set. */
@@ -142,24 +142,24 @@ public:
         : m_form(form)
     {
         load(text);
-        if (m_root.kind != Node::Kind::Mapping)
+        if (m_root.kind != DocumentNode::Kind::Mapping)
             throw EditRefusal{Text::tr("this is no document of a unit")};
     }
 
     QByteArray text() const { return m_text; }
 
-    Node* section(Section section) { return valueIn(m_root, sectionName(section)); }
+    DocumentNode* section(Section section) { return valueIn(m_root, sectionName(section)); }
 
     /** The record that the path calls, or null. */
-    Node* record(const Path& path)
+    DocumentNode* record(const Path& path)
     {
-        Node* list = section(path.section);
+        DocumentNode* list = section(path.section);
         if (!list)
             return nullptr;
         if (!path.number)
             return list;
         for (size_t i = 0; i < list->items.size(); ++i) {
-            const Node::Member* key = list->items[i].member(recordKey(path.section));
+            const DocumentNode::Member* key = list->items[i].member(recordKey(path.section));
             const QString number = key ? key->value.value : QString::number(i);
             if (number == QString::number(*path.number))
                 return &list->items[i];
@@ -167,19 +167,19 @@ public:
         return nullptr;
     }
 
-    static Node* valueIn(Node& mapping, const QString& key)
+    static DocumentNode* valueIn(DocumentNode& mapping, const QString& key)
     {
-        for (Node::Member& member : mapping.members) {
+        for (DocumentNode::Member& member : mapping.members) {
             if (member.key == key)
                 return &member.value;
         }
         return nullptr;
     }
 
-    void setField(const Path& path, const QString& key, const Node& value)
+    void setField(const Path& path, const QString& key, const DocumentNode& value)
     {
-        Node* mapping = record(path);
-        if (Node* old = valueIn(*mapping, key))
+        DocumentNode* mapping = record(path);
+        if (DocumentNode* old = valueIn(*mapping, key))
             replaceValue(*mapping, key, *old, value);
         else
             insertMember(path, *mapping, key, value);
@@ -187,10 +187,10 @@ public:
 
     void removeField(const Path& path, const QString& key)
     {
-        Node& mapping = *record(path);
+        DocumentNode& mapping = *record(path);
         auto& members = mapping.members;
         const auto found = std::find_if(members.begin(), members.end(),
-            [&key](const Node::Member& member) { return member.key == key; });
+            [&key](const DocumentNode::Member& member) { return member.key == key; });
         if (found == members.end())
             return;
         const auto index = static_cast<size_t>(found - members.begin());
@@ -212,10 +212,10 @@ public:
         change(start, end, {});
     }
 
-    void addRecord(const Path& path, const Node& record)
+    void addRecord(const Path& path, const DocumentNode& record)
     {
-        Node* list = section(path.section);
-        Node added = Node::sequence();
+        DocumentNode* list = section(path.section);
+        DocumentNode added = DocumentNode::sequence();
         added.items.push_back(record);
         if (!list)
             addSection(path.section, added);
@@ -227,7 +227,7 @@ public:
 
     void removeRecord(const Path& path)
     {
-        Node& list = *section(path.section);
+        DocumentNode& list = *section(path.section);
         const auto index = static_cast<size_t>(record(path) - list.items.data());
         int start = 0;
         int end = 0;
@@ -260,12 +260,12 @@ private:
     /** Puts `bytes` in the place of a range; the tree was changed before. */
     void change(int start, int end, const QByteArray& bytes)
     {
-        const Node wanted = m_root;
+        const DocumentNode wanted = m_root;
         const QByteArray before = m_text;
         try {
             load(QByteArray(before).replace(start, end - start, bytes));
         } catch (const Refusal&) {
-            m_root = Node();
+            m_root = DocumentNode();
         }
         if (m_root == wanted)
             return;
@@ -276,7 +276,7 @@ private:
     }
 
     bool isJson() const { return m_form == Form::Json; }
-    bool isFlow(const Node& node) const
+    bool isFlow(const DocumentNode& node) const
     {
         const char first = node.start < m_text.size() ? m_text.at(node.start) : '\0';
         return first == '{' || first == '[';
@@ -304,9 +304,9 @@ private:
     }
 
     /** The dash ahead of an item in a line of its own. */
-    int dashOf(const Node& item) const { return m_text.lastIndexOf('-', item.start); }
+    int dashOf(const DocumentNode& item) const { return m_text.lastIndexOf('-', item.start); }
 
-    QString inlineText(const Node& value) const
+    QString inlineText(const DocumentNode& value) const
     {
         return isJson() ? jsonInline(value) : yamlInline(value);
     }
@@ -316,13 +316,14 @@ private:
     }
 
     /** The value as a reader of the text will find it. */
-    Node found(const Node& value) const
+    DocumentNode found(const DocumentNode& value) const
     {
         return readTree(QStringLiteral("[%1]").arg(inlineText(value)).toUtf8(), m_form)
             .items.front();
     }
 
-    void replaceValue(const Node& mapping, const QString& key, Node& old, const Node& value)
+    void replaceValue(const DocumentNode& mapping, const QString& key, DocumentNode& old,
+        const DocumentNode& value)
     {
         QByteArray bytes = inlineText(value).toUtf8();
         int end = old.end;
@@ -336,7 +337,8 @@ private:
     }
 
     /** Brings the comment behind bytes up to date, unless somebody wrote another; gives its end. */
-    int withComment(const QString& key, const Node& old, const Node& value, QByteArray& bytes) const
+    int withComment(const QString& key, const DocumentNode& old, const DocumentNode& value,
+        QByteArray& bytes) const
     {
         const bool isHex = key == QLatin1String("protocol") || key == QLatin1String("parameter");
         if (!isHex)
@@ -355,7 +357,8 @@ private:
         return comment.isEmpty() ? QByteArray() : "  # " + comment.toUtf8();
     }
 
-    void insertMember(const Path& path, Node& mapping, const QString& key, const Node& value)
+    void insertMember(
+        const Path& path, DocumentNode& mapping, const QString& key, const DocumentNode& value)
     {
         if (mapping.members.empty())
             throw EditRefusal{Text::tr("%1: the record is empty").arg(path.text)};
@@ -364,8 +367,8 @@ private:
             if (orderOf(path.section, mapping.members[i].key) < orderOf(path.section, key))
                 place = i;
         }
-        const Node::Member& ahead = mapping.members[place];
-        Node single = Node::mapping();
+        const DocumentNode::Member& ahead = mapping.members[place];
+        DocumentNode single = DocumentNode::mapping();
         single.add(key, value);
         int offset = ahead.value.end;
         QByteArray bytes;
@@ -381,9 +384,9 @@ private:
         change(offset, offset, bytes);
     }
 
-    static Node withHexComment(Node mapping)
+    static DocumentNode withHexComment(DocumentNode mapping)
     {
-        for (Node::Member& member : mapping.members) {
+        for (DocumentNode::Member& member : mapping.members) {
             if (member.key == QLatin1String("protocol") || member.key == QLatin1String("parameter"))
                 member.value.comment =
                     commentOf(bytesOfHex(member.value.value).value_or(QByteArray()));
@@ -399,7 +402,7 @@ private:
                                                                     : QByteArray(" ");
     }
 
-    void addSection(Section section, const Node& list)
+    void addSection(Section section, const DocumentNode& list)
     {
         const auto order = [](const QString& name) {
             for (const Section known : documentSections()) {
@@ -413,7 +416,7 @@ private:
             if (order(m_root.members[i].key) < static_cast<int>(section))
                 place = i;
         }
-        const Node::Member& ahead = m_root.members.at(place);
+        const DocumentNode::Member& ahead = m_root.members.at(place);
         const QString name = sectionName(section);
         int offset = ahead.value.end;
         QByteArray bytes;
@@ -425,7 +428,7 @@ private:
                                 : yamlInline(list)));
         } else {
             offset = lineEnd(ahead.value.end);
-            Node single = Node::mapping();
+            DocumentNode single = DocumentNode::mapping();
             single.add(name, withHexComments(list));
             bytes = lineFeed() + lines(yamlLines(single, 0));
         }
@@ -434,15 +437,15 @@ private:
         change(offset, offset, bytes);
     }
 
-    static Node withHexComments(Node list)
+    static DocumentNode withHexComments(DocumentNode list)
     {
-        for (Node& item : list.items)
+        for (DocumentNode& item : list.items)
             item = withHexComment(item);
         return list;
     }
 
     /** Puts records where [] or nothing was. */
-    void fillSection(Section section, Node& list, const Node& records)
+    void fillSection(Section section, DocumentNode& list, const DocumentNode& records)
     {
         constexpr int yamlIndentation = 2;
         const int end = list.end;
@@ -460,14 +463,14 @@ private:
         change(start, end, bytes);
     }
 
-    void appendRecord(Node& list, const Node& records)
+    void appendRecord(DocumentNode& list, const DocumentNode& records)
     {
-        const Node& last = list.items.back();
+        const DocumentNode& last = list.items.back();
         int offset = last.end;
         QByteArray bytes;
         if (isFlow(list)) {
             const QByteArray gap = gapAhead(last.start);
-            const Node& record = records.items.front();
+            const DocumentNode& record = records.items.front();
             bytes = "," + gap
                 + lines(isJson() && gap != " "
                         ? jsonLines(record, last.start - lineStart(last.start))
@@ -484,13 +487,13 @@ private:
 
     const Form m_form;
     QByteArray m_text;
-    Node m_root;
+    DocumentNode m_root;
 };
 
-Node& requireRecord(EditableText& text, const Path& path)
+DocumentNode& requireRecord(EditableText& text, const Path& path)
 {
-    Node* record = text.record(path);
-    if (!record || record->kind != Node::Kind::Mapping) {
+    DocumentNode* record = text.record(path);
+    if (!record || record->kind != DocumentNode::Kind::Mapping) {
         Path parent = path;
         parent.field.clear();
         throw EditRefusal{
@@ -503,19 +506,19 @@ Node& requireRecord(EditableText& text, const Path& path)
 void updateType(EditableText& text, const Path& path)
 {
     const QString key = QStringLiteral("type");
-    Node& record = requireRecord(text, path);
+    DocumentNode& record = requireRecord(text, path);
     if (path.section != Section::Events || !record.member(key))
         return;
-    Node root = Node::mapping();
-    Node list = Node::sequence();
+    DocumentNode root = DocumentNode::mapping();
+    DocumentNode list = DocumentNode::sequence();
     list.items.push_back(record);
     root.add(sectionName(Section::Events), list);
     const int type = documentOf(root).contents.events->first().type();
     if (record.member(key)->value.value != QString::number(type))
-        text.setField(path, key, Node::number(type));
+        text.setField(path, key, DocumentNode::number(type));
 }
 
-void setField(EditableText& text, const Path& path, const QString& key, const Node& value)
+void setField(EditableText& text, const Path& path, const QString& key, const DocumentNode& value)
 {
     text.setField(path, key, value);
     for (const QString& rival : rivalsOf(path.section, key))
@@ -523,20 +526,20 @@ void setField(EditableText& text, const Path& path, const QString& key, const No
 }
 
 /** The record that stands in braces, with its number first. */
-Node recordFrom(const Path& path, const QString& value)
+DocumentNode recordFrom(const Path& path, const QString& value)
 {
-    const Node given = readValue(path, value);
+    const DocumentNode given = readValue(path, value);
     const QString key = recordKey(path.section);
     const QString number = QString::number(*path.number);
-    if (given.kind != Node::Kind::Mapping)
+    if (given.kind != DocumentNode::Kind::Mapping)
         throw EditRefusal{
             Text::tr("%1: a record stands in braces, such as {delay: 500}").arg(path.text)};
     if (given.member(key) && given.member(key)->value.value != number)
         throw EditRefusal{Text::tr("%1: the record says %2 %3")
                               .arg(path.text, key, given.member(key)->value.value)};
-    Node record = Node::mapping();
-    record.add(key, Node::number(*path.number));
-    for (const Node::Member& member : given.members) {
+    DocumentNode record = DocumentNode::mapping();
+    record.add(key, DocumentNode::number(*path.number));
+    for (const DocumentNode::Member& member : given.members) {
         const QVector<Field>& fields = fieldsOf(path.section);
         const auto field = std::find_if(fields.begin(), fields.end(),
             [&member](const Field& known) { return known.key == member.key; });
@@ -549,14 +552,14 @@ Node recordFrom(const Path& path, const QString& value)
 }
 
 /** Makes a record say just what another one says. */
-void replaceRecord(EditableText& text, const Path& path, const Node& record)
+void replaceRecord(EditableText& text, const Path& path, const DocumentNode& record)
 {
     QStringList gone;
-    for (const Node::Member& member : requireRecord(text, path).members) {
+    for (const DocumentNode::Member& member : requireRecord(text, path).members) {
         if (!record.member(member.key))
             gone.append(member.key);
     }
-    for (const Node::Member& member : record.members) {
+    for (const DocumentNode::Member& member : record.members) {
         if (member.key != recordKey(path.section))
             text.setField(path, member.key, member.value);
     }
@@ -584,7 +587,7 @@ void assign(EditableText& text, const QString& assignment)
     if (!path.number)
         throw EditRefusal{
             Text::tr("%1: only records and fields can be set, such as events[8]").arg(path.text)};
-    const Node record = recordFrom(path, value);
+    const DocumentNode record = recordFrom(path, value);
     if (text.record(path))
         replaceRecord(text, path, record);
     else
@@ -597,7 +600,7 @@ void remove(EditableText& text, const QString& pathText)
     if (path.field.isEmpty() && !path.number)
         throw EditRefusal{
             Text::tr("%1: only records and fields can be unset, such as events[8]").arg(path.text)};
-    const Node& record = requireRecord(text, path);
+    const DocumentNode& record = requireRecord(text, path);
     if (path.field.isEmpty()) {
         text.removeRecord(path);
         return;
@@ -629,12 +632,13 @@ template <typename Edit> EditedText edited(const QByteArray& given, Form form, E
     }
 }
 
-QString shownNode(const Node& node, Form form)
+QString shownNode(const DocumentNode& node, Form form)
 {
-    if (node.kind == Node::Kind::Scalar)
+    if (node.kind == DocumentNode::Kind::Scalar)
         return node.value;
-    const bool isRecord = node.kind == Node::Kind::Mapping;
-    const bool isList = !node.items.empty() && node.items.front().kind == Node::Kind::Mapping;
+    const bool isRecord = node.kind == DocumentNode::Kind::Mapping;
+    const bool isList =
+        !node.items.empty() && node.items.front().kind == DocumentNode::Kind::Mapping;
     if (form == Form::Json)
         return jsonLines(node, 0);
     if (isRecord)
@@ -664,10 +668,10 @@ FoundValue getValue(const QByteArray& text, Form form, const QString& pathText)
     FoundValue found;
     const EditedText result = edited(text, form, [&](EditableText& editable) {
         const Path path = parsePath(pathText);
-        const Node* node = editable.record(path);
+        const DocumentNode* node = editable.record(path);
         if (node && !path.field.isEmpty()) {
             fieldOf(path);
-            const Node::Member* member = node->member(path.field);
+            const DocumentNode::Member* member = node->member(path.field);
             node = member ? &member->value : nullptr;
         }
         if (!node)

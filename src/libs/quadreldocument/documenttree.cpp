@@ -41,70 +41,71 @@ void refuseForeignBytes(const QByteArray& text)
 
 } // namespace
 
-Node Node::text(const QString& text)
+DocumentNode DocumentNode::text(const QString& text)
 {
-    Node node;
+    DocumentNode node;
     node.value = text;
     node.isQuoted = true;
     return node;
 }
 
-Node Node::word(const QString& text)
+DocumentNode DocumentNode::word(const QString& text)
 {
-    Node node;
+    DocumentNode node;
     node.value = text;
     node.isWord = true;
     return node;
 }
 
-Node Node::bare(const QString& text)
+DocumentNode DocumentNode::bare(const QString& text)
 {
-    Node node;
+    DocumentNode node;
     node.value = text;
     return node;
 }
 
-Node Node::number(qint64 number)
+DocumentNode DocumentNode::number(qint64 number)
 {
     return bare(QString::number(number));
 }
 
-Node Node::sequence()
+DocumentNode DocumentNode::sequence()
 {
-    Node node;
+    DocumentNode node;
     node.kind = Kind::Sequence;
     return node;
 }
 
-Node Node::mapping()
+DocumentNode DocumentNode::mapping()
 {
-    Node node;
+    DocumentNode node;
     node.kind = Kind::Mapping;
     return node;
 }
 
-void Node::add(const QString& key, Node value)
+void DocumentNode::add(const QString& key, DocumentNode value)
 {
     members.push_back({key, 0, {}, std::move(value)});
 }
 
-const Node::Member* Node::member(const QString& key) const
+const DocumentNode::Member* DocumentNode::member(const QString& key) const
 {
     const auto found = std::find_if(
         members.begin(), members.end(), [&](const Member& member) { return member.key == key; });
     return found == members.end() ? nullptr : &*found;
 }
 
-bool Node::isNull() const
+bool DocumentNode::isNull() const
 {
     return kind == Kind::Scalar && !isQuoted
         && (value.isEmpty() || value == QLatin1String("~")
             || value.compare(QLatin1String("null"), Qt::CaseInsensitive) == 0);
 }
 
-bool operator==(const Node& left, const Node& right)
+bool operator==(const DocumentNode& left, const DocumentNode& right)
 {
-    const auto isSameMember = [](const Node::Member& one, const Node::Member& other) {
+    const auto isSameMember = [](const DocumentNode::Member& one,
+                                  const DocumentNode::Member& other) {
         return one.key == other.key && one.value == other.value;
     };
     return left.kind == right.kind && left.value == right.value && left.isQuoted == right.isQuoted
@@ -146,7 +147,7 @@ QString sizeFault()
     return Text::tr("more than %1 bytes; a unit needs a tenth of that").arg(maximumDocumentSize);
 }
 
-Node readTree(const QByteArray& text, Form form)
+DocumentNode readTree(const QByteArray& text, Form form)
 {
     if (text.size() > maximumDocumentSize)
         throw Refusal{maximumDocumentSize, sizeFault()};

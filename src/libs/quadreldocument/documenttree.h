@@ -11,7 +11,7 @@
 namespace QuadrelDocument {
 
 /** A value of a document as it is written, in YAML and JSON alike. */
-struct Node {
+struct DocumentNode {
     enum class Kind { Scalar, Sequence, Mapping };
     struct Member;
 
@@ -22,7 +22,7 @@ struct Node {
     bool isQuoted = false;
     /** Such as COM: written without quotes where the form allows that. */
     bool isWord = false;
-    std::vector<Node> items;
+    std::vector<DocumentNode> items;
     /** In the order of the text. */
     std::vector<Member> members;
     /** What a YAML text says behind the value. */
@@ -33,31 +33,31 @@ struct Node {
     int end = 0;
     Position position;
 
-    static Node text(const QString& text);
-    static Node word(const QString& text);
+    static DocumentNode text(const QString& text);
+    static DocumentNode word(const QString& text);
     /** A number, true or false. */
-    static Node bare(const QString& text);
-    static Node number(qint64 number);
-    static Node sequence();
-    static Node mapping();
+    static DocumentNode bare(const QString& text);
+    static DocumentNode number(qint64 number);
+    static DocumentNode sequence();
+    static DocumentNode mapping();
 
     /** Appends to a mapping. */
-    void add(const QString& key, Node value);
+    void add(const QString& key, DocumentNode value);
     /** The first member with the key, or null. */
     const Member* member(const QString& key) const;
     /** Whether there is nothing at all, as after "key:". */
     bool isNull() const;
 };
 
-struct Node::Member {
+struct DocumentNode::Member {
     QString key;
     int keyStart = 0;
     Position keyPosition;
-    Node value;
+    DocumentNode value;
 };
 
 /** Equal in what they say, wherever they stand and whatever is commented. */
-bool operator==(const Node& left, const Node& right);
+bool operator==(const DocumentNode& left, const DocumentNode& right);
 
 /** Ends the reading of a text. */
 struct Refusal {
@@ -95,25 +95,25 @@ QByteArray withoutMark(const QByteArray& text);
 QString sizeFault();
 
 /** Reads a text without a mark; throws Refusal, as it does for control characters and size. */
-Node readTree(const QByteArray& text, Form form);
+DocumentNode readTree(const QByteArray& text, Form form);
 /** Reads YAML without anchors, aliases and tags, one document; throws Refusal. */
-Node readYaml(const QByteArray& text);
+DocumentNode readYaml(const QByteArray& text);
 /** Reads JSON; throws Refusal. */
-Node readJson(const QByteArray& text);
+DocumentNode readJson(const QByteArray& text);
 
 /** The mapping as a whole text, records in lines of their own. */
-QByteArray yamlText(const Node& mapping);
-QByteArray jsonText(const Node& value);
+QByteArray yamlText(const DocumentNode& mapping);
+QByteArray jsonText(const DocumentNode& value);
 /** The value in one line: valid wherever a value stands. */
-QString yamlInline(const Node& value);
-QString jsonInline(const Node& value);
+QString yamlInline(const DocumentNode& value);
+QString jsonInline(const DocumentNode& value);
 /** The start of a text in quotes and without control characters, fit for a message. */
 QString shownText(const QString& text);
 /** The value in lines, all but the first with `indentation` blanks ahead. */
-QString jsonLines(const Node& value, int indentation);
+QString jsonLines(const DocumentNode& value, int indentation);
 /** The records of a sequence in lines with `indentation` blanks ahead; no line feed at the end. */
-QString yamlRecords(const Node& sequence, int indentation);
+QString yamlRecords(const DocumentNode& sequence, int indentation);
 /** The lines of a mapping, each with `indentation` blanks ahead; no line feed at the end. */
-QString yamlLines(const Node& mapping, int indentation);
+QString yamlLines(const DocumentNode& mapping, int indentation);
 
 } // namespace QuadrelDocument

@@ -23,9 +23,9 @@ public:
     {
     }
 
-    Node document()
+    DocumentNode document()
     {
-        Node node = value(0);
+        DocumentNode node = value(0);
         skipBlanks();
         if (m_at < m_text.size())
             refuse(Text::tr("nothing may follow the document"));
@@ -58,14 +58,14 @@ private:
             refuse(Text::tr("\"%1\" is due here").arg(QLatin1Char(character)));
     }
 
-    Node value(int depth)
+    DocumentNode value(int depth)
     {
         skipBlanks();
         if (depth >= maximumDocumentDepth)
             refuse(Text::tr("more than %1 levels; a unit needs 4").arg(maximumDocumentDepth));
         if (++m_nodes > maximumNodes)
             refuse(Text::tr("more than %1 values").arg(maximumNodes));
-        Node node;
+        DocumentNode node;
         node.start = m_at;
         node.position = m_finder.at(m_at);
         if (peek() == '{')
@@ -78,15 +78,15 @@ private:
         return node;
     }
 
-    void readMapping(Node& node, int depth)
+    void readMapping(DocumentNode& node, int depth)
     {
-        node.kind = Node::Kind::Mapping;
+        node.kind = DocumentNode::Kind::Mapping;
         expect('{');
         if (take('}'))
             return;
         do {
             skipBlanks();
-            Node::Member member;
+            DocumentNode::Member member;
             member.keyStart = m_at;
             member.keyPosition = m_finder.at(m_at);
             member.key = string();
@@ -97,9 +97,9 @@ private:
         expect('}');
     }
 
-    void readSequence(Node& node, int depth)
+    void readSequence(DocumentNode& node, int depth)
     {
-        node.kind = Node::Kind::Sequence;
+        node.kind = DocumentNode::Kind::Sequence;
         expect('[');
         if (take(']'))
             return;
@@ -109,7 +109,7 @@ private:
         expect(']');
     }
 
-    void readScalar(Node& node)
+    void readScalar(DocumentNode& node)
     {
         node.isQuoted = peek() == '"';
         node.value = node.isQuoted ? string() : word();
@@ -179,7 +179,7 @@ private:
 
 } // namespace
 
-Node readJson(const QByteArray& text)
+DocumentNode readJson(const QByteArray& text)
 {
     return JsonReader(text).document();
 }

@@ -40,19 +40,20 @@ bool operator==(const Mark& left, const Mark& right)
 /** Makes records quick to compare: there may be a thousand on either side. */
 class Marker {
 public:
-    std::vector<Marks> marksOf(const std::vector<Node>& records)
+    std::vector<Marks> marksOf(const std::vector<DocumentNode>& records)
     {
         std::vector<Marks> result;
-        for (const Node& record : records)
+        result.reserve(records.size());
+        for (const DocumentNode& record : records)
             result.push_back(marksOf(record));
         return result;
     }
 
 private:
-    Marks marksOf(const Node& record)
+    Marks marksOf(const DocumentNode& record)
     {
         Marks marks;
-        for (const Node::Member& member : record.members) {
+        for (const DocumentNode::Member& member : record.members) {
             const QString field = member.key + QLatin1Char(':') + yamlInline(member.value);
             const int next = m_numbers.size();
             const int number = m_numbers.value(field, next);
@@ -89,28 +90,29 @@ bool isBetter(const Pair& left, const Pair& right)
 
 } // namespace
 
-Node comparedFields(const Contents& contents, Section section, int index)
+DocumentNode comparedFields(const Contents& contents, Section section, int index)
 {
-    Node record = recordNode(contents, section, index);
+    DocumentNode record = recordNode(contents, section, index);
     const QStringList left{QStringLiteral("isHex"), recordKey(section),
         section == Section::Events ? QStringLiteral("type") : QString()};
     record.members.erase(
         std::remove_if(record.members.begin(), record.members.end(),
-            [&left](const Node::Member& member) { return left.contains(member.key); }),
+            [&left](const DocumentNode::Member& member) { return left.contains(member.key); }),
         record.members.end());
     return record;
 }
 
-std::vector<Node> comparedRecords(const Contents& contents, Section section)
+std::vector<DocumentNode> comparedRecords(const Contents& contents, Section section)
 {
-    std::vector<Node> records;
+    std::vector<DocumentNode> records;
+    records.reserve(size_t(recordCount(contents, section)));
     for (int i = 0; i < recordCount(contents, section); ++i)
         records.push_back(comparedFields(contents, section, i));
     return records;
 }
 
 QVector<int> bestMatches(
-    const std::vector<Node>& beforeRecords, const std::vector<Node>& afterRecords)
+    const std::vector<DocumentNode>& beforeRecords, const std::vector<DocumentNode>& afterRecords)
 {
     Marker marker;
     const std::vector<Marks> before = marker.marksOf(beforeRecords);

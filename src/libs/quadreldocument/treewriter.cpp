@@ -65,18 +65,18 @@ QString quoted(const QString& text)
 }
 
 /** Values within brackets, as both forms write them. */
-QString inlineText(const Node& node, bool isJson)
+QString inlineText(const DocumentNode& node, bool isJson)
 {
     QStringList parts;
     switch (node.kind) {
-    case Node::Kind::Scalar:
+    case DocumentNode::Kind::Scalar:
         return node.isQuoted || (isJson && node.isWord) ? quoted(node.value) : node.value;
-    case Node::Kind::Sequence:
-        for (const Node& item : node.items)
+    case DocumentNode::Kind::Sequence:
+        for (const DocumentNode& item : node.items)
             parts.append(inlineText(item, isJson));
         return QStringLiteral("[%1]").arg(parts.join(QStringLiteral(", ")));
-    case Node::Kind::Mapping:
-        for (const Node::Member& member : node.members)
+    case DocumentNode::Kind::Mapping:
+        for (const DocumentNode::Member& member : node.members)
             parts.append(QStringLiteral("%1: %2").arg(
                 isJson ? quoted(member.key) : member.key, inlineText(member.value, isJson)));
         return QStringLiteral("{%1}").arg(parts.join(QStringLiteral(", ")));
@@ -84,19 +84,19 @@ QString inlineText(const Node& node, bool isJson)
     Q_UNREACHABLE();
 }
 
-bool hasRecords(const Node& node)
+bool hasRecords(const DocumentNode& node)
 {
     return std::any_of(node.items.begin(), node.items.end(),
-        [](const Node& item) { return item.kind == Node::Kind::Mapping; });
+        [](const DocumentNode& item) { return item.kind == DocumentNode::Kind::Mapping; });
 }
 
 /** What stands behind "key:". */
-QString yamlValue(const Node& node, int indentation)
+QString yamlValue(const DocumentNode& node, int indentation)
 {
     const int inner = indentation + yamlIndentation;
     if (hasRecords(node))
         return QLatin1Char('\n') + yamlRecords(node, inner);
-    if (node.kind == Node::Kind::Mapping && !node.members.empty())
+    if (node.kind == DocumentNode::Kind::Mapping && !node.members.empty())
         return QLatin1Char('\n') + yamlLines(node, inner);
     const QString comment =
         node.comment.isEmpty() ? QString() : QStringLiteral("  # ") + node.comment;
@@ -105,12 +105,12 @@ QString yamlValue(const Node& node, int indentation)
 
 } // namespace
 
-QString yamlInline(const Node& value)
+QString yamlInline(const DocumentNode& value)
 {
     return inlineText(value, false);
 }
 
-QString jsonInline(const Node& value)
+QString jsonInline(const DocumentNode& value)
 {
     return inlineText(value, true);
 }
@@ -121,19 +121,19 @@ QString shownText(const QString& text)
     return quoted(text.left(longestShownText)) + (isLong ? QStringLiteral("…") : QString());
 }
 
-QString yamlLines(const Node& mapping, int indentation)
+QString yamlLines(const DocumentNode& mapping, int indentation)
 {
     QStringList lines;
-    for (const Node::Member& member : mapping.members)
+    for (const DocumentNode::Member& member : mapping.members)
         lines.append(blanks(indentation) + member.key + QLatin1Char(':')
             + yamlValue(member.value, indentation));
     return lines.join(QLatin1Char('\n'));
 }
 
-QString yamlRecords(const Node& sequence, int indentation)
+QString yamlRecords(const DocumentNode& sequence, int indentation)
 {
     QStringList records;
-    for (const Node& item : sequence.items) {
+    for (const DocumentNode& item : sequence.items) {
         const QString lines = yamlLines(item, indentation + yamlIndentation);
         records.append(
             blanks(indentation) + QStringLiteral("- ") + lines.mid(indentation + yamlIndentation));
@@ -141,31 +141,31 @@ QString yamlRecords(const Node& sequence, int indentation)
     return records.join(QLatin1Char('\n'));
 }
 
-QString jsonLines(const Node& node, int indentation)
+QString jsonLines(const DocumentNode& node, int indentation)
 {
     const bool isBroken =
-        hasRecords(node) || (node.kind == Node::Kind::Mapping && !node.members.empty());
+        hasRecords(node) || (node.kind == DocumentNode::Kind::Mapping && !node.members.empty());
     if (!isBroken)
         return jsonInline(node);
     const int inner = indentation + jsonIndentation;
     QStringList lines;
-    for (const Node& item : node.items)
+    for (const DocumentNode& item : node.items)
         lines.append(blanks(inner) + jsonLines(item, inner));
-    for (const Node::Member& member : node.members)
+    for (const DocumentNode::Member& member : node.members)
         lines.append(blanks(inner) + quoted(member.key) + QStringLiteral(": ")
             + jsonLines(member.value, inner));
-    const bool isMapping = node.kind == Node::Kind::Mapping;
+    const bool isMapping = node.kind == DocumentNode::Kind::Mapping;
     return (isMapping ? QStringLiteral("{\n") : QStringLiteral("[\n"))
         + lines.join(QStringLiteral(",\n")) + QLatin1Char('\n') + blanks(indentation)
         + (isMapping ? QLatin1Char('}') : QLatin1Char(']'));
 }
 
-QByteArray yamlText(const Node& mapping)
+QByteArray yamlText(const DocumentNode& mapping)
 {
     return (yamlLines(mapping, 0) + QLatin1Char('\n')).toUtf8();
 }
 
-QByteArray jsonText(const Node& value)
+QByteArray jsonText(const DocumentNode& value)
 {
     return (jsonLines(value, 0) + QLatin1Char('\n')).toUtf8();
 }

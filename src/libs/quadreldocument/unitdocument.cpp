@@ -95,7 +95,7 @@ Document parseDocument(const QByteArray& given, Form form)
 
 QByteArray writeDocument(const Contents& contents, Form form)
 {
-    const Node tree = treeOf(contents);
+    const DocumentNode tree = treeOf(contents);
     return form == Form::Json ? jsonText(tree) : yamlText(tree);
 }
 

@@ -23,7 +23,7 @@ public:
     }
 
     bool hasDocument() const { return m_documents > 0; }
-    Node takeRoot() { return std::move(m_root); }
+    DocumentNode takeRoot() { return std::move(m_root); }
 
     void OnDocumentStart(const YAML::Mark& mark) override
     {
@@ -47,7 +47,7 @@ public:
         const std::string& value) override
     {
         refuseDecoration(mark, tag, anchor);
-        Node node = nodeAt(mark);
+        DocumentNode node = nodeAt(mark);
         node.value = textOfUtf8(value.data(), static_cast<int>(value.size()));
         node.isQuoted = tag == "!";
         put(std::move(node));
@@ -56,23 +56,23 @@ public:
     void OnSequenceStart(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
         YAML::EmitterStyle::value) override
     {
-        open(mark, tag, anchor, Node::Kind::Sequence);
+        open(mark, tag, anchor, DocumentNode::Kind::Sequence);
     }
     void OnSequenceEnd() override { close(); }
 
     void OnMapStart(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
         YAML::EmitterStyle::value) override
     {
-        open(mark, tag, anchor, Node::Kind::Mapping);
+        open(mark, tag, anchor, DocumentNode::Kind::Mapping);
     }
     void OnMapEnd() override { close(); }
 
 private:
     /** A collection that is not at its end, and the key that waits for a value. */
     struct Level {
-        Node node;
+        DocumentNode node;
         bool hasKey = false;
-        Node key;
+        DocumentNode key;
     };
 
     static void refuseDecoration(
@@ -84,19 +84,19 @@ private:
             throw Refusal{mark.pos, Text::tr("tags have no place in a document of a unit")};
     }
 
-    Node nodeAt(const YAML::Mark& mark)
+    DocumentNode nodeAt(const YAML::Mark& mark)
     {
         if (++m_nodes > maximumNodes)
             throw Refusal{mark.pos, Text::tr("more than %1 values").arg(maximumNodes)};
-        Node node;
+        DocumentNode node;
         node.start = mark.pos;
         node.end = mark.pos;
         node.position = m_finder.at(mark.pos);
         return node;
     }
 
-    void open(
-        const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor, Node::Kind kind)
+    void open(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
+        DocumentNode::Kind kind)
     {
         refuseDecoration(mark, tag, anchor);
         if (m_levels.size() >= maximumDocumentDepth)
@@ -110,22 +110,22 @@ private:
 
     void close()
     {
-        Node node = std::move(m_levels.back().node);
+        DocumentNode node = std::move(m_levels.back().node);
         m_levels.pop_back();
         put(std::move(node));
     }
 
-    void put(Node node)
+    void put(DocumentNode node)
     {
         if (m_levels.empty()) {
             m_root = std::move(node);
             return;
         }
         Level& level = m_levels.back();
-        if (level.node.kind == Node::Kind::Sequence) {
+        if (level.node.kind == DocumentNode::Kind::Sequence) {
             level.node.items.push_back(std::move(node));
         } else if (!level.hasKey) {
-            if (node.kind != Node::Kind::Scalar)
+            if (node.kind != DocumentNode::Kind::Scalar)
                 throw Refusal{node.start, Text::tr("a key is a single word")};
             level.key = std::move(node);
             level.hasKey = true;
@@ -137,7 +137,7 @@ private:
     }
 
     PositionFinder m_finder;
-    Node m_root;
+    DocumentNode m_root;
     std::vector<Level> m_levels;
     int m_documents = 0;
     int m_nodes = 0;
@@ -151,18 +151,18 @@ public:
     {
     }
 
-    void setEnds(Node& node) const
+    void setEnds(DocumentNode& node) const
     {
-        if (node.kind == Node::Kind::Scalar) {
+        if (node.kind == DocumentNode::Kind::Scalar) {
             node.end = endOfScalar(node);
             return;
         }
         int last = node.start + (isFlow(node) ? 1 : 0);
-        for (Node& item : node.items) {
+        for (DocumentNode& item : node.items) {
             setEnds(item);
             last = qMax(last, item.end);
         }
-        for (Node::Member& member : node.members) {
+        for (DocumentNode::Member& member : node.members) {
             if (isMissing(member.value))
                 member.value.start = m_text.indexOf(':', member.keyStart) + 1;
             setEnds(member.value);
@@ -176,12 +176,15 @@ private:
     static bool isBlank(char byte) { return byte == ' ' || byte == '\t'; }
     static bool isSpace(char byte) { return isBlank(byte) || byte == '\r' || byte == '\n'; }
 
-    bool isFlow(const Node& node) const { return at(node.start) == '[' || at(node.start) == '{'; }
+    bool isFlow(const DocumentNode& node) const
+    {
+        return at(node.start) == '[' || at(node.start) == '{';
+    }
 
     /** The parser says of nothing that it stands where the next thing is. */
-    static bool isMissing(const Node& node)
+    static bool isMissing(const DocumentNode& node)
     {
-        return node.kind == Node::Kind::Scalar && !node.isQuoted && node.value.isEmpty();
+        return node.kind == DocumentNode::Kind::Scalar && !node.isQuoted && node.value.isEmpty();
     }
 
     /** Behind the closing bracket that follows the last value. */
@@ -205,7 +208,7 @@ private:
         return end;
     }
 
-    int endOfScalar(const Node& node) const
+    int endOfScalar(const DocumentNode& node) const
     {
         switch (at(node.start)) {
         case '"':
@@ -257,7 +260,7 @@ private:
     }
 
     /** Blanks and line ends within a plain text come as one blank or as line feeds. */
-    int endOfPlain(const Node& node) const
+    int endOfPlain(const DocumentNode& node) const
     {
         const QByteArray value = node.value.toUtf8();
         int offset = node.start;
@@ -294,7 +297,7 @@ void refuseTooManyValues(const QByteArray& text)
 
 } // namespace
 
-Node readYaml(const QByteArray& text)
+DocumentNode readYaml(const QByteArray& text)
 {
     refuseTooManyValues(text);
     std::istringstream stream(text.toStdString());
@@ -307,7 +310,7 @@ Node readYaml(const QByteArray& text)
         throw Refusal{
             offset, Text::tr("this is not YAML: %1").arg(QString::fromStdString(failure.msg))};
     }
-    Node root = builder.takeRoot();
+    DocumentNode root = builder.takeRoot();
     EndFinder(text).setEnds(root);
     return root;
 }

@@ -7,7 +7,11 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QFile>
 
-#include <cstdio>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace QuadrelFrame;
 
@@ -38,57 +42,94 @@ QByteArray durationText(std::chrono::nanoseconds duration)
     return QByteArray::number(milliseconds.count(), 'f', 3) + " ms";
 }
 
+int openToAppend(const QString& path)
+{
+    constexpr mode_t readableForAll = 0644;
+    return ::open(QFile::encodeName(path).constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC,
+        readableForAll);
+}
+
 } // namespace
 
 class FrameLog::Private {
 public:
-    void write(const QByteArray& line);
-    bool open(QString& error);
+    /** Of standard error, which has no older files. */
+    Private() = default;
+    Private(const QString& path, qint64 maximumSize, int keptFiles);
+    ~Private();
+    Private(const Private&) = delete;
+    Private& operator=(const Private&) = delete;
 
-    LinkMutex mutex;
-    QFile file LINK_GUARDED_BY(mutex);
-    bool hasFailed LINK_GUARDED_BY(mutex) = false;
-    /** Of standard error there is no older file. */
-    qint64 maximumSize = 0;
-    int keptFiles = 0;
+    bool open();
+    void write(const QByteArray& line);
+    bool hasFailed() const;
 
 private:
-    void rotate() LINK_REQUIRES(mutex);
-    QString olderName(int age) const LINK_REQUIRES(mutex);
+    void rotate() LINK_REQUIRES(m_mutex);
+    QString nameOf(int age) const;
+
+    const QString m_path;
+    const qint64 m_maximumSize = 0;
+    const int m_keptFiles = 0;
+    mutable LinkMutex m_mutex;
+    int m_descriptor LINK_GUARDED_BY(m_mutex) = STDERR_FILENO;
+    bool m_hasFailed LINK_GUARDED_BY(m_mutex) = false;
 };
 
-bool FrameLog::Private::open(QString& error)
+FrameLog::Private::Private(const QString& path, qint64 maximumSize, int keptFiles)
+    : m_path(path)
+    , m_maximumSize(maximumSize)
+    , m_keptFiles(keptFiles)
+    , m_descriptor(-1)
 {
-    const LinkLock lock(mutex);
-    const bool isOpen = file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
-    if (!isOpen)
-        error = file.errorString();
-    return isOpen;
+}
+
+FrameLog::Private::~Private()
+{
+    if (!m_path.isEmpty())
+        close(m_descriptor);
+}
+
+bool FrameLog::Private::open()
+{
+    const LinkLock lock(m_mutex);
+    m_descriptor = openToAppend(m_path);
+    return m_descriptor >= 0;
 }
 
 void FrameLog::Private::write(const QByteArray& line)
 {
-    const LinkLock lock(mutex);
-    if (maximumSize > 0 && file.size() > 0 && file.size() + line.size() > maximumSize)
+    const LinkLock lock(m_mutex);
+    struct stat file = {};
+    const bool isFull = m_maximumSize > 0 && fstat(m_descriptor, &file) == 0 && file.st_size > 0
+        && file.st_size + line.size() > m_maximumSize;
+    if (isFull)
         rotate();
-    if (file.write(line) != line.size())
-        hasFailed = true;
+    // A line at once, so that two programs may share a file.
+    const ssize_t written =
+        ::write(m_descriptor, line.constData(), static_cast<size_t>(line.size()));
+    if (written != line.size())
+        m_hasFailed = true;
+}
+
+bool FrameLog::Private::hasFailed() const
+{
+    const LinkLock lock(m_mutex);
+    return m_hasFailed;
 }
 
 void FrameLog::Private::rotate()
 {
-    file.close();
-    QFile::remove(olderName(keptFiles));
-    for (int age = keptFiles; age > 0; --age)
-        QFile::rename(olderName(age - 1), olderName(age));
-    if (keptFiles == 0)
-        file.remove();
-    file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
+    close(m_descriptor);
+    QFile::remove(nameOf(m_keptFiles));
+    for (int age = m_keptFiles; age > 0; --age)
+        QFile::rename(nameOf(age - 1), nameOf(age));
+    m_descriptor = openToAppend(m_path);
 }
 
-QString FrameLog::Private::olderName(int age) const
+QString FrameLog::Private::nameOf(int age) const
 {
-    return age == 0 ? file.fileName() : QStringLiteral("%1.%2").arg(file.fileName()).arg(age);
+    return age == 0 ? m_path : QStringLiteral("%1.%2").arg(m_path).arg(age);
 }
 
 FrameLog::FrameLog(std::unique_ptr<Private> owned)
@@ -100,26 +141,17 @@ FrameLog::~FrameLog() = default;
 
 std::shared_ptr<FrameLog> FrameLog::toStandardError()
 {
-    auto owned = std::make_unique<Private>();
-    {
-        const LinkLock lock(owned->mutex);
-        owned->file.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered);
-    }
-    return std::shared_ptr<FrameLog>(new FrameLog(std::move(owned)));
+    return std::shared_ptr<FrameLog>(new FrameLog(std::make_unique<Private>()));
 }
 
 std::shared_ptr<FrameLog> FrameLog::toFile(
     const QString& path, QString& error, qint64 maximumSize, int keptFiles)
 {
-    auto owned = std::make_unique<Private>();
-    owned->maximumSize = maximumSize;
-    owned->keptFiles = keptFiles;
-    {
-        const LinkLock lock(owned->mutex);
-        owned->file.setFileName(path);
-    }
-    if (!owned->open(error))
+    auto owned = std::make_unique<Private>(path, maximumSize, keptFiles);
+    if (!owned->open()) {
+        error = qt_error_string(errno);
         return nullptr;
+    }
     return std::shared_ptr<FrameLog>(new FrameLog(std::move(owned)));
 }
 
@@ -135,6 +167,5 @@ void FrameLog::add(const QString& unit, Direction direction, const QByteArray& f
 
 bool FrameLog::hasFailed() const
 {
-    const LinkLock lock(d->mutex);
-    return d->hasFailed;
+    return d->hasFailed();
 }

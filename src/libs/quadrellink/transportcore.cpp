@@ -5,20 +5,20 @@
 
 #include <algorithm>
 
-#include <poll.h>
+#include <sched.h>
 
 using namespace QuadrelFrame;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::microseconds firstWakePause = 10us;
-constexpr std::chrono::microseconds longestWakePause = 4ms;
 /**
- * Replies that follow each other this fast are waited for awake: to sleep and be woken would take
- * as long again.
+ * Until a wake is repeated. Few are lost, and a pause that is shorter than the system's tick makes
+ * an exchange half as long again: the timer has to be set for it.
  */
-constexpr std::chrono::microseconds promptExchange = 150us;
+constexpr std::chrono::milliseconds wakePause = 4ms;
+/** After a wake was lost, the operation is given time to sleep in so many exchanges. */
+constexpr int exchangesAfterLostWake = 1000;
 /** More than any datagram, and many frames of a stream. */
 constexpr std::size_t receiveBufferSize = std::size_t{128} * 1024;
 constexpr int usualUdpRetries = 3;
@@ -121,6 +121,7 @@ std::shared_ptr<UnitSocket> TransportCore::beginExchange(const QByteArray& frame
     m_phase = Phase::Awaiting;
     m_wasSent = false;
     ++m_number;
+    m_processor = sched_getcpu();
     m_mishap = LinkFailure();
     m_exchange = Exchange(frame);
     m_deadline = Deadline(m_timeout);
@@ -157,6 +158,9 @@ void TransportCore::leaveUnusableSocket()
 void TransportCore::finishOperation()
 {
     const LinkLock lock(m_mutex);
+    // A wait that ran out by itself may have ended before its reply is handed in.
+    while (m_outcome)
+        m_settled.wait(m_mutex);
     m_phase = m_phase == Phase::Awaiting ? Phase::Trailing : Phase::Idle;
 }
 
@@ -176,7 +180,9 @@ void TransportCore::work()
 {
     const LinkLock lock(m_mutex);
     while (!m_isStopping) {
-        if (m_isCancelled && isAwaited())
+        if (m_outcome)
+            handIn();
+        else if (m_isCancelled && isAwaited())
             fail(cancelled());
         else if (isAwaited() && m_deadline.isOver())
             runOutOfTime();
@@ -226,63 +232,37 @@ void TransportCore::awaitInput()
 {
     const std::shared_ptr<UnitSocket> socket = m_socket;
     const std::uint64_t number = m_number;
-    const Clock::duration pause = m_phase == Phase::Delivered ? m_wakePause : 0us;
+    const bool wasDelivered = m_phase == Phase::Delivered;
     const Clock::duration limit = untilNextAct();
+    const int processor = m_processor;
     if (m_phase == Phase::Idle)
-        m_awakeUntil = {};
+        m_input.rest();
     int size = 0;
     std::error_code error;
 
     m_mutex.unlock();
-    if (waitForInput(socket.get(), limit))
+    if (processor >= 0)
+        m_input.follow(processor);
+    const InputWait::Events events =
+        m_input.wait(m_wake.descriptor(), socket ? socket->descriptor() : -1, limit);
+    if (events.isWoken)
+        m_wake.clear();
+    if (events.hasInput)
         size = socket->receive(m_buffer.data(), static_cast<int>(m_buffer.size()), error);
     m_mutex.lock();
 
     if (size != 0 && socket == m_socket)
         takeReceived(size, error);
-    repeatWake(number, pause);
+    if (wasDelivered && m_phase == Phase::Delivered && number == m_number)
+        repeatWake();
 }
 
 /** Without an end where there is nothing to do but to receive. */
 TransportCore::Clock::duration TransportCore::untilNextAct() const
 {
     if (m_phase == Phase::Delivered)
-        return m_wakePause;
+        return wakePause;
     return isAwaited() ? m_deadline.left() : Clock::duration::max();
-}
-
-/** Whether the socket has something to tell; false when the time is over or the wake was raised. */
-bool TransportCore::waitForInput(const UnitSocket* socket, Clock::duration limit)
-{
-    pollfd waited[] = {
-        {m_wake.descriptor(), POLLIN, 0}, {socket ? socket->descriptor() : -1, POLLIN, 0}};
-    const auto start = Clock::now();
-    auto now = start;
-    if (now < m_awakeUntil) {
-        const auto end = now + std::min(limit, m_awakeUntil - now);
-        while (poll(waited, 2, 0) == 0 && now < end) {
-            // To whoever has work for this processor; it may be the operation, or the unit.
-            std::this_thread::yield();
-            now = Clock::now();
-        }
-    } else {
-        timespec time = {};
-        const bool isEndless = limit == Clock::duration::max();
-        if (!isEndless) {
-            const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(limit);
-            time.tv_sec = seconds.count();
-            time.tv_nsec = std::chrono::nanoseconds(limit - seconds).count();
-        }
-        ppoll(waited, 2, isEndless ? nullptr : &time, nullptr);
-        now = Clock::now();
-    }
-    if (waited[0].revents)
-        m_wake.clear();
-    if (!waited[1].revents)
-        return false;
-    m_awakeUntil = now - m_lastInput < promptExchange ? now + promptExchange : now;
-    m_lastInput = now;
-    return true;
 }
 
 void TransportCore::takeReceived(int size, const std::error_code& error)
@@ -328,10 +308,7 @@ void TransportCore::takeReply(const FrameView& reply)
     }
     if (m_observer)
         m_observer(m_exchange, reply);
-    const bool isOperationThere = m_phase == Phase::Awaiting;
-    settle();
-    if (isOperationThere)
-        m_unPackage.setRecvPackage(bytesOf(reply));
+    settle({bytesOf(reply), QString()});
 }
 
 /** A stream that has lost its place is of no use any more; a datagram is simply lost. */
@@ -388,13 +365,44 @@ bool TransportCore::sendAgain()
     return true;
 }
 
-/** Wakes again while the number of the exchange is what it was before the pause. */
-void TransportCore::repeatWake(std::uint64_t number, Clock::duration pause)
+/**
+ * Not under the mutex: the operation wakes up at once, and needs it for its next frame. The next
+ * operation can't begin before the outcome is gone.
+ */
+void TransportCore::handIn()
 {
-    if (pause == 0us || m_phase != Phase::Delivered || number != m_number)
+    const Outcome outcome = *m_outcome;
+    m_mutex.unlock();
+    if (outcome.error.isEmpty())
+        m_unPackage.setRecvPackage(outcome.reply);
+    else
+        m_unPackage.setError(outcome.error);
+    m_mutex.lock();
+    m_outcome.reset();
+    m_settled.notify_all();
+    if (m_exchangesToGiveWay > 0)
+        giveWay();
+}
+
+/** Lets an operation sleep that was given its reply too early, and wakes it again. */
+void TransportCore::giveWay()
+{
+    if (m_phase != Phase::Delivered)
         return;
+    const std::uint64_t number = m_number;
+    --m_exchangesToGiveWay;
+    m_mutex.unlock();
+    std::this_thread::yield();
+    m_mutex.lock();
+    if (m_phase == Phase::Delivered && number == m_number)
+        m_unPackage.quitWaitDelay();
+}
+
+/** A wake was lost, or the operation has not come to its next frame yet. */
+void TransportCore::repeatWake()
+{
     m_unPackage.quitWaitDelay();
-    m_wakePause = std::min<Clock::duration>(2 * m_wakePause, longestWakePause);
+    m_exchangesToGiveWay = exchangesAfterLostWake;
 }
 
 bool TransportCore::isAwaited() const
@@ -404,20 +412,18 @@ bool TransportCore::isAwaited() const
 
 void TransportCore::fail(const LinkFailure& failure)
 {
-    const bool isOperationThere = m_phase == Phase::Awaiting;
     m_lastFailure = failure;
     // Half a frame makes the next one unreadable.
     if (m_unsentFrom > 0)
         dropSocket();
-    settle();
-    if (isOperationThere)
-        m_unPackage.setError(failure.text);
+    settle({QByteArray(), failure.text});
 }
 
-void TransportCore::settle()
+void TransportCore::settle(const Outcome& outcome)
 {
     m_unsentFrom = -1;
-    m_wakePause = firstWakePause;
+    if (m_phase == Phase::Awaiting)
+        m_outcome = outcome;
     m_phase = m_phase == Phase::Awaiting ? Phase::Delivered : Phase::Idle;
     m_settled.notify_all();
 }

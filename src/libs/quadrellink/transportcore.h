@@ -2,6 +2,7 @@
 #pragma once
 
 #include "exchange.h"
+#include "inputwait.h"
 #include "linkerror.h"
 #include "linkoptions.h"
 #include "replyreader.h"
@@ -20,6 +21,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -34,8 +36,8 @@ class UnPackage;
  *
  * An operation's wait has no predicate, so a reply that is handed in before the operation sleeps
  * wakes nobody. The wake is therefore repeated until the next frame or the end of the operation has
- * come. All this happens under one mutex, which each new frame takes first: a wake that belongs to
- * one exchange can never reach the next.
+ * come: under the mutex, which each new frame takes first, so that a wake which belongs to one
+ * exchange can never reach the next.
  */
 class TransportCore {
     Q_DECLARE_TR_FUNCTIONS(UnitTransport)
@@ -81,6 +83,11 @@ private:
         Delivered, ///< it was given a reply or a failure, and has not gone on yet
         Trailing   ///< the operation is over, and the reply to its last frame is still to come
     };
+    /** What the operation is given: a reply, or the text of a failure. */
+    struct Outcome {
+        QByteArray reply;
+        QString error;
+    };
     using Clock = Deadline::Clock;
 
     std::shared_ptr<UnitSocket> beginExchange(const QByteArray& frame);
@@ -90,20 +97,21 @@ private:
     void work();
     void transmit() LINK_REQUIRES(m_mutex);
     void awaitInput() LINK_REQUIRES(m_mutex);
-    bool waitForInput(const UnitSocket* socket, Clock::duration limit);
     void takeReceived(int size, const std::error_code& error) LINK_REQUIRES(m_mutex);
     void takeFrames() LINK_REQUIRES(m_mutex);
     void takeReply(const QuadrelFrame::FrameView& reply) LINK_REQUIRES(m_mutex);
     void takeFault(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
     void loseConnection(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
     void runOutOfTime() LINK_REQUIRES(m_mutex);
-    void repeatWake(std::uint64_t number, Clock::duration pause) LINK_REQUIRES(m_mutex);
+    void handIn() LINK_REQUIRES(m_mutex);
+    void giveWay() LINK_REQUIRES(m_mutex);
+    void repeatWake() LINK_REQUIRES(m_mutex);
     Clock::duration untilNextAct() const LINK_REQUIRES(m_mutex);
 
     bool isAwaited() const LINK_REQUIRES(m_mutex);
     bool sendAgain() LINK_REQUIRES(m_mutex);
     void fail(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
-    void settle() LINK_REQUIRES(m_mutex);
+    void settle(const Outcome& outcome) LINK_REQUIRES(m_mutex);
     void dropSocket() LINK_REQUIRES(m_mutex);
 
     LinkFailure noReply() const LINK_REQUIRES(m_mutex);
@@ -122,17 +130,20 @@ private:
     mutable LinkMutex m_mutex;
     std::condition_variable_any m_settled;
     Phase m_phase LINK_GUARDED_BY(m_mutex) = Phase::Idle;
+    /** Until the operation has been given it. */
+    std::optional<Outcome> m_outcome LINK_GUARDED_BY(m_mutex);
     Exchange m_exchange LINK_GUARDED_BY(m_mutex);
     /** Of the frames sent: a wake belongs to one of them. */
     std::uint64_t m_number LINK_GUARDED_BY(m_mutex) = 0;
+    /** On which the operation runs; negative if that is not known. */
+    int m_processor LINK_GUARDED_BY(m_mutex) = -1;
     Deadline m_deadline LINK_GUARDED_BY(m_mutex){-1};
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
     int m_timesSent LINK_GUARDED_BY(m_mutex) = 0;
     /** How much of the frame is out; negative while none of it waits to go out. */
     int m_unsentFrom LINK_GUARDED_BY(m_mutex) = -1;
-    /** Until the next wake. */
-    Clock::duration m_wakePause LINK_GUARDED_BY(m_mutex){};
+    int m_exchangesToGiveWay LINK_GUARDED_BY(m_mutex) = 0;
     bool m_isStopping LINK_GUARDED_BY(m_mutex) = false;
     LinkFailure m_lastFailure LINK_GUARDED_BY(m_mutex);
     /** What came instead of a reply, in this exchange. */
@@ -151,8 +162,6 @@ private:
     // Of the core's thread alone.
     UnitConnector m_connector;
     std::vector<char> m_buffer;
-    Clock::time_point m_lastInput;
-    /** Until then the thread does not sleep. */
-    Clock::time_point m_awakeUntil;
+    InputWait m_input;
     std::thread m_thread;
 };

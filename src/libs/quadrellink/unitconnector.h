@@ -6,18 +6,18 @@
 #include <cstddef>
 #include <memory>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 /** Makes connections to a unit, trying one address of its name after the other. */
 class UnitConnector {
 public:
-    explicit UnitConnector(const UnitAddress& address)
+    /** With addresses that are known already, no name is looked up before they are all tried. */
+    explicit UnitConnector(const UnitAddress& address, std::vector<Endpoint> endpoints = {})
         : m_address(address)
+        , m_endpoints(std::move(endpoints))
     {
     }
-
-    /** Forgets the addresses: the next connection looks the name up, and begins with the first. */
-    void restart() { m_endpoints.clear(); }
 
     /**
      * Connects to the next address that accepts. Each gets its share of what is left of the time.
