@@ -15,10 +15,9 @@
 #include "settingsfile.h"
 
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QMutexLocker>
 #include <QtCore/QSettings>
 #include <QtCore/QStringList>
-
-#include <chrono>
 
 namespace {
 
@@ -193,7 +192,10 @@ void UnPackage::sendPackage(QByteArray package)
 
 bool UnPackage::waitResponsed(QString label, QString& error)
 {
-    if (!sleepUntilWoken()) {
+    m_mutex.lock();
+    const bool woken = m_waitCondition.wait(&m_mutex, QDeadlineTimer(m_timeout));
+    m_mutex.unlock();
+    if (!woken) {
         error = label + tr("超时！");
         return false;
     }
@@ -201,18 +203,6 @@ bool UnPackage::waitResponsed(QString label, QString& error)
         error = m_errorText;
         return false;
     }
-    return true;
-}
-
-/** False if the wait time has run out. */
-bool UnPackage::sleepUntilWoken()
-{
-    std::unique_lock<std::mutex> lock(m_mutex);
-    const auto isWoken = [this, before = m_wakes] { return m_wakes != before; };
-    constexpr int noLimit = -1;
-    if (m_timeout != noLimit)
-        return m_woken.wait_for(lock, std::chrono::milliseconds(m_timeout), isWoken);
-    m_woken.wait(lock, isWoken);
     return true;
 }
 
@@ -231,12 +221,8 @@ void UnPackage::setError(QString error)
 
 void UnPackage::quitWaitDelay()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        ++m_wakes;
-    }
-    // Not under the mutex: whoever wakes up takes it at once.
-    m_woken.notify_all();
+    const QMutexLocker locker(&m_mutex);
+    m_waitCondition.wakeAll();
 }
 
 void UnPackage::slot_runReadPackage(DataPackageType type)

@@ -9,11 +9,10 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QMetaType>
+#include <QtCore/QMutex>
 #include <QtCore/QObject>
 #include <QtCore/QString>
-
-#include <condition_variable>
-#include <mutex>
+#include <QtCore/QWaitCondition>
 
 class DeviceManagerModel;
 
@@ -323,7 +322,6 @@ private:
     /** Internal: lets the link lift the wait of its own object, and give it a registry. */
     friend class UnPackageAccess;
 
-    bool sleepUntilWoken();
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
     bool readEverything(QString& error);
@@ -371,10 +369,8 @@ private:
     QString m_errorText;
     int m_timeout = 0;
     unsigned char m_labels = 0;
-    std::mutex m_mutex;
-    std::condition_variable m_woken;
-    /** How often quitWaitDelay() was called. */
-    unsigned int m_wakes = 0;
+    QMutex m_mutex;
+    QWaitCondition m_waitCondition;
     bool m_retainIP = true;
     SystemModel m_configModel;
     EventModel m_eventModel;
