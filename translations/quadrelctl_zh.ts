@@ -726,24 +726,24 @@ Examples:</source>
         <translation>路径</translation>
     </message>
     <message>
-        <source>Change single values of a file or, with --unit, of a unit</source>
-        <translation>修改文件（或用 --unit 指定的设备）中的单个值</translation>
+        <source>Change single values of a file or a unit</source>
+        <translation>修改文件或设备中的单个值</translation>
     </message>
     <message>
         <source>FILE unless there is --unit; then PATH=VALUE</source>
         <translation>没有 --unit 时先写 FILE；然后是 PATH=VALUE</translation>
     </message>
     <message>
-        <source>Print single values of a file or, with --unit, of a unit</source>
-        <translation>打印文件（或用 --unit 指定的设备）中的单个值</translation>
+        <source>Print single values of a file or a unit</source>
+        <translation>打印文件或设备中的单个值</translation>
     </message>
     <message>
         <source>FILE unless there is --unit; then PATH</source>
         <translation>没有 --unit 时先写 FILE；然后是 PATH</translation>
     </message>
     <message>
-        <source>Remove single records or values of a file or, with --unit, of a unit</source>
-        <translation>删除文件（或用 --unit 指定的设备）中的单个记录或值</translation>
+        <source>Remove single records or values of a file or a unit</source>
+        <translation>删除文件或设备中的单个记录或值</translation>
     </message>
     <message>
         <source>Edit a file or what a unit holds, in $VISUAL or $EDITOR</source>

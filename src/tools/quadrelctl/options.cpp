@@ -342,17 +342,17 @@ void addPathCommand(CLI::App& app, CommandLine& line, const char* name, const QS
 void addPathCommands(CLI::App& app, CommandLine& line)
 {
     addPathCommand<SetOptions>(app, line, "set",
-        Tool::tr("Change single values of a file or, with --unit, of a unit"),
+        Tool::tr("Change single values of a file or a unit"),
         Tool::tr("FILE unless there is --unit; then PATH=VALUE"), runSet, &SetOptions::assignments,
         {"set hall.yaml 'events[8].description=Display off'",
             "set --unit hall 'triggers[2].line=COM B-1' 'events[40]={delay: 500}'"},
         true);
     addPathCommand<PathOptions>(app, line, "get",
-        Tool::tr("Print single values of a file or, with --unit, of a unit"),
+        Tool::tr("Print single values of a file or a unit"),
         Tool::tr("FILE unless there is --unit; then PATH"), runGet, &PathOptions::paths,
         {"get hall.yaml 'events[8].name'", "get --unit hall device.version"}, false);
     addPathCommand<PathOptions>(app, line, "unset",
-        Tool::tr("Remove single records or values of a file or, with --unit, of a unit"),
+        Tool::tr("Remove single records or values of a file or a unit"),
         Tool::tr("FILE unless there is --unit; then PATH"), runUnset, &PathOptions::paths,
         {"unset hall.yaml 'events[40]'", "unset --unit hall 'events[8].name'"}, true);
 }
