@@ -142,10 +142,15 @@ std::shared_ptr<UnitSocket> TransportCore::beginExchange(const QByteArray& frame
 void TransportCore::handOver(const std::shared_ptr<UnitSocket>& socket, int sent)
 {
     const LinkLock lock(m_mutex);
-    if (m_phase != Phase::Awaiting || socket != m_socket)
+    if (socket != m_socket)
         return;
-    m_unsentFrom = sent;
-    m_wake.raise();
+    if (m_phase == Phase::Awaiting) {
+        m_unsentFrom = sent;
+        m_wake.raise();
+    } else if (sent > 0) {
+        // The exchange was given up meanwhile; half a frame makes the next one unreadable.
+        dropSocket();
+    }
 }
 
 /** An operation before may have left it in mid-frame, or the unit may have closed it since. */

@@ -1,0 +1,66 @@
+#include "interrupts.h"
+#include "tool.h"
+
+#include <QtTest/QtTest>
+
+#include <cerrno>
+#include <csignal>
+#include <vector>
+
+#include <sys/resource.h>
+
+namespace {
+
+/** What ends the program at the user's wish. */
+std::vector<sighandler_t> handlers()
+{
+    std::vector<sighandler_t> found;
+    for (const int signal : {SIGINT, SIGTERM}) {
+        struct sigaction action = {};
+        sigaction(signal, nullptr, &action);
+        found.push_back(action.sa_handler);
+    }
+    return found;
+}
+
+} // namespace
+
+class TestInterrupts : public QObject {
+    Q_OBJECT
+
+private slots:
+    void areNotWatchedWithoutADescriptor();
+    void throwOnceThereWasOne();
+};
+
+/** A signal that nothing would notice must keep its usual effect. */
+void TestInterrupts::areNotWatchedWithoutADescriptor()
+{
+    const std::vector<sighandler_t> handlersBefore = handlers();
+    rlimit before = {};
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit none = {0, before.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    QString failure;
+    try {
+        Interrupts::watch();
+    } catch (const CommandFailure& error) {
+        failure = error.text;
+    }
+    setrlimit(RLIMIT_NOFILE, &before);
+    QCOMPARE(failure, QStringLiteral("interrupts can't be watched: ") + qt_error_string(EMFILE));
+    QVERIFY(handlers() == handlersBefore);
+}
+
+void TestInterrupts::throwOnceThereWasOne()
+{
+    Interrupts::watch();
+    Interrupts::throwIfAny();
+    raise(SIGTERM);
+    QVERIFY_EXCEPTION_THROWN(Interrupts::throwIfAny(), CommandFailure);
+    QVERIFY_EXCEPTION_THROWN(Interrupts::pause(-1), CommandFailure);
+    QVERIFY_EXCEPTION_THROWN(Interrupts::awaitInput(-1), CommandFailure);
+}
+
+QTEST_GUILESS_MAIN(TestInterrupts)
+#include "tst_interrupts.moc"
