@@ -1,13 +1,12 @@
 #include "interrupts.h"
 #include "tool.h"
+#include "withoutdescriptors.h"
 
 #include <QtTest/QtTest>
 
 #include <cerrno>
 #include <csignal>
 #include <vector>
-
-#include <sys/resource.h>
 
 namespace {
 
@@ -37,17 +36,13 @@ private slots:
 void TestInterrupts::areNotWatchedWithoutADescriptor()
 {
     const std::vector<sighandler_t> handlersBefore = handlers();
-    rlimit before = {};
-    getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit none = {0, before.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &none);
     QString failure;
     try {
+        const WithoutDescriptors none;
         Interrupts::watch();
     } catch (const CommandFailure& error) {
         failure = error.text;
     }
-    setrlimit(RLIMIT_NOFILE, &before);
     QCOMPARE(failure, QStringLiteral("interrupts can't be watched: ") + qt_error_string(EMFILE));
     QVERIFY(handlers() == handlersBefore);
 }
