@@ -30,6 +30,15 @@ int retriesOf(const UnitAddress& address, int retries)
     return address.protocol == UnitAddress::Udp ? usualUdpRetries : 0;
 }
 
+QString placeText(std::uint32_t address)
+{
+    const std::optional<NamedPlace> place = namedPlace(address);
+    if (!place)
+        return QStringLiteral("0x%1").arg(address, 8, 16, QLatin1Char('0'));
+    return QCoreApplication::translate("Place", place->name)
+        + QString::fromStdString(place->position);
+}
+
 QByteArray bytesOf(const FrameView& frame)
 {
     return QByteArray(frame.bytes(), static_cast<int>(frame.size()));
@@ -451,11 +460,7 @@ LinkFailure TransportCore::noReply() const
 {
     if (m_mishap)
         return m_mishap;
-    const FrameView request = m_exchange.view();
-    const std::string name = placeName(request.address());
-    const QString place = name.empty()
-        ? QStringLiteral("0x%1").arg(request.address(), 8, 16, QLatin1Char('0'))
-        : QString::fromStdString(name);
+    const QString place = placeText(m_exchange.view().address());
     const QString text = m_exchange.isRead()
         ? tr("%1 has not answered the read of %2 within %3 ms")
         : tr("%1 has not answered the write of %2 within %3 ms");
