@@ -2,17 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en_US">
 <context>
-    <name>PackageTrigger</name>
-    <message>
-        <source>输入-高电平</source>
-        <translation>输入-高电平</translation>
-    </message>
-    <message>
-        <source>输入-低电平</source>
-        <translation>输入-低电平</translation>
-    </message>
-</context>
-<context>
     <name>quadrelctl</name>
     <message>
         <source>%1 is no subnet mask for a unit</source>
@@ -33,10 +22,6 @@
     <message>
         <source>the same as this machine&apos;s</source>
         <translation>与本机相同</translation>
-    </message>
-    <message>
-        <source>%1 days %2</source>
-        <translation>%1 天 %2</translation>
     </message>
     <message>
         <source>%1 ahead of this machine&apos;s</source>
@@ -73,18 +58,6 @@
     <message>
         <source>none</source>
         <translation>无</translation>
-    </message>
-    <message>
-        <source>delay</source>
-        <translation>延时</translation>
-    </message>
-    <message>
-        <source>command %1</source>
-        <translation>命令 %1</translation>
-    </message>
-    <message>
-        <source>text: %1</source>
-        <translation>文本：%1</translation>
     </message>
     <message>
         <source>Port</source>
@@ -271,16 +244,8 @@
         <translation>%1：不是普通文件</translation>
     </message>
     <message>
-        <source>%1: the file is empty</source>
-        <translation>%1：文件为空</translation>
-    </message>
-    <message>
         <source>the output can&apos;t be written</source>
         <translation>无法写出结果</translation>
-    </message>
-    <message>
-        <source>there is no terminal to confirm on; --yes goes on without</source>
-        <translation>没有可供确认的终端；用 --yes 可不经确认继续</translation>
     </message>
     <message>
         <source>Old</source>
@@ -299,18 +264,8 @@
         <translation>没有任何更改</translation>
     </message>
     <message>
-        <source>The unit has taken the address %1.
-</source>
-        <translation>设备已采用地址 %1。
-</translation>
-    </message>
-    <message>
         <source>the name of the file is empty</source>
         <translation>文件名为空</translation>
-    </message>
-    <message>
-        <source>Where the unit is, as in tcp://192.168.1.10:3801</source>
-        <translation>设备的位置，例如 tcp://192.168.1.10:3801</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is no address of a unit: tcp://HOST:PORT or udp://HOST:PORT</source>
@@ -333,10 +288,6 @@
         <translation>读取在网络上搜索到的唯一一台设备</translation>
     </message>
     <message>
-        <source>Save to a project file</source>
-        <translation>保存到工程文件</translation>
-    </message>
-    <message>
         <source>Show or set a unit&apos;s clock</source>
         <translation>显示或设置设备的时钟</translation>
     </message>
@@ -347,34 +298,6 @@
     <message>
         <source>&quot;%1&quot; is no time of the years 2000 to 2099 in the form &quot;2026/11/14  06:05:49&quot;, with two blanks</source>
         <translation>“%1”不是 2000 至 2099 年间、形如“2026/11/14  06:05:49”（中间两个空格）的时间</translation>
-    </message>
-    <message>
-        <source>Show what a project file holds</source>
-        <translation>显示工程文件的内容</translation>
-    </message>
-    <message>
-        <source>The project file</source>
-        <translation>工程文件</translation>
-    </message>
-    <message>
-        <source>Write a project file to a unit</source>
-        <translation>把工程文件写入设备</translation>
-    </message>
-    <message>
-        <source>Write these sections alone: config, events, triggers</source>
-        <translation>只写入这些部分：config、events、triggers</translation>
-    </message>
-    <message>
-        <source>List each change</source>
-        <translation>列出每一处更改</translation>
-    </message>
-    <message>
-        <source>Tell what would change, and write nothing</source>
-        <translation>只说明会有哪些更改，不写入</translation>
-    </message>
-    <message>
-        <source>Remove the unit&apos;s time triggers, which no file holds</source>
-        <translation>删除设备的定时触发（文件不保存定时触发）</translation>
     </message>
     <message>
         <source>Give a unit a fixed address</source>
@@ -421,20 +344,12 @@
         <translation>按地址写入的映像</translation>
     </message>
     <message>
-        <source>The upgrade&apos;s descriptor, to be shown</source>
-        <translation>升级的描述文件，仅供显示</translation>
-    </message>
-    <message>
         <source>Write the remark of an image to a unit</source>
         <translation>把映像的备注写入设备</translation>
     </message>
     <message>
         <source>Find the units on the network</source>
         <translation>查找网络上的设备</translation>
-    </message>
-    <message>
-        <source>Print the address of the first unit alone</source>
-        <translation>只输出第一台设备的地址</translation>
     </message>
     <message>
         <source>Search as long as an upgrade may take, for units of any model</source>
@@ -445,206 +360,8 @@
         <translation>通过网络配置控制设备。</translation>
     </message>
     <message>
-        <source>not a regular file</source>
-        <translation>不是普通文件</translation>
-    </message>
-    <message>
-        <source>a document type has no place in a project file</source>
-        <translation>工程文件中不允许有文档类型声明</translation>
-    </message>
-    <message>
-        <source>%1: %2 records of &quot;%3&quot; were left out: of another shape, or too many</source>
-        <translation>%1：“%3”中有 %2 条记录被略去：格式不符，或数量过多</translation>
-    </message>
-    <message>
-        <source>no section of a project file is there</source>
-        <translation>其中没有工程文件的任何部分</translation>
-    </message>
-    <message>
         <source>the file can&apos;t be written; what was there before still is</source>
         <translation>文件无法写入；原有内容没有改变</translation>
-    </message>
-    <message>
-        <source>event names are not saved: %1 records</source>
-        <translation>事件名称不保存：%1 条记录</translation>
-    </message>
-    <message>
-        <source>event types without a word are not saved: %1 records</source>
-        <translation>没有对应文字的事件类型不保存：%1 条记录</translation>
-    </message>
-    <message>
-        <source>Modbus triggers are not saved: %1 records</source>
-        <translation>Modbus 触发不保存：%1 条记录</translation>
-    </message>
-    <message>
-        <source>the ids of triggers are not saved: %1 records</source>
-        <translation>触发的编号不保存：%1 条记录</translation>
-    </message>
-    <message>
-        <source>time triggers are not saved: %1 records</source>
-        <translation>定时触发不保存：%1 条记录</translation>
-    </message>
-    <message>
-        <source>the unit&apos;s event names are lost, no file holds them: %1 records</source>
-        <translation>设备的事件名称将丢失，文件不保存它们：%1 条记录</translation>
-    </message>
-    <message>
-        <source>the file has no word for the types of some of the unit&apos;s events, which follow from the commands again: %1 records</source>
-        <translation>文件没有表示设备某些事件类型的文字，它们将重新由命令得出：%1 条记录</translation>
-    </message>
-    <message>
-        <source>the unit&apos;s Modbus triggers are lost, no file holds them: %1 records</source>
-        <translation>设备的 Modbus 触发将丢失，文件不保存它们：%1 条记录</translation>
-    </message>
-    <message>
-        <source>the unit&apos;s triggers are numbered anew, no file holds their ids: %1 records</source>
-        <translation>设备的触发将重新编号，文件不保存它们的编号：%1 条记录</translation>
-    </message>
-    <message>
-        <source>the unit&apos;s time triggers are removed: %1 records</source>
-        <translation>设备的定时触发将被删除：%1 条记录</translation>
-    </message>
-    <message>
-        <source>event %1</source>
-        <translation>事件 %1</translation>
-    </message>
-    <message>
-        <source>%1: its command has more than %2 bytes</source>
-        <translation>%1：命令超过 %2 个字节</translation>
-    </message>
-    <message>
-        <source>%1: its description has more than %2 characters</source>
-        <translation>%1：描述超过 %2 个字符</translation>
-    </message>
-    <message>
-        <source>trigger %1</source>
-        <translation>触发 %1</translation>
-    </message>
-    <message>
-        <source>%1: its parameter has more than %2 bytes</source>
-        <translation>%1：参数超过 %2 个字节</translation>
-    </message>
-    <message>
-        <source>%1: it runs more than %2 events</source>
-        <translation>%1：要执行的事件超过 %2 个</translation>
-    </message>
-    <message>
-        <source>serial port %1</source>
-        <translation>串口 %1</translation>
-    </message>
-    <message>
-        <source>baud rate</source>
-        <translation>波特率</translation>
-    </message>
-    <message>
-        <source>data bits</source>
-        <translation>数据位</translation>
-    </message>
-    <message>
-        <source>stop bits</source>
-        <translation>停止位</translation>
-    </message>
-    <message>
-        <source>inspection</source>
-        <translation>校验</translation>
-    </message>
-    <message>
-        <source>IO line %1</source>
-        <translation>IO 线路 %1</translation>
-    </message>
-    <message>
-        <source>type</source>
-        <translation>类型</translation>
-    </message>
-    <message>
-        <source>id</source>
-        <translation>编号</translation>
-    </message>
-    <message>
-        <source>command</source>
-        <translation>命令</translation>
-    </message>
-    <message>
-        <source>description</source>
-        <translation>描述</translation>
-    </message>
-    <message>
-        <source>kind</source>
-        <translation>种类</translation>
-    </message>
-    <message>
-        <source>line</source>
-        <translation>线路</translation>
-    </message>
-    <message>
-        <source>parameter</source>
-        <translation>参数</translation>
-    </message>
-    <message>
-        <source>events</source>
-        <translation>事件</translation>
-    </message>
-    <message>
-        <source>time trigger %1</source>
-        <translation>定时触发 %1</translation>
-    </message>
-    <message>
-        <source>repeat</source>
-        <translation>重复</translation>
-    </message>
-    <message>
-        <source>from</source>
-        <translation>开始</translation>
-    </message>
-    <message>
-        <source>until</source>
-        <translation>结束</translation>
-    </message>
-    <message>
-        <source>weekdays</source>
-        <translation>星期</translation>
-    </message>
-    <message>
-        <source>time</source>
-        <translation>时间</translation>
-    </message>
-    <message>
-        <source>delays that are no whole number of 10 ms, up to 65530 ms, can&apos;t be written as they are: %1 records</source>
-        <translation>不是 10 毫秒整数倍或超过 65530 毫秒的延时无法原样写入：%1 条记录</translation>
-    </message>
-    <message>
-        <source>serial triggers on COM D-3 and COM D-4 read back as COM D-4 and COM A-1: %1 records</source>
-        <translation>COM D-3 和 COM D-4 上的串口触发读回时成为 COM D-4 和 COM A-1：%1 条记录</translation>
-    </message>
-    <message>
-        <source>triggers and time triggers without an event are written with the event 0: %1 records</source>
-        <translation>没有事件的触发和定时触发将以事件 0 写入：%1 条记录</translation>
-    </message>
-    <message>
-        <source>a unit has room for %1 events</source>
-        <translation>设备最多容纳 %1 个事件</translation>
-    </message>
-    <message>
-        <source>a unit has room for %1 triggers and time triggers together, not for %2</source>
-        <translation>设备最多共容纳 %1 个触发和定时触发，容不下 %2 个</translation>
-    </message>
-    <message>
-        <source>The remark of %1 was written.
-</source>
-        <translation>%1 的备注已写入。
-</translation>
-    </message>
-    <message>
-        <source>The unit was told to restart with its default address.
-</source>
-        <translation>已通知设备以默认地址重启。
-</translation>
-    </message>
-    <message>
-        <source>The unit restarts and keeps its address.
-</source>
-        <translation>设备正在重启，地址保持不变。
-</translation>
     </message>
     <message>
         <source>interrupted</source>
@@ -655,80 +372,8 @@
         <translation>%1：“%2”部分缺失或为空</translation>
     </message>
     <message>
-        <source>Upgrade of module %1 to version %2
-</source>
-        <translation>把模块 %1 升级到版本 %2
-</translation>
-    </message>
-    <message>
-        <source>
-The unit may hold half an image. Run the upgrade again, without switching the unit off.</source>
-        <translation>
-设备中的映像可能不完整。请不要关闭设备电源，重新运行升级。</translation>
-    </message>
-    <message>
-        <source>both images were sent, but the unit has not come back within %1 ms (Upgrade/timeout in configWidget.ini)</source>
-        <translation>两个映像都已发送，但设备没有在 %1 毫秒（configWidget.ini 中的 Upgrade/timeout）内恢复</translation>
-    </message>
-    <message>
-        <source>The unit is back with version %1; it was %2.
-</source>
-        <translation>设备已恢复，版本为 %1；原版本为 %2。
-</translation>
-    </message>
-    <message>
         <source>%1 % sent</source>
         <translation>已发送 %1 %</translation>
-    </message>
-    <message>
-        <source>%1: the section for &quot;%2&quot; is missing or empty</source>
-        <translation>%1：“%2”所在的部分缺失或为空</translation>
-    </message>
-    <message>
-        <source>serial ports and IO lines</source>
-        <translation>串口和 IO 线路</translation>
-    </message>
-    <message>
-        <source>triggers</source>
-        <translation>触发</translation>
-    </message>
-    <message>
-        <source>time triggers</source>
-        <translation>定时触发</translation>
-    </message>
-    <message>
-        <source>%1: %2 on the unit, %3 to be written; %4 changed, %5 added, %6 removed
-</source>
-        <translation>%1：设备上 %2 条，要写入 %3 条；更改 %4 条，增加 %5 条，删除 %6 条
-</translation>
-    </message>
-    <message>
-        <source>not as written: %1</source>
-        <translation>与写入的不同：%1</translation>
-    </message>
-    <message>
-        <source>the unit does not hold what was written to it</source>
-        <translation>设备上的内容与写入的不同</translation>
-    </message>
-    <message>
-        <source>--drop-time-triggers goes with the section of triggers</source>
-        <translation>--drop-time-triggers 须与 triggers 部分一起使用</translation>
-    </message>
-    <message>
-        <source>%1: the section &quot;%2&quot; is missing or empty; it is not written</source>
-        <translation>%1：“%2”部分缺失或为空；不写入该部分</translation>
-    </message>
-    <message>
-        <source>
-The unit may hold some of the new records beside old ones.</source>
-        <translation>
-设备上可能同时有部分新记录和旧记录。</translation>
-    </message>
-    <message>
-        <source>Written and read back: the unit holds what the file says.
-</source>
-        <translation>已写入并读回：设备上的内容与文件一致。
-</translation>
     </message>
     <message>
         <source>Print this help and exit</source>
@@ -815,10 +460,6 @@ The unit may hold some of the new records beside old ones.</source>
         <translation>没有 “%1” 这个命令</translation>
     </message>
     <message>
-        <source>a project file can&apos;t be made of these contents</source>
-        <translation>这些内容无法存成工程文件</translation>
-    </message>
-    <message>
         <source>the disk is full; what was there before still is</source>
         <translation>磁盘已满；原来的内容保持不变</translation>
     </message>
@@ -847,14 +488,388 @@ The unit may hold some of the new records beside old ones.</source>
         <translation>无法监视中断信号：%1</translation>
     </message>
     <message>
-        <source>
-(Communication/timeout in configWidget.ini is 0: no unit can answer in that time)</source>
-        <translation>
-（configWidget.ini 中的 Communication/timeout 为 0：没有设备能在此时间内应答）</translation>
+        <source>There are no backups: no unit was changed from here.</source>
+        <translation>没有备份：尚未从此处修改过任何设备。</translation>
     </message>
     <message>
-        <source>Reconnecting to the device</source>
-        <translation>正在重新连接设备</translation>
+        <source>Before</source>
+        <translation>之前的操作</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n day(s) %1</source>
+        <translation>
+            <numerusform>%n 天 %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The clock says %1.</source>
+        <translation>时钟显示 %1。</translation>
+    </message>
+    <message>
+        <source>Set it to the time of this machine?</source>
+        <translation>设为本机时间？</translation>
+    </message>
+    <message>
+        <source>Set it to %1?</source>
+        <translation>设为 %1？</translation>
+    </message>
+    <message>
+        <source>there is no terminal to ask on, and nothing was sent; --yes goes on without asking, --dry-run shows what would be done</source>
+        <translation>没有可供询问的终端，未发送任何内容；--yes 不询问直接执行，--dry-run 只显示将要做的事</translation>
+    </message>
+    <message>
+        <source>Dry run: nothing was changed.</source>
+        <translation>试运行：未作任何修改。</translation>
+    </message>
+    <message>
+        <source>high level</source>
+        <translation>高电平</translation>
+    </message>
+    <message>
+        <source>low level</source>
+        <translation>低电平</translation>
+    </message>
+    <message>
+        <source>serial</source>
+        <translation>串口</translation>
+    </message>
+    <message>
+        <source>Modbus</source>
+        <translation>Modbus</translation>
+    </message>
+    <message>
+        <source>input</source>
+        <translation>输入</translation>
+    </message>
+    <message>
+        <source>every day</source>
+        <translation>每天</translation>
+    </message>
+    <message>
+        <source>weekly</source>
+        <translation>每周</translation>
+    </message>
+    <message>
+        <source>once</source>
+        <translation>一次</translation>
+    </message>
+    <message>
+        <source>Mon</source>
+        <translation>周一</translation>
+    </message>
+    <message>
+        <source>Tue</source>
+        <translation>周二</translation>
+    </message>
+    <message>
+        <source>Wed</source>
+        <translation>周三</translation>
+    </message>
+    <message>
+        <source>Thu</source>
+        <translation>周四</translation>
+    </message>
+    <message>
+        <source>Fri</source>
+        <translation>周五</translation>
+    </message>
+    <message>
+        <source>Sat</source>
+        <translation>周六</translation>
+    </message>
+    <message>
+        <source>Sun</source>
+        <translation>周日</translation>
+    </message>
+    <message>
+        <source>forever</source>
+        <translation>永久</translation>
+    </message>
+    <message>
+        <source>wait %1 ms</source>
+        <translation>等待 %1 毫秒</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither a file nor the name or address of a unit</source>
+        <translation>“%1” 既不是文件，也不是设备的名称或地址</translation>
+    </message>
+    <message>
+        <source>%1  (model 0x%2, serial number %3, version %4)</source>
+        <translation>%1  （型号 0x%2，序列号 %3，版本 %4）</translation>
+    </message>
+    <message>
+        <source>not compared, since one side does not have them: %1</source>
+        <translation>未比较（其中一方没有）：%1</translation>
+    </message>
+    <message>
+        <source>nothing was changed: the text still has errors. It is in %1</source>
+        <translation>未作任何修改：文本仍有错误。文本保存在 %1</translation>
+    </message>
+    <message>
+        <source>Nothing was changed.</source>
+        <translation>未作任何修改。</translation>
+    </message>
+    <message>
+        <source>
+The text is in %1</source>
+        <translation>
+文本保存在 %1</translation>
+    </message>
+    <message>
+        <source>the editor &quot;%1&quot; has failed, and nothing was changed; set EDITOR to another one. The text is in %2</source>
+        <translation>编辑器 “%1” 出错，未作任何修改；请把 EDITOR 设为其他编辑器。文本保存在 %2</translation>
+    </message>
+    <message>
+        <source>%1: a project file can&apos;t be made of this</source>
+        <translation>%1：无法生成工程文件</translation>
+    </message>
+    <message>
+        <source>%1: the name must end in .yaml, .json or .xml</source>
+        <translation>%1：文件名必须以 .yaml、.json 或 .xml 结尾</translation>
+    </message>
+    <message>
+        <source>
+Nothing was sent; --force goes on all the same.</source>
+        <translation>
+未发送任何内容；--force 可强制继续。</translation>
+    </message>
+    <message>
+        <source>The unit may have either address; &quot;quadrelctl discover&quot; shows which.</source>
+        <translation>设备可能使用新旧任一地址；用 “quadrelctl discover” 查看。</translation>
+    </message>
+    <message>
+        <source>The unit has taken the address %1.</source>
+        <translation>设备已使用地址 %1。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number from %2 to %3</source>
+        <translation>“%1” 不是 %2 到 %3 之间的数字</translation>
+    </message>
+    <message>
+        <source>The unit: its name in the settings, or its address as in tcp://192.168.1.10:3801</source>
+        <translation>设备：设置中的名称，或地址，例如 tcp://192.168.1.10:3801</translation>
+    </message>
+    <message>
+        <source>Show what would be done, and change nothing</source>
+        <translation>只显示将要做的事，不作修改</translation>
+    </message>
+    <message>
+        <source>Options of every command: --timeout, --retries, --log, --quiet, --yes, --no-pager, --language; see quadrelctl --help
+
+Examples:</source>
+        <translation>所有命令的选项：--timeout、--retries、--log、--quiet、--yes、--no-pager、--language；见 quadrelctl --help
+
+示例：</translation>
+    </message>
+    <message>
+        <source>Show and save these sections alone: %1</source>
+        <translation>只显示并保存这些部分：%1</translation>
+    </message>
+    <message>
+        <source>Save to a document, .yaml or .json, or to a project file, .xml</source>
+        <translation>保存为文档（.yaml 或 .json）或工程文件（.xml）</translation>
+    </message>
+    <message>
+        <source>Show what a file holds</source>
+        <translation>显示文件内容</translation>
+    </message>
+    <message>
+        <source>A document or a project file</source>
+        <translation>文档或工程文件</translation>
+    </message>
+    <message>
+        <source>Look for mistakes in files</source>
+        <translation>检查文件中的错误</translation>
+    </message>
+    <message>
+        <source>Documents and project files</source>
+        <translation>文档和工程文件</translation>
+    </message>
+    <message>
+        <source>Save a file in another form, by the ending of its name</source>
+        <translation>按文件名后缀把文件存成另一种格式</translation>
+    </message>
+    <message>
+        <source>A name that ends in .yaml, .json or .xml</source>
+        <translation>以 .yaml、.json 或 .xml 结尾的文件名</translation>
+    </message>
+    <message>
+        <source>Compare two files or units; exit code 0 if they are the same, 1 if not</source>
+        <translation>比较两个文件或设备；相同时退出码为 0，不同时为 1</translation>
+    </message>
+    <message>
+        <source>A file, or a unit&apos;s name or address</source>
+        <translation>文件，或设备的名称或地址</translation>
+    </message>
+    <message>
+        <source>Write a file to a unit, and read it back</source>
+        <translation>把文件写入设备并回读</translation>
+    </message>
+    <message>
+        <source>Write these sections alone: %1</source>
+        <translation>只写入这些部分：%1</translation>
+    </message>
+    <message>
+        <source>Write what another unit holds; address, serial number and model stay</source>
+        <translation>写入另一台设备的内容；地址、序列号和型号不变</translation>
+    </message>
+    <message>
+        <source>FILE or --unit</source>
+        <translation>FILE 或 --unit</translation>
+    </message>
+    <message>
+        <source>a path</source>
+        <translation>路径</translation>
+    </message>
+    <message>
+        <source>Change single values of a file or a unit</source>
+        <translation>修改文件或设备中的单个值</translation>
+    </message>
+    <message>
+        <source>FILE unless there is --unit; then PATH=VALUE</source>
+        <translation>没有 --unit 时先写 FILE；然后是 PATH=VALUE</translation>
+    </message>
+    <message>
+        <source>Print single values of a file or a unit</source>
+        <translation>打印文件或设备中的单个值</translation>
+    </message>
+    <message>
+        <source>FILE unless there is --unit; then PATH</source>
+        <translation>没有 --unit 时先写 FILE；然后是 PATH</translation>
+    </message>
+    <message>
+        <source>Remove single records or values of a file or a unit</source>
+        <translation>删除文件或设备中的单个记录或值</translation>
+    </message>
+    <message>
+        <source>Edit a file or what a unit holds, in $VISUAL or $EDITOR</source>
+        <translation>用 $VISUAL 或 $EDITOR 编辑文件或设备内容</translation>
+    </message>
+    <message>
+        <source>Bring back what a unit held before its last change from here</source>
+        <translation>恢复设备在上次从此处修改之前的内容</translation>
+    </message>
+    <message>
+        <source>List what was kept of units before they were changed</source>
+        <translation>列出修改前保存的设备备份</translation>
+    </message>
+    <message>
+        <source>Those of the unit with this serial number alone</source>
+        <translation>只列出该序列号的设备</translation>
+    </message>
+    <message>
+        <source>The upgrade&apos;s descriptor; model and version are compared with the unit&apos;s</source>
+        <translation>升级说明文件；其中的型号和版本会与设备比较</translation>
+    </message>
+    <message>
+        <source>Go on with files that look wrong, or with the version that is installed</source>
+        <translation>即使文件看起来不对，或版本与已安装的相同，也继续</translation>
+    </message>
+    <message>
+        <source>Print the address of the first unit that answers, and end</source>
+        <translation>打印第一台应答设备的地址后结束</translation>
+    </message>
+    <message>
+        <source>How long a unit has for one answer, in milliseconds; for discover how long it searches</source>
+        <translation>每次应答的时限（毫秒）；对 discover 是查找的时长</translation>
+    </message>
+    <message>
+        <source>How often a request without an answer is repeated</source>
+        <translation>没有应答的请求重复多少次</translation>
+    </message>
+    <message>
+        <source>Write down each frame in a file; - for standard error</source>
+        <translation>把每一帧记录到文件；- 表示标准错误</translation>
+    </message>
+    <message>
+        <source>Show results, warnings and errors alone</source>
+        <translation>只显示结果、警告和错误</translation>
+    </message>
+    <message>
+        <source>Do not show long output in a pager</source>
+        <translation>不用分页程序显示长输出</translation>
+    </message>
+    <message>
+        <source>Write the remark of %1 to %2?</source>
+        <translation>把 %1 的备注写入 %2？</translation>
+    </message>
+    <message>
+        <source>The remark of %1 was written.</source>
+        <translation>已写入 %1 的备注。</translation>
+    </message>
+    <message>
+        <source>The unit restarts, and goes back from %1 to its default address.</source>
+        <translation>设备将重启，并从 %1 恢复为默认地址。</translation>
+    </message>
+    <message>
+        <source>Restart it with its default address?</source>
+        <translation>以默认地址重启？</translation>
+    </message>
+    <message>
+        <source>The unit would restart, and keep the address %1.</source>
+        <translation>设备将会重启，并保留地址 %1。</translation>
+    </message>
+    <message>
+        <source>The unit was told to restart with its default address.</source>
+        <translation>已通知设备以默认地址重启。</translation>
+    </message>
+    <message>
+        <source>The unit restarts and keeps its address.</source>
+        <translation>设备正在重启，地址不变。</translation>
+    </message>
+    <message>
+        <source>%1: nothing to undo: the unit with serial number %2 was not changed from here</source>
+        <translation>%1：没有可撤销的操作：尚未从此处修改过序列号为 %2 的设备</translation>
+    </message>
+    <message>
+        <source>Back to what was before &quot;%1&quot;, from %2</source>
+        <translation>恢复到 “%1” 之前的内容，来自 %2</translation>
+    </message>
+    <message>
+        <source>The unit holds all of this already; nothing is written.</source>
+        <translation>设备已有全部内容；不写入。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Write %n change(s) to %1?</source>
+        <translation>
+            <numerusform>把 %n 处修改写入 %1？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Written and read back. &quot;quadrelctl undo --unit %1&quot; takes it back.</source>
+        <translation>已写入并回读。用 “quadrelctl undo --unit %1” 可撤销。</translation>
+    </message>
+    <message>
+        <source>%1, %2 bytes</source>
+        <translation>%1，%2 字节</translation>
+    </message>
+    <message>
+        <source>New version</source>
+        <translation>新版本</translation>
+    </message>
+    <message>
+        <source>Streamed image</source>
+        <translation>流式映像</translation>
+    </message>
+    <message>
+        <source>Addressed image</source>
+        <translation>寻址映像</translation>
+    </message>
+    <message>
+        <source>Replace the unit&apos;s firmware?</source>
+        <translation>更换设备固件？</translation>
+    </message>
+    <message>
+        <source>The unit is back with version %1; it was %2.</source>
+        <translation>设备已恢复，版本为 %1；之前是 %2。</translation>
+    </message>
+    <message>
+        <source>Communication/timeout in configWidget.ini is 0, and no unit can answer in that time</source>
+        <translation>configWidget.ini 中的 Communication/timeout 为 0，设备不可能在此时间内应答</translation>
     </message>
 </context>
 </TS>

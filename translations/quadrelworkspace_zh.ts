@@ -347,5 +347,21 @@
         <source>read the unit&apos;s version when it is back</source>
         <translation>设备重新上线后请读取其版本</translation>
     </message>
+    <message>
+        <source>setting the clock</source>
+        <translation>设置时钟</translation>
+    </message>
+    <message>
+        <source>setting the network address</source>
+        <translation>设置网络地址</translation>
+    </message>
+    <message>
+        <source>restarting the unit</source>
+        <translation>重启设备</translation>
+    </message>
+    <message>
+        <source>writing the remark</source>
+        <translation>写入备注</translation>
+    </message>
 </context>
 </TS>

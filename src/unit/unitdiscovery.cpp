@@ -37,7 +37,7 @@ QByteArray DiscoveryReply::garbageDatagram() const
 UnitDiscovery::UnitDiscovery(QObject* parent)
     : QObject(parent)
 {
-    connect(&m_socket, &QUdpSocket::readyRead, this, &UnitDiscovery::takeDatagrams);
+    connect(&m_socket, &QUdpSocket::readyRead, this, &UnitDiscovery::takeTurn);
 }
 
 bool UnitDiscovery::listen(const QHostAddress& address, quint16 port, QString* error)
@@ -49,9 +49,10 @@ bool UnitDiscovery::listen(const QHostAddress& address, quint16 port, QString* e
     return false;
 }
 
-void UnitDiscovery::takeDatagrams()
+void UnitDiscovery::takeTurn()
 {
-    while (m_socket.hasPendingDatagrams()) {
+    // What is left comes next turn.
+    for (int i = 0; i < searchesATurn && m_socket.hasPendingDatagrams(); ++i) {
         const QNetworkDatagram datagram = m_socket.receiveDatagram();
         if (m_isSilent || datagram.data() != searchText())
             continue;

@@ -37,6 +37,7 @@ class UnitDiscovery : public QObject {
 
 public:
     static constexpr quint16 defaultPort = 3800;
+    static constexpr int searchesATurn = 16;
 
     explicit UnitDiscovery(QObject* parent = nullptr);
 
@@ -52,7 +53,7 @@ signals:
     void searched(const QString& peer);
 
 private:
-    void takeDatagrams();
+    void takeTurn();
     void reply(const QHostAddress& address, quint16 port);
 
     QUdpSocket m_socket;

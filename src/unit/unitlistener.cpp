@@ -6,14 +6,22 @@
 #include <QtNetwork/QTcpSocket>
 
 #include <algorithm>
+#include <cerrno>
 
-#include <unistd.h>
+#include <sys/socket.h>
 
 namespace QuadrelUnit {
 
 namespace {
 
 constexpr int acceptRetryMilliseconds = 100;
+constexpr int clientsATurn = 16;
+
+/** True if an accept failed with the one client that it was about; others may wait. */
+bool concernsOneClient(int error)
+{
+    return error == ECONNABORTED || error == EINTR || error == EPROTO;
+}
 
 UnitListener::TimeSource runningTime()
 {
@@ -31,9 +39,10 @@ UnitListener::UnitListener(QObject* parent)
     m_acceptRetry.setSingleShot(true);
     m_acceptRetry.setInterval(acceptRetryMilliseconds);
     m_idleCheck.setSingleShot(true);
-    connect(&m_server, &QTcpServer::newConnection, this, &UnitListener::takeConnections);
-    connect(&m_server, &QTcpServer::acceptError, this, &UnitListener::tellOfFailedAccept);
-    connect(&m_acceptRetry, &QTimer::timeout, this, &UnitListener::retryAccept);
+    connect(&m_acceptRetry, &QTimer::timeout, this, [this] {
+        if (m_arrivals)
+            m_arrivals->setEnabled(true);
+    });
     connect(&m_idleCheck, &QTimer::timeout, this, &UnitListener::closeIdleConnections);
 }
 
@@ -46,14 +55,22 @@ UnitListener::~UnitListener()
 
 bool UnitListener::listen(const QHostAddress& address, quint16 port, QString* error)
 {
-    if (m_server.listen(address, port))
-        return true;
-    *error = m_server.errorString();
-    return false;
+    if (!m_server.listen(address, port)) {
+        *error = m_server.errorString();
+        return false;
+    }
+    // A server of the framework keeps the first error of its socket, be it only that nobody waits
+    // any more: without free files it would then try without end and say nothing.
+    m_server.pauseAccepting();
+    m_arrivals =
+        std::make_unique<QSocketNotifier>(m_server.socketDescriptor(), QSocketNotifier::Read);
+    connect(m_arrivals.get(), &QSocketNotifier::activated, this, &UnitListener::takeConnections);
+    return true;
 }
 
 void UnitListener::close()
 {
+    m_arrivals.reset();
     m_server.close();
     const QList<UnitConnection*> connections = m_connections.keys();
     for (UnitConnection* connection : connections)
@@ -69,9 +86,19 @@ void UnitListener::dropConnections()
 
 void UnitListener::takeConnections()
 {
-    while (QTcpSocket* socket = m_server.nextPendingConnection()) {
-        m_toldOfFailedAccept = false;
-        takeConnection(socket);
+    const int listening = static_cast<int>(m_server.socketDescriptor());
+    for (int i = 0; i < clientsATurn; ++i) {
+        const int descriptor = accept4(listening, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+        if (descriptor >= 0) {
+            m_toldOfFailedAccept = false;
+            auto* socket = new QTcpSocket(this);
+            socket->setSocketDescriptor(descriptor);
+            takeConnection(socket);
+        } else if (!concernsOneClient(errno)) {
+            if (errno != EAGAIN)
+                tellOfFailedAccept(errno);
+            return;
+        }
     }
 }
 
@@ -106,30 +133,15 @@ bool UnitListener::isFull()
     return true;
 }
 
-void UnitListener::tellOfFailedAccept()
+void UnitListener::tellOfFailedAccept(int error)
 {
-    // The server has stopped to look for clients: those that wait are taken when there is room.
+    // Those that wait are taken when there is room.
+    m_arrivals->setEnabled(false);
     m_acceptRetry.start();
     if (!m_toldOfFailedAccept)
         emit notice(QStringLiteral("a client cannot connect: %1; trying again")
-                        .arg(m_server.errorString()));
+                        .arg(qt_error_string(error)));
     m_toldOfFailedAccept = true;
-}
-
-void UnitListener::retryAccept()
-{
-    if (!m_server.isListening())
-        return;
-    const int descriptor = dup(static_cast<int>(m_server.socketDescriptor()));
-    if (descriptor < 0) {
-        m_acceptRetry.start();
-        return;
-    }
-    // A socket of the framework keeps its first error and meets it at each accept: a new one, over
-    // the same queue of clients, has none.
-    m_server.close();
-    if (!m_server.setSocketDescriptor(descriptor))
-        ::close(descriptor);
 }
 
 void UnitListener::forget(UnitConnection* connection)

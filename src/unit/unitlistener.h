@@ -4,10 +4,12 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QObject>
+#include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
 #include <QtNetwork/QTcpServer>
 
 #include <functional>
+#include <memory>
 
 namespace QuadrelUnit {
 
@@ -53,12 +55,13 @@ private:
     void takeConnections();
     void takeConnection(QTcpSocket* socket);
     bool isFull();
-    void tellOfFailedAccept();
-    void retryAccept();
+    void tellOfFailedAccept(int error);
     void forget(UnitConnection* connection);
     void closeIdleConnections();
 
+    /** Holds the port; it accepts nobody. */
     QTcpServer m_server;
+    std::unique_ptr<QSocketNotifier> m_arrivals;
     /** Each with the time when it was last active. */
     QHash<UnitConnection*, qint64> m_connections;
     int m_maximumConnections = defaultConnections;

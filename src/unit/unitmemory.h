@@ -16,7 +16,7 @@ namespace QuadrelUnit {
 class UnitMemory {
 public:
     static constexpr int pageSize = 4096;
-    static constexpr qint64 defaultLimit = 64 * 1024 * 1024;
+    static constexpr qint64 defaultLimit = Q_INT64_C(64) * 1024 * 1024;
 
     /** The most that the pages may take together, in bytes. */
     void setLimit(qint64 bytes) { m_limit = bytes; }

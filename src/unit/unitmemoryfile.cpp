@@ -159,6 +159,11 @@ bool UnitMemoryFile::exists() const
 
 bool UnitMemoryFile::load(QString* error)
 {
+    // Opening a pipe would wait for its other end.
+    if (exists() && !QFileInfo(m_path).isFile()) {
+        *error = QStringLiteral("cannot read %1: it is no regular file").arg(m_path);
+        return false;
+    }
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly)) {
         *error = QStringLiteral("cannot read %1: %2").arg(m_path, file.errorString());

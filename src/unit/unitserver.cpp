@@ -1,5 +1,6 @@
 #include "unitserver.h"
 
+#include "quadrelframe.h"
 #include "unitconnection.h"
 #include "unitendpoint.h"
 
@@ -13,12 +14,14 @@ namespace {
 
 constexpr int portRetryMilliseconds = 100;
 
-int sizeOf(const UnitDelivery& delivery)
+/** What a late reply counts: one without a byte takes room until then, too. */
+int lateSizeOf(const UnitDelivery& delivery)
 {
+    constexpr int least = QuadrelFrame::headSize + QuadrelFrame::trailerSize;
     int size = 0;
     for (const QByteArray& piece : delivery.pieces)
         size += piece.size();
-    return size;
+    return std::max(size, least);
 }
 
 } // namespace
@@ -142,7 +145,7 @@ void UnitServer::deliver(const UnitDelivery& delivery, bool restarts, const Rout
         return;
     }
     constexpr qint64 nanosecondsInOne = 1000000;
-    const int size = sizeOf(delivery);
+    const int size = lateSizeOf(delivery);
     route.addLateBytes(size);
     m_schedule.callAt(nextDue() + delivery.delay * nanosecondsInOne, [size, route, finish] {
         route.addLateBytes(-size);

@@ -27,7 +27,7 @@ public:
         Complete
     };
 
-    static constexpr qint64 defaultLimit = 64 * 1024 * 1024;
+    static constexpr qint64 defaultLimit = Q_INT64_C(64) * 1024 * 1024;
 
     /** The most that both images may have together, in bytes. */
     void setLimit(qint64 bytes) { m_limit = bytes; }

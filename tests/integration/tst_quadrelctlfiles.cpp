@@ -1,8 +1,4 @@
 #include "programs.h"
-#include "unitaddresses.h"
-#include "unitblocks.h"
-#include "unitmemoryfile.h"
-#include "unitsample.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -38,17 +34,6 @@ QByteArray smallProject()
            "</DataPackage>\n";
 }
 
-/** A memory file with the sample, but that its first trigger has no events. */
-bool saveSampleWithoutEvents(const QString& path)
-{
-    using namespace QuadrelUnit;
-    ControlUnit unit;
-    writeSample(unit.memory());
-    unit.memory().write(Address::triggers, IoTriggerRecord{11, false, {}, QString()}.block());
-    QString error;
-    return UnitMemoryFile(path, &unit).save(&error);
-}
-
 } // namespace
 
 /** read --save, show and write. */
@@ -56,7 +41,9 @@ class TestQuadrelctlFiles : public QObject {
     Q_OBJECT
 
 private slots:
+    void savesAndShows_data();
     void savesAndShows();
+    void savesAProjectFile();
     void savesOverALink();
     void leavesTheOldFileOnFailure_data();
     void leavesTheOldFileOnFailure();
@@ -64,68 +51,69 @@ private slots:
     void leavesTheOldFileWhenTheUnitFails();
     void leavesTheOldFileOnAFullDisk();
     void keepsPermissions();
-    void showsWhatIsThere_data();
-    void showsWhatIsThere();
     void letsNoTextActOnTheTerminal();
     void refusesDamagedFiles_data();
     void refusesDamagedFiles();
     void refusesWhatIsNoFile();
-    void warnsOfSkippedRecords();
-    void writesAndReadsBack();
-    void writesOneSection_data();
-    void writesOneSection();
-    void refusesAMissingSection();
-    void keepsTimeTriggers();
-    void dropsTimeTriggers();
-    void refusesToDropWithoutTriggers();
-    void writesNothingOnADryRun();
-    void listsChanges();
-    void warnsOfLosses();
-    void refusesWhatCannotBeReadBack();
-    void tellsWhatDiffers();
-    void tellsAFailedWrite();
-    void goesRound();
+    void checksFiles_data();
+    void checksFiles();
+    void checksSeveralFiles();
+    void convertsFiles_data();
+    void convertsFiles();
+    void refusesNamesWithoutAForm();
+    void namesWhatAProjectFileCannotHold();
+    void compares_data();
+    void compares();
+    void comparesWithAUnit();
+    void hasTroubleComparing_data();
+    void hasTroubleComparing();
 };
 
+void TestQuadrelctlFiles::savesAndShows_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("YAML") << QStringLiteral("u.yaml");
+    QTest::newRow("JSON") << QStringLiteral("u.json");
+}
+
 void TestQuadrelctlFiles::savesAndShows()
+{
+    QFETCH(QString, name);
+    const SimulatorProcess unit;
+    ControlTool tool;
+    const QString file = tool.path(name);
+    const ToolResult read = tool.run({QStringLiteral("read"), unitOption, unit.address(),
+        QStringLiteral("--save"), file, jsonOption});
+    QCOMPARE(read.errors, QString());
+    QCOMPARE(read.exitCode, 0);
+    QCOMPARE(QDir(tool.path(QString())).entryList({name + QLatin1Char('*')}, QDir::Files),
+        QStringList{name});
+
+    const ToolResult show = tool.run({QStringLiteral("show"), file, jsonOption});
+    QCOMPARE(show.errors, QString());
+    QJsonObject held = parse(read.output);
+    // The clock runs on, and no document holds it.
+    QVERIFY(!held.take(QStringLiteral("clock")).isUndefined());
+    QCOMPARE(parse(show.output), held);
+    QCOMPARE(tool.run({QStringLiteral("check"), file}).exitCode, 0);
+}
+
+/** What such a file has no place for is listed, record by record. */
+void TestQuadrelctlFiles::savesAProjectFile()
 {
     const SimulatorProcess unit;
     ControlTool tool;
     const QString file = tool.path(QStringLiteral("p.xml"));
-    const ToolResult read = tool.run({QStringLiteral("read"), unitOption, unit.address(),
-        QStringLiteral("--save"), file, jsonOption});
+    const ToolResult read = tool.run(
+        {QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"), file});
     QCOMPARE(read.exitCode, 0);
-    // What a file can't carry, with the number of records.
-    QVERIFY(read.errors.contains(QStringLiteral("event names are not saved: 18 records")));
-    QVERIFY(read.errors.contains(
-        QStringLiteral("event types without a word are not saved: 19 records")));
-    QVERIFY(read.errors.contains(QStringLiteral("Modbus triggers are not saved: 2 records")));
-    QVERIFY(read.errors.contains(QStringLiteral("the ids of triggers are not saved: 10 records")));
-    QVERIFY(read.errors.contains(QStringLiteral("time triggers are not saved: 7 records")));
-    QCOMPARE(QDir(tool.path(QString())).entryList({QStringLiteral("p.xml*")}, QDir::Files),
-        QStringList{QStringLiteral("p.xml")});
-
-    const ToolResult show = tool.run({QStringLiteral("show"), file, jsonOption});
-    QCOMPARE(show.exitCode, 0);
-    const QJsonObject unitJson = parse(read.output);
-    const QJsonObject fileJson = parse(show.output);
-    QCOMPARE(fileJson.keys(),
-        QStringList({QStringLiteral("events"), QStringLiteral("ioLines"),
-            QStringLiteral("serialPorts"), QStringLiteral("triggers")}));
-    QCOMPARE(fileJson[QStringLiteral("serialPorts")], unitJson[QStringLiteral("serialPorts")]);
-    QCOMPARE(fileJson[QStringLiteral("ioLines")], unitJson[QStringLiteral("ioLines")]);
-    const QJsonArray events = fileJson[QStringLiteral("events")].toArray();
-    const QJsonArray unitEvents = unitJson[QStringLiteral("events")].toArray();
-    QCOMPARE(events.size(), unitEvents.size());
-    for (int i = 0; i < events.size(); ++i) {
-        QJsonObject expected = unitEvents.at(i).toObject();
-        expected[QStringLiteral("name")] = QString();
-        if (expected[QStringLiteral("type")].toInt() != 5)
-            expected[QStringLiteral("type")] = 0;
-        QCOMPARE(events.at(i).toObject(), expected);
-    }
-    QCOMPARE(fileJson[QStringLiteral("triggers")].toArray().size(), 8);
-    QVERIFY(show.errors.contains(QStringLiteral("2 records of \"Triggers\" were left out")));
+    QVERIFY(ControlTool::contentsOf(file).contains("<DataPackage"));
+    for (const char* record : {"events[1]", "triggers[4]", "timeTriggers"})
+        QVERIFY2(read.errors.contains(QLatin1String(record)), qPrintable(read.errors));
+    const QStringList lines = read.errors.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString& line : lines)
+        QVERIFY2(line.startsWith(file + QStringLiteral(": warning: ")), qPrintable(line));
+    QCOMPARE(tool.run({QStringLiteral("show"), file}).errors, QString());
 }
 
 void TestQuadrelctlFiles::savesOverALink()
@@ -261,52 +249,14 @@ void TestQuadrelctlFiles::keepsPermissions()
     QCOMPARE(modeOf(fresh), static_cast<int>(0666 & ~mask));
 }
 
-void TestQuadrelctlFiles::showsWhatIsThere_data()
-{
-    QTest::addColumn<QByteArray>("contents");
-    QTest::addColumn<QStringList>("keys");
-    QTest::addColumn<QStringList>("missing");
-    QByteArray noEvents = smallProject();
-    noEvents.replace("Events", "Other");
-    QByteArray emptyTriggers = smallProject();
-    const int start = emptyTriggers.indexOf("<TriggerInfo>");
-    emptyTriggers.remove(start, emptyTriggers.indexOf("</Triggers>") - start);
-    const QString events = QStringLiteral("events");
-    const QString lines = QStringLiteral("ioLines");
-    const QString ports = QStringLiteral("serialPorts");
-    const QString triggers = QStringLiteral("triggers");
-    QTest::newRow("all") << smallProject() << QStringList{events, lines, ports, triggers}
-                         << QStringList{};
-    QTest::newRow("no events") << noEvents << QStringList{lines, ports, triggers}
-                               << QStringList{QStringLiteral("Events")};
-    QTest::newRow("empty triggers") << emptyTriggers << QStringList{events, lines, ports}
-                                    << QStringList{QStringLiteral("Triggers")};
-}
-
-void TestQuadrelctlFiles::showsWhatIsThere()
-{
-    QFETCH(QByteArray, contents);
-    QFETCH(QStringList, keys);
-    QFETCH(QStringList, missing);
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), contents);
-    const ToolResult json = tool.run({QStringLiteral("show"), file, jsonOption});
-    QCOMPARE(json.exitCode, 0);
-    QCOMPARE(parse(json.output).keys(), keys);
-    for (const QString& section : missing)
-        QVERIFY(json.errors.contains(
-            QStringLiteral("the section \"%1\" is missing or empty").arg(section)));
-    QCOMPARE(json.errors.isEmpty(), missing.isEmpty());
-    QCOMPARE(tool.run({QStringLiteral("show"), file}).exitCode, 0);
-}
-
 void TestQuadrelctlFiles::letsNoTextActOnTheTerminal()
 {
-    const SimulatorProcess unit;
     ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"),
-        smallProject().replace("wait", QStringLiteral("a\u009b31mb\u202ec").toUtf8()));
-    const QString visible = QStringLiteral("a\\u009b31mb\\u202ec");
+    const QString file = tool.write(QStringLiteral("u.yaml"),
+        "format: quadrel-unit/1\nevents:\n  - id: 8\n    protocol: 01 02\n"
+        "    description: \"a\\e]0;owned\\ab\\u202ec\\nd\"\n");
+    const QString plain = QStringLiteral("a\x1b]0;owned\ab\u202ec\nd");
+    const QString visible = QStringLiteral("a\\u001b]0;owned\\u0007b\\u202ec\\nd");
     const ToolResult table = tool.run({QStringLiteral("show"), file});
     QVERIFY2(table.output.contains(visible), qPrintable(table.output));
     const ToolResult json = tool.run({QStringLiteral("show"), file, jsonOption});
@@ -316,50 +266,69 @@ void TestQuadrelctlFiles::letsNoTextActOnTheTerminal()
                  .at(0)
                  .toObject()[QStringLiteral("description")]
                  .toString(),
-        QStringLiteral("a\u009b31mb\u202ec"));
-    const ToolResult diff = tool.run({QStringLiteral("write"), unitOption, unit.address(), file,
-        QStringLiteral("--dry-run"), QStringLiteral("--diff")});
+        plain);
+    const QString other =
+        tool.write(QStringLiteral("v.yaml"), "format: quadrel-unit/1\nevents: []\n");
+    const ToolResult diff = tool.run({QStringLiteral("diff"), file, other});
     QVERIFY2(diff.output.contains(visible), qPrintable(diff.output));
-    const ToolResult error = tool.run({QStringLiteral("show"), QStringLiteral("\x1b]0;x\x07")});
-    QCOMPARE(error.errors, QStringLiteral("\\u001b]0;x\\u0007: The file could not be opened!\n"));
+    const ToolResult value =
+        tool.run({QStringLiteral("get"), file, QStringLiteral("events[8].description")});
+    QVERIFY(!value.output.contains(QLatin1Char('\x1b')));
+    const ToolResult error =
+        tool.run({QStringLiteral("show"), QStringLiteral("\x1b]0;x\x07.yaml")});
+    QVERIFY2(error.errors.startsWith(QStringLiteral("\\u001b]0;x\\u0007.yaml: ")),
+        qPrintable(error.errors));
 }
 
 void TestQuadrelctlFiles::refusesDamagedFiles_data()
 {
     QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("message");
     QByteArray bomb = "<?xml version=\"1.0\"?><!DOCTYPE a [<!ENTITY a \"aaaaaaaaaa\">";
     for (char name = 'b'; name <= 'z'; ++name)
         bomb += QByteArray("<!ENTITY ") + name + " \""
             + (QByteArray("&") + static_cast<char>(name - 1) + ';').repeated(10) + "\">";
     bomb += "]><DataPackage><Events>&z;</Events></DataPackage>";
-    QByteArray twice = smallProject();
-    twice.replace("</Events>",
-        "<EventInfo><ID>7</ID><EventType/><ProtocolType/><Protocol/><Instruction/></EventInfo>"
-        "</Events>");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no XML") << QByteArray("once upon a time");
-    QTest::newRow("cut off") << smallProject().chopped(40);
-    QTest::newRow("binary") << QByteArray("\0\1\2\xff\xfe", 5);
-    QTest::newRow("another encoding than it says")
-        << smallProject().replace("wait", "\xff\xfe\xff");
-    QTest::newRow("no section") << QByteArray("<DataPackage><Device>x</Device></DataPackage>");
-    QTest::newRow("no child") << QByteArray("<DataPackage/>");
-    QTest::newRow("entity bomb") << bomb;
-    QTest::newRow("deep") << QByteArray("<a>").repeated(1000000);
-    QTest::newRow("deep and closed")
-        << QByteArray("<a>").repeated(100000) + QByteArray("</a>").repeated(100000);
-    QTest::newRow("one id twice") << twice;
+    const QString malformed = QStringLiteral("this is not well-formed XML: ");
+    const QString noSection = QStringLiteral(
+        "1:1: no section of a project file has a record; Configs, Events and Triggers are known");
+    QTest::newRow("empty") << QByteArray()
+                           << QStringLiteral("1:1: ") + malformed
+            + QStringLiteral("Premature end of document.");
+    QTest::newRow("no XML") << QByteArray("once upon a time")
+                            << QStringLiteral("1:2: ") + malformed
+            + QStringLiteral("Start tag expected.");
+    QTest::newRow("cut off") << smallProject().chopped(
+        40) << QStringLiteral("6:177: ") + malformed + QStringLiteral("Premature end of document.");
+    QTest::newRow("binary") << QByteArray("\0\1\2\xff\xfe", 5)
+                            << QStringLiteral("1:1: ") + malformed
+            + QStringLiteral("Encountered incorrectly encoded content.");
+    QTest::newRow("another encoding than it says") << smallProject().replace("wait", "\xff\xfe\xff")
+                                                   << QStringLiteral("1:39: ") + malformed
+            + QStringLiteral("Encountered incorrectly encoded content.");
+    QTest::newRow("no section") << QByteArray("<DataPackage><Device>x</Device></DataPackage>")
+                                << noSection;
+    QTest::newRow("no child") << QByteArray("<DataPackage/>") << noSection;
+    QTest::newRow("entity bomb") << bomb
+                                 << QStringLiteral(
+                                        "1:22: a document type has no place in a project file");
+    QTest::newRow("deep") << QByteArray("<a>").repeated(100000)
+                          << QStringLiteral(
+                                 "1:4: warning: the element \"a\" is never read; Device, "
+                                 "Configs, Events and Triggers are known");
 }
 
 void TestQuadrelctlFiles::refusesDamagedFiles()
 {
     QFETCH(QByteArray, contents);
+    QFETCH(QString, message);
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("p.xml"), contents);
     const ToolResult result = tool.run({QStringLiteral("show"), file});
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.output, QString());
-    QVERIFY2(result.errors.startsWith(file + QStringLiteral(": ")), qPrintable(result.errors));
+    QCOMPARE(
+        result.errors.section(QLatin1Char('\n'), 0, 0), QStringLiteral("%1:%2").arg(file, message));
 }
 
 void TestQuadrelctlFiles::refusesWhatIsNoFile()
@@ -373,261 +342,186 @@ void TestQuadrelctlFiles::refusesWhatIsNoFile()
     }
 }
 
-void TestQuadrelctlFiles::warnsOfSkippedRecords()
+void TestQuadrelctlFiles::checksFiles_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QStringList>("places");
+    const QByteArray head = "format: quadrel-unit/1\n";
+    QTest::newRow("good") << QStringLiteral("u.yaml") << head + "events: []\n" << QStringList();
+    QTest::newRow("an unknown key") << QStringLiteral("u.yaml") << head + "colour: red\n"
+                                    << QStringList{QStringLiteral("2:1")};
+    QTest::newRow("all in one go")
+        << QStringLiteral("u.yaml")
+        << head + "events:\n  - {id: 300, delay: 1}\n  - {id: 1, delay: -1}\n"
+        << QStringList{QStringLiteral("3:10"), QStringLiteral("4:20")};
+    QTest::newRow("JSON") << QStringLiteral(
+        "u.json") << QByteArray("{\n  \"format\": \"quadrel-unit/1\",\n  \"colour\": 1\n}\n")
+                          << QStringList{QStringLiteral("3:3")};
+    QTest::newRow("a project file")
+        << QStringLiteral("p.xml") << smallProject().replace("输入-高电平", "input-high")
+        << QStringList{QStringLiteral("6:110")};
+}
+
+void TestQuadrelctlFiles::checksFiles()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, contents);
+    QFETCH(QStringList, places);
+    ControlTool tool;
+    const QString file = tool.write(name, contents);
+    const ToolResult result = tool.run({QStringLiteral("check"), file});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.exitCode, places.isEmpty() ? 0 : 1);
+    const QStringList lines = result.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), places.size());
+    for (int i = 0; i < lines.size(); ++i)
+        QVERIFY2(lines.at(i).startsWith(QStringLiteral("%1:%2: ").arg(file, places.at(i))),
+            qPrintable(lines.at(i)));
+}
+
+/** A warning is no reason to fail. */
+void TestQuadrelctlFiles::checksSeveralFiles()
 {
     ControlTool tool;
-    QByteArray contents = smallProject();
-    contents.replace("</Events>", "<EventInfo><ID>8</ID></EventInfo></Events>");
-    contents.replace("</Configs>", "<COM><BaudRate>9600</BaudRate></COM></Configs>");
-    const QString file = tool.write(QStringLiteral("p.xml"), contents);
-    const ToolResult result = tool.run({QStringLiteral("show"), file});
+    const QString note = tool.write(QStringLiteral("a.yaml"),
+        "format: quadrel-unit/1\nevents:\n  - {id: 1, delay: 10}\ntriggers: []\ntimeTriggers: "
+        "[]\n");
+    const QString error = tool.write(QStringLiteral("b.yaml"), "format: quadrel-unit/2\n");
+    const ToolResult one = tool.run({QStringLiteral("check"), note});
+    QVERIFY2(one.output.startsWith(note + QStringLiteral(":3:"))
+            && one.output.contains(QStringLiteral("note: ")),
+        qPrintable(one.output));
+    QCOMPARE(one.exitCode, 0);
+    const ToolResult both = tool.run({QStringLiteral("check"), note, error});
+    QVERIFY(both.output.startsWith(one.output));
+    QVERIFY2(both.output.contains(error + QStringLiteral(":1:")), qPrintable(both.output));
+    QCOMPARE(both.exitCode, 1);
+}
+
+void TestQuadrelctlFiles::convertsFiles_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    for (const char* from : {"yaml", "json", "xml"}) {
+        for (const char* to : {"yaml", "json", "xml"})
+            QTest::newRow(
+                qPrintable(QStringLiteral("%1 to %2").arg(QLatin1String(from), QLatin1String(to))))
+                << QString::fromLatin1(from) << QString::fromLatin1(to);
+    }
+}
+
+void TestQuadrelctlFiles::convertsFiles()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    ControlTool tool;
+    const QString project = tool.write(QStringLiteral("p.xml"), smallProject());
+    const QString source = tool.path(QStringLiteral("source.") + from);
+    const QString target = tool.path(QStringLiteral("target.") + to);
+    QCOMPARE(tool.run({QStringLiteral("convert"), project, source}).exitCode, 0);
+    const ToolResult result = tool.run({QStringLiteral("convert"), source, target});
+    QCOMPARE(result.output, QString());
     QCOMPARE(result.exitCode, 0);
-    QVERIFY(result.errors.contains(QStringLiteral("1 records of \"Events\" were left out")));
-    QVERIFY(result.errors.contains(QStringLiteral("1 records of \"Configs\" were left out")));
+    const ToolResult same = tool.run({QStringLiteral("diff"), source, target});
+    QCOMPARE(same.output, QString());
+    QCOMPARE(same.exitCode, 0);
 }
 
-void TestQuadrelctlFiles::writesAndReadsBack()
-{
-    const SimulatorProcess unit({QStringLiteral("--ports"), QStringLiteral("1"),
-        QStringLiteral("--io"), QStringLiteral("1")});
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const ToolResult write = tool.run({QStringLiteral("write"), unitOption, unit.address(), file});
-    QCOMPARE(write.errors, QString());
-    QCOMPARE(write.exitCode, 0);
-    QVERIFY(write.output.contains(QStringLiteral("events: 0 on the unit, 1 to be written; "
-                                                 "0 changed, 1 added, 0 removed")));
-    QVERIFY(write.output.contains(QStringLiteral("Written and read back")));
-
-    const QJsonObject json =
-        parse(tool.run({QStringLiteral("read"), unitOption, unit.address(), jsonOption}).output);
-    const QJsonObject port = json[QStringLiteral("serialPorts")].toArray().at(0).toObject();
-    QCOMPARE(port[QStringLiteral("baudRate")].toInt(), 9600);
-    QCOMPARE(json[QStringLiteral("ioLines")].toArray().at(0).toObject()[QStringLiteral("type")],
-        QJsonValue(2));
-    const QJsonObject event = json[QStringLiteral("events")].toArray().at(0).toObject();
-    QCOMPARE(event[QStringLiteral("protocol")].toString(), QStringLiteral("25*10ms"));
-    const QJsonObject trigger = json[QStringLiteral("triggers")].toArray().at(0).toObject();
-    QCOMPARE(trigger[QStringLiteral("line")].toString(), QStringLiteral("IO B-2"));
-    QCOMPARE(trigger[QStringLiteral("eventIds")].toArray(), QJsonArray({7}));
-}
-
-void TestQuadrelctlFiles::writesOneSection_data()
-{
-    QTest::addColumn<QString>("only");
-    QTest::addColumn<int>("events");
-    QTest::addColumn<int>("triggers");
-    QTest::addColumn<int>("baudRate");
-    QTest::newRow("config") << QStringLiteral("config") << 32 << 10 << 9600;
-    QTest::newRow("events") << QStringLiteral("events") << 1 << 10 << 115200;
-    QTest::newRow("triggers") << QStringLiteral("triggers") << 32 << 1 << 115200;
-    QTest::newRow("two") << QStringLiteral("events,triggers") << 1 << 1 << 115200;
-}
-
-void TestQuadrelctlFiles::writesOneSection()
-{
-    QFETCH(QString, only);
-    // The sample has nine ports, of which a write of one port leaves eight alone.
-    const SimulatorProcess unit;
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const ToolResult write = tool.run({QStringLiteral("write"), unitOption, unit.address(),
-        QStringLiteral("--only"), only, file});
-    QVERIFY2(write.exitCode == 0 || only == QStringLiteral("config"), qPrintable(write.errors));
-    const QJsonObject json =
-        parse(tool.run({QStringLiteral("read"), unitOption, unit.address(), jsonOption}).output);
-    QTEST(json[QStringLiteral("events")].toArray().size(), "events");
-    QTEST(json[QStringLiteral("triggers")].toArray().size(), "triggers");
-    QTEST(json[QStringLiteral("serialPorts")]
-              .toArray()
-              .at(0)
-              .toObject()[QStringLiteral("baudRate")]
-              .toInt(),
-        "baudRate");
-}
-
-void TestQuadrelctlFiles::refusesAMissingSection()
+void TestQuadrelctlFiles::refusesNamesWithoutAForm()
 {
     ControlTool tool;
-    const QString file =
-        tool.write(QStringLiteral("p.xml"), smallProject().replace("Triggers", "Other"));
-    // There is no unit: the file is looked at first.
-    const ToolResult result =
-        tool.run({QStringLiteral("write"), unitOption, QStringLiteral("tcp://127.0.0.1:1"), file,
-            QStringLiteral("--only"), QStringLiteral("triggers")});
-    QCOMPARE(result.exitCode, 1);
-    QVERIFY(result.errors.contains(QStringLiteral("\"triggers\" is missing or empty")));
-}
-
-void TestQuadrelctlFiles::keepsTimeTriggers()
-{
-    const SimulatorProcess unit;
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const QStringList read{QStringLiteral("read"), unitOption, unit.address(), jsonOption};
-    const QJsonValue before = parse(tool.run(read).output)[QStringLiteral("timeTriggers")];
-    const ToolResult write = tool.run({QStringLiteral("write"), unitOption, unit.address(), file,
-        QStringLiteral("--only"), QStringLiteral("triggers")});
-    QCOMPARE(write.exitCode, 0);
-    QVERIFY(!write.errors.contains(QStringLiteral("time triggers are removed")));
-    const QJsonValue after = parse(tool.run(read).output)[QStringLiteral("timeTriggers")];
-    QCOMPARE(after.toArray().size(), 7);
-    QCOMPARE(after, before);
-}
-
-void TestQuadrelctlFiles::dropsTimeTriggers()
-{
-    const SimulatorProcess unit;
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const ToolResult write = tool.run(
-        {QStringLiteral("write"), unitOption, unit.address(), file, QStringLiteral("--only"),
-            QStringLiteral("triggers"), QStringLiteral("--drop-time-triggers")});
-    QCOMPARE(write.exitCode, 0);
-    QVERIFY(write.errors.contains(QStringLiteral("time triggers are removed: 7 records")));
-    const QJsonObject after =
-        parse(tool.run({QStringLiteral("read"), unitOption, unit.address(), jsonOption}).output);
-    QCOMPARE(after[QStringLiteral("timeTriggers")].toArray().size(), 0);
-    QCOMPARE(after[QStringLiteral("triggers")].toArray().size(), 1);
-}
-
-void TestQuadrelctlFiles::refusesToDropWithoutTriggers()
-{
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const ToolResult result = tool.run({QStringLiteral("write"), unitOption,
-        QStringLiteral("tcp://127.0.0.1:1"), file, QStringLiteral("--only"),
-        QStringLiteral("events"), QStringLiteral("--drop-time-triggers")});
+    const QString project = tool.write(QStringLiteral("p.xml"), smallProject());
+    const QString target = tool.path(QStringLiteral("target.txt"));
+    const ToolResult result = tool.run({QStringLiteral("convert"), project, target});
+    QCOMPARE(
+        result.errors, target + QStringLiteral(": the name must end in .yaml, .json or .xml\n"));
     QCOMPARE(result.exitCode, 2);
 }
 
-void TestQuadrelctlFiles::writesNothingOnADryRun()
-{
-    const SimulatorProcess unit;
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const QStringList read{QStringLiteral("read"), unitOption, unit.address(), jsonOption};
-    QJsonObject before = parse(tool.run(read).output);
-    const ToolResult write = tool.run({QStringLiteral("write"), unitOption, unit.address(), file,
-        QStringLiteral("--dry-run"), QStringLiteral("--diff")});
-    QCOMPARE(write.exitCode, 0);
-    QVERIFY(write.output.contains(QStringLiteral("events: 32 on the unit, 1 to be written")));
-    QVERIFY(!write.output.contains(QStringLiteral("Written")));
-    QJsonObject after = parse(tool.run(read).output);
-    for (QJsonObject* json : {&before, &after}) {
-        json->remove(QStringLiteral("clock"));
-        json->remove(QStringLiteral("device"));
-    }
-    QCOMPARE(after, before);
-}
-
-void TestQuadrelctlFiles::listsChanges()
-{
-    const SimulatorProcess unit;
-    ControlTool tool;
-    const QString file = tool.path(QStringLiteral("p.xml"));
-    tool.run({QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"), file});
-    tool.write(QStringLiteral("p.xml"),
-        ControlTool::contentsOf(file).replace("打开投影机", "Open").replace("9600", "300"));
-    const ToolResult result = tool.run(
-        {QStringLiteral("write"), unitOption, unit.address(), file, QStringLiteral("--dry-run"),
-            QStringLiteral("--diff"), QStringLiteral("--only"), QStringLiteral("config,events")});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY(result.output.contains(
-        QStringLiteral("  ~ serial port 2: baud rate \"9600\" -> \"300\"\n")));
-    QVERIFY(result.output.contains(
-        QStringLiteral("  ~ event 0: description \"打开投影机\" -> \"Open\"\n")));
-}
-
-void TestQuadrelctlFiles::warnsOfLosses()
+void TestQuadrelctlFiles::namesWhatAProjectFileCannotHold()
 {
     ControlTool tool;
-    const QString memory = tool.path(QStringLiteral("unit.memory"));
-    QVERIFY(saveSampleWithoutEvents(memory));
-    const SimulatorProcess unit({QStringLiteral("--memory"), memory});
-    const QString file = tool.path(QStringLiteral("p.xml"));
-    tool.run({QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"), file});
-    const ToolResult result = tool.run(
-        {QStringLiteral("write"), unitOption, unit.address(), file, QStringLiteral("--dry-run")});
-    for (const char* loss : {"event names are lost, no file holds them: 18 records",
-             "no word for the types of some of the unit's events", "19 records",
-             "Modbus triggers are lost, no file holds them: 2 records",
-             "delays that are no whole number of 10 ms", "1 records",
-             "triggers and time triggers without an event are written with the event 0: 1 records"})
-        QVERIFY2(result.errors.contains(QLatin1String(loss)), loss);
-}
-
-void TestQuadrelctlFiles::refusesWhatCannotBeReadBack()
-{
-    const SimulatorProcess unit;
-    ControlTool tool;
-    const QString file =
-        tool.write(QStringLiteral("p.xml"), smallProject().replace("door", QByteArray(33, 'x')));
-    const ToolResult result = tool.run({QStringLiteral("write"), unitOption, unit.address(), file});
-    QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.errors,
-        file + QStringLiteral(": trigger 0: its description has more than 32 characters\n"));
-}
-
-void TestQuadrelctlFiles::tellsWhatDiffers()
-{
-    // The unit says that it has one port: the second one that is written can't be read back.
-    const SimulatorProcess unit({QStringLiteral("--ports"), QStringLiteral("1"),
-        QStringLiteral("--io"), QStringLiteral("1")});
-    ControlTool tool;
-    QByteArray contents = smallProject();
-    contents.replace("<IO><Model>2</Model></IO></Configs>",
-        "<IO><Model>2</Model></IO><IO><Model>1</Model></IO></Configs>");
-    const QString file = tool.write(QStringLiteral("p.xml"), contents);
-    const ToolResult result = tool.run({QStringLiteral("write"), unitOption, unit.address(), file});
-    QCOMPARE(result.exitCode, 1);
-    QVERIFY2(result.errors.contains(QStringLiteral("not as written: - IO line 2: type \"1\"")),
+    const QString file = tool.write(QStringLiteral("u.yaml"),
+        "format: quadrel-unit/1\nevents:\n  - id: 8\n    protocol: 01 02\n"
+        "    description: \"a\\u0007b\"\n");
+    const QString target = tool.path(QStringLiteral("p.xml"));
+    const ToolResult result = tool.run({QStringLiteral("convert"), file, target});
+    QVERIFY2(result.errors.contains(QStringLiteral("events[8].description"))
+            && result.errors.contains(QStringLiteral("U+0007")),
         qPrintable(result.errors));
-    QVERIFY(
-        result.errors.endsWith(QStringLiteral("the unit does not hold what was written to it\n")));
 }
 
-void TestQuadrelctlFiles::tellsAFailedWrite()
+void TestQuadrelctlFiles::compares_data()
 {
-    // An empty unit takes eight exchanges to read; the tenth reply is that of a write.
-    const SimulatorProcess unit({QStringLiteral("--fault"), QStringLiteral("close@10")});
-    ControlTool tool;
-    const QString file = tool.write(QStringLiteral("p.xml"), smallProject());
-    const ToolResult result = tool.run({QStringLiteral("write"), unitOption, unit.address(), file});
-    QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.errors,
-        unit.address()
-            + QStringLiteral(" closed the connection without an answer\n"
-                             "The unit may hold some of the new records beside old ones.\n"));
+    QTest::addColumn<QByteArray>("after");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("shown");
+    const QByteArray text = "format: quadrel-unit/1\nevents:\n  - {id: 7, delay: 10}\n"
+                            "  - {id: 8, delay: 20}\n  - {id: 9, delay: 30}\n";
+    QTest::newRow("same") << text << 0 << QString();
+    // The others have not changed, wherever they are in the list.
+    QTest::newRow("by id") << QByteArray(text).replace("  - {id: 8, delay: 20}\n", "") << 1
+                           << QStringLiteral("- events[8]\n    delay: 20\n    description: \"\"\n");
+    QTest::newRow("a value") << QByteArray(text).replace("20", "40") << 1
+                             << QStringLiteral("~ events[8]\n    delay: 20 -> 40\n");
 }
 
-void TestQuadrelctlFiles::goesRound()
+void TestQuadrelctlFiles::compares()
+{
+    QFETCH(QByteArray, after);
+    QFETCH(int, exitCode);
+    QFETCH(QString, shown);
+    ControlTool tool;
+    const QString one = tool.write(QStringLiteral("a.yaml"),
+        "format: quadrel-unit/1\nevents:\n  - {id: 7, delay: 10}\n  - {id: 8, delay: 20}\n"
+        "  - {id: 9, delay: 30}\n");
+    const QString other = tool.write(QStringLiteral("b.yaml"), after);
+    const ToolResult result = tool.run({QStringLiteral("diff"), one, other});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.output,
+        shown.isEmpty() ? QString() : QStringLiteral("--- %1\n+++ %2\n").arg(one, other) + shown);
+    QCOMPARE(result.exitCode, exitCode);
+    const ToolResult json = tool.run({QStringLiteral("diff"), one, other, jsonOption});
+    QCOMPARE(parse(json.output)[QStringLiteral("same")], QJsonValue(exitCode == 0));
+    QCOMPARE(json.exitCode, exitCode);
+}
+
+void TestQuadrelctlFiles::comparesWithAUnit()
 {
     const SimulatorProcess unit;
     ControlTool tool;
-    const QString first = tool.path(QStringLiteral("1.xml"));
-    const QString second = tool.path(QStringLiteral("2.xml"));
-    const auto save = [&](const QString& file) {
-        return tool
-            .run({QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"),
-                file})
-            .exitCode;
-    };
-    QCOMPARE(save(first), 0);
-    const auto write = [&](const QString& file) {
-        return tool.run({QStringLiteral("write"), unitOption, unit.address(), file}).exitCode;
-    };
-    QCOMPARE(write(first), 0);
-    QCOMPARE(save(second), 0);
-    // The first round loses what the file and the unit's blocks can't carry; the second nothing.
-    QCOMPARE(write(second), 0);
-    const QString third = tool.path(QStringLiteral("3.xml"));
-    QCOMPARE(save(third), 0);
-    const auto show = [&tool](const QString& file) {
-        return tool.run({QStringLiteral("show"), file}).output;
-    };
-    QCOMPARE(show(third), show(second));
-    QVERIFY(show(second) != show(first));
+    const QString file = tool.path(QStringLiteral("u.yaml"));
+    tool.run({QStringLiteral("read"), unitOption, unit.address(), QStringLiteral("--save"), file});
+    tool.run({QStringLiteral("set"), file, QStringLiteral("serialPorts[2].baudRate=300"),
+        QStringLiteral("ioLines[3].type=1")});
+    const ToolResult result = tool.run({QStringLiteral("diff"), unit.address(), file});
+    QCOMPARE(result.output,
+        QStringLiteral("--- %1  (model 0x7209, serial number 310000001, version 1.0.0.0)\n"
+                       "+++ %2  (model 0x7209, serial number 310000001, version 1.0.0.0)\n"
+                       "~ serialPorts[2]\n    baudRate: 9600 -> 300\n"
+                       "~ ioLines[3]\n    type: 0 -> 1\n")
+            .arg(unit.address(), file));
+    QCOMPARE(result.exitCode, 1);
+}
+
+void TestQuadrelctlFiles::hasTroubleComparing_data()
+{
+    QTest::addColumn<QString>("side");
+    QTest::newRow("a missing file") << QStringLiteral("missing.yaml");
+    QTest::newRow("no unit") << QStringLiteral("tcp://127.0.0.1:1");
+    QTest::newRow("neither") << QStringLiteral("nonsense://x");
+}
+
+void TestQuadrelctlFiles::hasTroubleComparing()
+{
+    QFETCH(QString, side);
+    ControlTool tool;
+    const QString file = tool.write(QStringLiteral("a.yaml"), "format: quadrel-unit/1\n");
+    const ToolResult result = tool.run({QStringLiteral("diff"), file, side});
+    QCOMPARE(result.output, QString());
+    QVERIFY(!result.errors.isEmpty());
+    QCOMPARE(result.exitCode, 2);
 }
 
 QTEST_GUILESS_MAIN(TestQuadrelctlFiles)

@@ -50,6 +50,17 @@ ControlTool::ControlTool(const QByteArray& settings)
     if (!QFile::copy(QStringLiteral(QUADRELCTL_PATH), m_program))
         qFatal("cannot copy quadrelctl");
     write(QStringLiteral("configWidget.ini"), settings);
+    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_STATE_HOME", "QUADREL_LOCK_DIR"})
+        setVariable(QString::fromLatin1(variable), path(QString::fromLatin1(variable)));
+    for (const char* variable : {"PAGER", "LESS", "NO_COLOR", "VISUAL", "EDITOR"})
+        m_environment.remove(QString::fromLatin1(variable));
+    setVariable(QStringLiteral("TERM"), QStringLiteral("xterm"));
+}
+
+void ControlTool::setLocale(const QString& locale)
+{
+    m_environment.remove(QStringLiteral("LANGUAGE"));
+    setVariable(QStringLiteral("LC_ALL"), locale);
 }
 
 ToolResult ControlTool::run(const QStringList& arguments)
@@ -68,12 +79,7 @@ ToolResult ControlTool::resultOf(Program& process)
 void ControlTool::start(Program& process, const QStringList& arguments)
 {
     process.setStandardInputFile(QProcess::nullDevice());
-    if (!m_locale.isEmpty()) {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("LANGUAGE"));
-        environment.insert(QStringLiteral("LC_ALL"), m_locale);
-        process.setProcessEnvironment(environment);
-    }
+    process.setProcessEnvironment(m_environment);
     if (!process.launch(m_program, arguments))
         qFatal("cannot start quadrelctl: %s", qPrintable(process.errorString()));
 }
@@ -88,12 +94,30 @@ ToolResult ControlTool::runOnTerminal(
     return {exitCode, QString::fromUtf8(process.screen()), QString()};
 }
 
+QString ControlTool::runShell(const QString& shell, const QString& script)
+{
+    Program process;
+    process.setProcessEnvironment(m_environment);
+    process.setWorkingDirectory(m_folder.path());
+    if (!process.launch(shell, {QStringLiteral("-c"), script}))
+        qFatal("cannot start %s: %s", qPrintable(shell), qPrintable(process.errorString()));
+    process.waitForExit();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
 QString ControlTool::write(const QString& name, const QByteArray& contents) const
 {
     QFile file(path(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
     return file.fileName();
+}
+
+QString ControlTool::writeSettings(const QByteArray& contents) const
+{
+    const QString folder = QStringLiteral("XDG_CONFIG_HOME/quadrelctl");
+    QDir().mkpath(path(folder));
+    return write(folder + QStringLiteral("/settings.yaml"), contents);
 }
 
 QByteArray ControlTool::contentsOf(const QString& path)

@@ -55,7 +55,13 @@ public:
     explicit ControlTool(const QByteArray& settings = usualSettings());
 
     /** The locale that the tool finds, such as "zh_CN.UTF-8"; the test's own until it is set. */
-    void setLocale(const QString& locale) { m_locale = locale; }
+    void setLocale(const QString& locale);
+    /** A variable of the tool's environment, in which settings and backups are in its own folder.
+     */
+    void setVariable(const QString& name, const QString& value)
+    {
+        m_environment.insert(name, value);
+    }
 
     ToolResult run(const QStringList& arguments);
     /** The same on a terminal: output and errors both come back in `output`, `input` is typed. */
@@ -65,13 +71,18 @@ public:
     /** Waits for the end of what `start` started. */
     static ToolResult resultOf(Program& process);
 
+    /** What a script of that shell writes to stdout, run in the tool's folder and environment. */
+    QString runShell(const QString& shell, const QString& script);
+
     /** A path in the tool's folder, which goes with the object. */
     QString path(const QString& name) const { return m_folder.filePath(name); }
     QString write(const QString& name, const QByteArray& contents) const;
+    /** The user's settings; returns their path. */
+    QString writeSettings(const QByteArray& contents) const;
     static QByteArray contentsOf(const QString& path);
 
 private:
     QTemporaryDir m_folder;
     QString m_program;
-    QString m_locale;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
 };

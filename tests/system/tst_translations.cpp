@@ -15,6 +15,7 @@ namespace {
 const QString source = QStringLiteral(SOURCE_DIR);
 const QString library = QStringLiteral("quadrelbll_en");
 const QString tool = QStringLiteral("quadrelctl_zh");
+const QString plurals = QStringLiteral("quadrelctl_en");
 const QString link = QStringLiteral("quadrellink_zh");
 const QString document = QStringLiteral("quadreldocument_zh");
 const QString workspace = QStringLiteral("quadrelworkspace_zh");
@@ -140,6 +141,7 @@ class TestTranslations : public QObject {
 private slots:
     void isComplete_data();
     void isComplete();
+    void hasPlurals();
     void missesNothing_data();
     void missesNothing();
     void keepsFileWords();
@@ -183,11 +185,22 @@ void TestTranslations::isComplete()
     }
 }
 
+/** The tool's English texts need no translation but for these. */
+void TestTranslations::hasPlurals()
+{
+    const QVector<Entry> entries = entriesOf(plurals);
+    QVERIFY(!entries.isEmpty());
+    for (const Entry& entry : entries)
+        QVERIFY2(entry.state.isEmpty() && !entry.translation.trimmed().isEmpty(),
+            qPrintable(entry.text));
+}
+
 void TestTranslations::missesNothing_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("library") << library;
     QTest::newRow("tool") << tool;
+    QTest::newRow("plurals") << plurals;
     QTest::newRow("link") << link;
     QTest::newRow("document") << document;
     QTest::newRow("workspace") << workspace;
@@ -199,7 +212,7 @@ void TestTranslations::missesNothing()
     QFETCH(QString, name);
     const QTemporaryDir folder;
     const QString file = QStringLiteral("/") + name + QStringLiteral(".ts");
-    for (const QString& each : {library, tool, link, document, workspace}) {
+    for (const QString& each : {library, tool, plurals, link, document, workspace}) {
         const QString path = QStringLiteral("/") + each + QStringLiteral(".ts");
         QVERIFY(QFile::copy(source + QStringLiteral("/translations") + path, folder.path() + path));
     }

@@ -6,10 +6,6 @@
 
 using namespace QuadrelUnit;
 
-namespace {
-
-} // namespace
-
 class TestUnitDiscovery : public QObject {
     Q_OBJECT
 
@@ -20,6 +16,7 @@ private slots:
     void makesGarbage();
     void answersTheSearcher();
     void answersEachSearch();
+    void leavesTurnsToOthers();
     void answersNothingElse_data();
     void answersNothingElse();
     void repeatsAndFloods_data();
@@ -115,6 +112,26 @@ void TestUnitDiscovery::answersEachSearch()
         search();
     for (int i = 0; i < 5; ++i)
         QCOMPARE(nextReply(), QByteArray("Zorbe:3100"));
+}
+
+void TestUnitDiscovery::leavesTurnsToOthers()
+{
+    constexpr int searches = 100;
+    int searched = 0;
+    int mostInATurn = 0;
+    int inThisTurn = 0;
+    connect(m_discovery.get(), &UnitDiscovery::searched, this, [&] {
+        ++searched;
+        mostInATurn = std::max(mostInATurn, ++inThisTurn);
+    });
+    for (int i = 0; i < searches; ++i)
+        search();
+    for (int turn = 0; turn < 1000 && searched < searches; ++turn) {
+        inThisTurn = 0;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    QCOMPARE(searched, searches);
+    QCOMPARE(mostInATurn, 16);
 }
 
 void TestUnitDiscovery::answersNothingElse_data()

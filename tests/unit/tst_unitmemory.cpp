@@ -1,3 +1,4 @@
+#include "owncost.h"
 #include "unitmemory.h"
 
 #include <QtTest/QtTest>
@@ -19,6 +20,7 @@ private slots:
     void hasRoomUpToItsLimit_data();
     void hasRoomUpToItsLimit();
     void copiesStayAsTheyWere();
+    void copiesCopyNoPage();
 };
 
 void TestUnitMemory::readsZeroWhereNothingWasWritten()
@@ -167,6 +169,20 @@ void TestUnitMemory::copiesStayAsTheyWere()
     QCOMPARE(copy.read(0x1000, 3), QByteArray("old"));
     QCOMPARE(copy.pages(), QList<quint32>{0x1000});
     QCOMPARE(memory.read(0x1000, 3), QByteArray("new"));
+}
+
+void TestUnitMemory::copiesCopyNoPage()
+{
+    constexpr int pages = 16000;
+    UnitMemory memory;
+    for (quint32 i = 0; i < pages; ++i)
+        QVERIFY(memory.write(i * UnitMemory::pageSize, "x"));
+    const OwnCost cost;
+    const UnitMemory copy = memory;
+    QCOMPARE(copy.size(), memory.size());
+    // Where the pages are takes some 1.5 MB, the pages themselves 65 MB.
+    const double megabytes = cost.peakMegabytes();
+    QVERIFY2(megabytes < 10, qPrintable(QString::number(megabytes)));
 }
 
 QTEST_APPLESS_MAIN(TestUnitMemory)

@@ -29,6 +29,8 @@ private slots:
     void letsGoWhatWasRemoved();
     void cannotClaimWithoutAFolder();
     void readsNoMissingFile();
+    void readsRegularFilesOnly_data();
+    void readsRegularFilesOnly();
     void refusesForeignFiles_data();
     void refusesForeignFiles();
     void takesClocksInRange_data();
@@ -311,6 +313,23 @@ void TestUnitMemoryFile::readsNoMissingFile()
     QString error;
     QVERIFY(!file.load(&error));
     QVERIFY(error.startsWith(QStringLiteral("cannot read ") + m_path));
+}
+
+void TestUnitMemoryFile::readsRegularFilesOnly_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("device") << QStringLiteral("/dev/zero");
+    QTest::newRow("folder") << QDir::tempPath();
+}
+
+void TestUnitMemoryFile::readsRegularFilesOnly()
+{
+    QFETCH(QString, path);
+    ControlUnit unit;
+    UnitMemoryFile file(path, &unit);
+    QString error;
+    QVERIFY(!file.load(&error));
+    QCOMPARE(error, QStringLiteral("cannot read %1: it is no regular file").arg(path));
 }
 
 void TestUnitMemoryFile::refusesForeignFiles_data()

@@ -155,6 +155,8 @@ private slots:
     void aborts_data();
     void aborts();
     void runsOtherOperations();
+    void breaksOtherOperationsOff_data();
+    void breaksOtherOperationsOff();
     void upgrades_data();
     void upgrades();
     void breaksAnUpgradeOff();
@@ -753,7 +755,37 @@ void TestUnitWork::runsOtherOperations()
     const WorkResult bad = work.run(UnitRequest::setClock(QDateTime()));
     QCOMPARE(bad.failure.text(),
         site.filled(QStringLiteral("UNIT: a unit's clock runs from 2000 to 2099\n"
-                                   "failed while writing the clock")));
+                                   "failed while setting the clock")));
+}
+
+void TestUnitWork::breaksOtherOperationsOff_data()
+{
+    QTest::addColumn<int>("operation");
+    QTest::addColumn<QString>("step");
+    QTest::newRow("read the clock") << 0 << "reading the clock";
+    QTest::newRow("set the clock") << 1 << "setting the clock";
+    QTest::newRow("address") << 2 << "setting the network address";
+    QTest::newRow("restart") << 3 << "restarting the unit";
+    QTest::newRow("remark") << 4 << "writing the remark";
+}
+
+void TestUnitWork::breaksOtherOperationsOff()
+{
+    QFETCH(int, operation);
+    QFETCH(QString, step);
+    const QString ip = QStringLiteral("10.0.0.1");
+    const QList<UnitRequest> requests{UnitRequest::readClock(),
+        UnitRequest::setClock(QDateTime(QDate(2026, 11, 14), QTime(6, 5))),
+        UnitRequest::setNetwork(ip, QStringLiteral("255.0.0.0"), ip), UnitRequest::reset(true),
+        UnitRequest::writeRemark(QByteArray(90, 'r'))};
+    Site site;
+    UnitWork work(site.address(), site.options);
+    QCOMPARE(work.readDevice().failure.text(), QString());
+    site.breakReply(FaultKind::Cut, 1);
+    QCOMPARE(work.run(requests.at(operation)).failure.text(),
+        site.filled(QStringLiteral("UNIT closed the connection in the middle of a reply\n"
+                                   "failed while ")
+            + step));
 }
 
 void TestUnitWork::upgrades_data()

@@ -39,9 +39,10 @@ QString DescriptionText::withNuls(const QString& text)
 
 void DescriptionText::store(RecordBlock& block, int offset, const QString& text)
 {
-    const int byteCount = 2 * text.size();
-    block.storeByte(offset, byteCount);
-    qToBigEndian<quint16>(text.utf16(), text.size(), block.room(offset + 1, byteCount));
+    QByteArray bytes(2 * text.size(), Qt::Uninitialized);
+    qToBigEndian<quint16>(text.utf16(), text.size(), bytes.data());
+    block.storeByte(offset, bytes.size());
+    block.storeBytes(offset + 1, bytes);
 }
 
 QString DescriptionText::read(const ReplyFrame& frame, int offset, int byteCount)

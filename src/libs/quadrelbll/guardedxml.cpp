@@ -190,15 +190,13 @@ public:
         return !m_entities.refersAhead() || m_largest <= maximumXmlEntitySize;
     }
 
-    /** False when the references of a piece of the document can make too much of it. */
-    bool accept(const QString& piece, bool mayHoldParameters)
+    /** False when the references up to this character can make too much of the document. */
+    bool accept(QChar c, bool mayBeParameter)
     {
-        int references = piece.count(QLatin1Char('&'));
-        if (mayHoldParameters)
-            references += piece.count(QLatin1Char('%'));
-        if (m_entities.leavesOpen())
-            references += piece.count(QLatin1Char(';'));
-        m_growth += qint64(references) * m_largest;
+        const bool isReference = c == QLatin1Char('&') || (c == QLatin1Char('%') && mayBeParameter)
+            || (c == QLatin1Char(';') && m_entities.leavesOpen());
+        if (isReference)
+            m_growth += m_largest;
         return m_growth <= maximumXmlGrowth;
     }
 
@@ -229,9 +227,15 @@ public:
     {
         if (m_beforeRoot && !m_parentheses.accept(piece))
             return refuse(m_texts.tooDeep);
-        if (!m_growth.accept(piece, m_beforeRoot))
-            return refuse(m_texts.tooLarge);
         m_room += piece.size();
+        return !m_refusal;
+    }
+
+    /** Before the parser gets a character, likewise. Entities may be declared in front of it. */
+    bool accept(QChar c)
+    {
+        if (!m_growth.accept(c, m_beforeRoot))
+            return refuse(m_texts.tooLarge);
         return !m_refusal;
     }
 
@@ -336,7 +340,7 @@ public:
 private:
     bool takeNodes(int count)
     {
-        m_room -= count * charactersPerXmlNode;
+        m_room -= qint64(count) * charactersPerXmlNode;
         return m_room >= 0 || refuse(m_texts.tooMany);
     }
 
@@ -360,13 +364,13 @@ private:
     int m_depth = 0;
     int m_declarations = 0;
     // In characters, as each of them makes some.
-    qint64 m_room = maximumXmlNodes * charactersPerXmlNode;
+    qint64 m_room = qint64(maximumXmlNodes) * charactersPerXmlNode;
     bool m_beforeRoot = true;
     bool m_sawSkippedEntity = false;
     const QString* m_refusal = nullptr;
 };
 
-/** Shows the guard each piece of the text, and ends the document early when it refuses one. */
+/** Shows the guard the text, and ends the document early when it refuses a part. */
 class GuardedSource : public QXmlInputSource {
 public:
     GuardedSource(QIODevice& device, ParserGuard& guard)
@@ -381,6 +385,12 @@ public:
     void setData(const QString& piece) override
     {
         QXmlInputSource::setData(m_guard.accept(piece) ? piece : QString());
+    }
+
+    QChar next() override
+    {
+        const QChar c = QXmlInputSource::next();
+        return m_guard.accept(c) ? c : QChar(EndOfDocument);
     }
 
 private:

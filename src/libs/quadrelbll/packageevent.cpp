@@ -3,8 +3,11 @@
 #include "descriptiontext.h"
 #include "eventmodel.h"
 #include "recordblock.h"
+#include "recordclass.h"
 #include "replyframe.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -25,25 +28,15 @@ constexpr int firstBlockOffset = 1;
 
 // Within a command.
 constexpr int recordClassOffset = 3;
-constexpr int recordSubclassOffset = 4;
 constexpr int delayOffset = 5;
 constexpr int kindOffset = 7;
 
-// The record classes of commands, by the subclasses that make a kind.
-constexpr quint8 delayClass = 0xA5;
-constexpr quint8 delaySubclass = 0xA5;
-constexpr quint8 type6Class = 0xA5;
-constexpr quint8 type6Subclass = 0x02;
-constexpr quint8 serialClass = 0x25;
-constexpr quint8 serialSubclass = 0x10;
+constexpr RecordClass delayClass = {0xA5, 0xA5};
+constexpr RecordClass type3Classes[] = {{0x24, 0xA7}, {0x20, 0xA5}, {0x20, 0xA6}};
+constexpr RecordClass type4Class = {0x24, 0x18};
+constexpr RecordClass type6Class = {0xA5, 0x02};
 constexpr quint8 serialKindOfType0 = 1;
 constexpr quint8 serialKindOfType1 = 2;
-constexpr quint8 lineClass = 0x24;
-constexpr quint8 type2Subclass = 0x17;
-constexpr quint8 type3Subclass = 0xA7;
-constexpr quint8 type4Subclass = 0x18;
-constexpr quint8 otherType3Class = 0x20;
-constexpr quint8 otherType3Subclasses[] = {0xA5, 0xA6};
 constexpr int delayCommandLength = 7;
 
 /** A delay counts in units of 10 ms. */
@@ -72,8 +65,9 @@ QString delayText(quint16 milliseconds)
 
 QByteArray delayCommand(quint16 milliseconds)
 {
-    const uchar command[delayCommandLength] = {0x4C, 0x01, 0x00, delayClass, delaySubclass,
-        static_cast<uchar>(milliseconds >> 8), static_cast<uchar>(milliseconds)};
+    const auto [first, second, third] = recordHead;
+    const uchar command[delayCommandLength] = {first, second, third, delayClass.first,
+        delayClass.second, static_cast<uchar>(milliseconds >> 8), static_cast<uchar>(milliseconds)};
     return QByteArray(reinterpret_cast<const char*>(command), delayCommandLength);
 }
 
@@ -128,29 +122,24 @@ EventInfo::EventType typeOf(const Command& command)
     if (command.length < delayCommandLength)
         return EventInfo::EVENT_TYPE_0;
 
-    const quint8 recordClass = command.byteAt(recordClassOffset);
-    const quint8 subclass = command.byteAt(recordSubclassOffset);
+    const RecordClass recordClass = {
+        command.byteAt(recordClassOffset), command.byteAt(recordClassOffset + 1)};
     const quint8 kind = command.byteAt(kindOffset);
-    const auto is = [&](quint8 otherClass, quint8 otherSubclass) {
-        return recordClass == otherClass && subclass == otherSubclass;
-    };
 
-    if (command.length == delayCommandLength && is(delayClass, delaySubclass))
+    if (command.length == delayCommandLength && recordClass == delayClass)
         return EventInfo::EVENT_DELAY;
-    if (is(type6Class, type6Subclass))
+    if (recordClass == type6Class)
         return EventInfo::EVENT_TYPE_6;
-    if (is(serialClass, serialSubclass) && kind == serialKindOfType0)
+    if (recordClass == serialClass && kind == serialKindOfType0)
         return EventInfo::EVENT_TYPE_0;
-    if (is(serialClass, serialSubclass) && kind == serialKindOfType1)
+    if (recordClass == serialClass && kind == serialKindOfType1)
         return EventInfo::EVENT_TYPE_1;
-    if (is(lineClass, type2Subclass))
+    if (recordClass == lineClass)
         return EventInfo::EVENT_TYPE_2;
-    if (is(lineClass, type3Subclass))
-        return EventInfo::EVENT_TYPE_3;
-    if (is(lineClass, type4Subclass))
+    if (recordClass == type4Class)
         return EventInfo::EVENT_TYPE_4;
-    if (is(otherType3Class, otherType3Subclasses[0])
-        || is(otherType3Class, otherType3Subclasses[1]))
+    if (std::find(std::begin(type3Classes), std::end(type3Classes), recordClass)
+        != std::end(type3Classes))
         return EventInfo::EVENT_TYPE_3;
     return EventInfo::EVENT_TYPE_0;
 }

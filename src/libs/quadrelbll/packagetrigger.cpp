@@ -25,8 +25,10 @@ constexpr ReplyFrame::FaultTexts frameFaults = {
     QT_TRANSLATE_NOOP("PackageTrigger", "数据包长度与实际的数据包长度不一致！"),
 };
 
-constexpr RecordClass serialClass = {0x25, 0x10};
-constexpr RecordClass inputClass = {0x24, 0x17};
+// The two bytes behind the record class.
+constexpr quint8 serialClassByte = 0x03;
+constexpr quint8 inputClassByte = 0x02;
+constexpr quint8 bodyMark = 0x52;
 
 constexpr int serialKindOffset = 9;
 constexpr int portMaskOffset = 10;
@@ -71,7 +73,7 @@ int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
     const bool modbus = trigger.getTriggerType() == TriggerInfo::COM_MODBUS;
     const QByteArray parameter = parameterBytes(trigger);
     TriggerBlock::storeHead(block, serialClass);
-    block.storeBytes(TriggerBlock::kindOffset, {0x03, 0x52});
+    block.storeBytes(TriggerBlock::kindOffset, {serialClassByte, bodyMark});
     block.storeByte(serialKindOffset, modbus ? modbusKind : plainKind);
     storeMask(block, portMaskOffset, trigger.getCOMSelect());
     block.storeByte(parameterLengthOffset, parameter.size());
@@ -83,8 +85,8 @@ int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
 int storeInputBody(RecordBlock& block, TriggerInfo& trigger, const QString& highLevelText)
 {
     const bool high = trigger.getTriggerParameter() == highLevelText;
-    TriggerBlock::storeHead(block, inputClass);
-    block.storeBytes(TriggerBlock::kindOffset, {0x02, 0x52});
+    TriggerBlock::storeHead(block, lineClass);
+    block.storeBytes(TriggerBlock::kindOffset, {inputClassByte, bodyMark});
     storeMask(block, inputMaskOffset, trigger.getIOSelect());
     block.storeByte(levelOffset, high ? highLevel : lowLevel);
     return inputBodyLength;
@@ -161,7 +163,7 @@ bool PackageTrigger::parseTriggerPackage(
 
     const RecordClass recordClass = TriggerBlock::recordClassOf(frame);
     const bool serial = recordClass == serialClass;
-    const bool input = recordClass == inputClass;
+    const bool input = recordClass == lineClass;
     if (!serial && !input)
         return true;
 

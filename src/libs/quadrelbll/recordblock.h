@@ -40,9 +40,13 @@ public:
         std::copy(bytes.begin(), bytes.end(), room(offset, bytes.size()));
     }
 
+    QByteArray bytes() const { return m_bytes; }
+
+private:
     /** Where `count` bytes are to be written from `offset` on; valid until the next call. */
     uchar* room(int offset, int count)
     {
+        Q_ASSERT(offset >= 0 && count >= 0);
         // A plain resize would leave the new bytes as they come.
         const int missing = offset + count - m_bytes.size();
         if (missing > 0)
@@ -50,8 +54,5 @@ public:
         return reinterpret_cast<uchar*>(m_bytes.data()) + offset;
     }
 
-    QByteArray bytes() const { return m_bytes; }
-
-private:
     QByteArray m_bytes;
 };

@@ -6,7 +6,8 @@
 
 void TriggerBlock::storeHead(RecordBlock& block, RecordClass recordClass)
 {
-    block.storeBytes(bodyOffset, {0x4C, 0x01, 0x00, recordClass.first, recordClass.second});
+    const auto [first, second, third] = recordHead;
+    block.storeBytes(bodyOffset, {first, second, third, recordClass.first, recordClass.second});
 }
 
 RecordClass TriggerBlock::recordClassOf(const ReplyFrame& frame)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "eventidlist.h"
+#include "recordclass.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QObject>
@@ -9,17 +10,6 @@
 
 class RecordBlock;
 class ReplyFrame;
-
-/** What a block holds: the two bytes that tell the kinds apart. */
-struct RecordClass {
-    quint8 first;
-    quint8 second;
-
-    constexpr bool operator==(const RecordClass& other) const
-    {
-        return first == other.first && second == other.second;
-    }
-};
 
 /**
  * What trigger and time trigger blocks share: the head, the limits of their slot and, behind the

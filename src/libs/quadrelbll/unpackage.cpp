@@ -15,10 +15,9 @@
 #include "settingsfile.h"
 
 #include <QtCore/QDeadlineTimer>
+#include <QtCore/QMutexLocker>
 #include <QtCore/QSettings>
 #include <QtCore/QStringList>
-
-#include <chrono>
 
 namespace {
 
@@ -85,22 +84,31 @@ template <typename Model> void numberRecords(Model& model)
     model.setTriggerInfo(records);
 }
 
+/** An image on its way to a unit. */
+class UpgradeImage {
+public:
+    explicit UpgradeImage(const QByteArray& bytes)
+        : m_bytes(bytes)
+    {
+    }
+
+    uint left() const { return static_cast<uint>(m_bytes.size() - m_sent); }
+    QByteArray rest() const { return m_bytes.mid(m_sent); }
+
+    QByteArray takeChunk(int length)
+    {
+        // Cutting each chunk from the front would move the rest every time.
+        QByteArray chunk = m_bytes.mid(m_sent, length);
+        m_sent += chunk.size();
+        return chunk;
+    }
+
+private:
+    QByteArray m_bytes;
+    int m_sent = 0;
+};
+
 } // namespace
-
-unsigned int UnPackage::Image::left() const
-{
-    return static_cast<unsigned int>(bytes.size() - sent);
-}
-
-QByteArray UnPackage::Image::takeChunk(int length)
-{
-    // Cutting each chunk from the front would move the rest every time.
-    QByteArray chunk = bytes.mid(sent, length);
-    sent += chunk.size();
-    if (sent == bytes.size())
-        *this = {};
-    return chunk;
-}
 
 UnPackage* UnPackage::m_unPackageInstance = new UnPackage(nullptr);
 
@@ -163,8 +171,8 @@ void UnPackage::setTimingCheck(QString time)
 
 void UnPackage::setUpgradePackage(QByteArray first, QByteArray second, QString name)
 {
-    m_streamedImage = {first, 0};
-    m_addressedImage = {second, 0};
+    m_streamedImage = first;
+    m_addressedImage = second;
     m_upgradeName = name;
     m_upgradeRemark = first.leftJustified(remarkLength, '\0', true);
 }
@@ -184,7 +192,10 @@ void UnPackage::sendPackage(QByteArray package)
 
 bool UnPackage::waitResponsed(QString label, QString& error)
 {
-    if (!sleepUntilWoken()) {
+    m_mutex.lock();
+    const bool woken = m_waitCondition.wait(&m_mutex, QDeadlineTimer(m_timeout));
+    m_mutex.unlock();
+    if (!woken) {
         error = label + tr("超时！");
         return false;
     }
@@ -192,18 +203,6 @@ bool UnPackage::waitResponsed(QString label, QString& error)
         error = m_errorText;
         return false;
     }
-    return true;
-}
-
-/** False if the wait time has run out. */
-bool UnPackage::sleepUntilWoken()
-{
-    std::unique_lock<std::mutex> lock(m_mutex);
-    const auto isWoken = [this, before = m_wakes] { return m_wakes != before; };
-    constexpr int noLimit = -1;
-    if (m_timeout != noLimit)
-        return m_woken.wait_for(lock, std::chrono::milliseconds(m_timeout), isWoken);
-    m_woken.wait(lock, isWoken);
     return true;
 }
 
@@ -222,12 +221,8 @@ void UnPackage::setError(QString error)
 
 void UnPackage::quitWaitDelay()
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        ++m_wakes;
-    }
-    // Not under the mutex: whoever wakes up takes it at once.
-    m_woken.notify_all();
+    const QMutexLocker locker(&m_mutex);
+    m_waitCondition.wakeAll();
 }
 
 void UnPackage::slot_runReadPackage(DataPackageType type)
@@ -601,61 +596,86 @@ void UnPackage::updateProgressBar(double value, double total)
     Q_EMIT signal_updateProgress(tr("升级中\n") + percentage + tr("%"));
 }
 
-bool UnPackage::writeUpgrade(unsigned int address, const QByteArray& data, QString& error)
-{
-    if (!writeBlock(address, data, tr("升级"), error))
-        return false;
-    m_upgradeWritten += data.size();
-    updateProgressBar(m_upgradeWritten, m_upgradeTotal);
-    return true;
-}
-
-unsigned int UnPackage::upgradeBytesLeft() const
-{
-    return m_streamedImage.left() + m_addressedImage.left();
-}
-
-bool UnPackage::announceImage(
-    const Image& image, unsigned int position, unsigned short number, QString& error)
-{
-    const QByteArray length = PackageUpgrade::createLengthPackage(upgradeBytesLeft());
-    const QByteArray start = PackageUpgrade::createPositionPackage(position);
-    const QByteArray size = PackageUpgrade::createSizePackage(image.left());
-    const QByteArray command = PackageUpgrade::createCommandPackage(upgradeCommand, number);
-    return writeUpgrade(upgradeLengthAddress, length, error)
-        && writeUpgrade(upgradePositionAddress, start, error)
-        && writeUpgrade(upgradeSizeAddress, size, error)
-        && writeUpgrade(upgradeCommandAddress, command, error);
-}
-
-bool UnPackage::writeImage(Image& image, unsigned int address, int step, QString& error)
-{
-    for (; !image.bytes.isEmpty(); address += static_cast<unsigned int>(step)) {
-        if (!writeUpgrade(address, image.takeChunk(m_upgradeChunkLength), error))
-            return false;
+/** One run: what is left of both images, and the progress over their bytes and control words. */
+class UnPackage::Upgrade {
+public:
+    explicit Upgrade(UnPackage& operations)
+        : m_operations(operations)
+        , m_streamed(operations.m_streamedImage)
+        , m_addressed(operations.m_addressedImage)
+        , m_total(double(bytesLeft()) + upgradeControlBytes)
+    {
     }
-    return true;
-}
 
-bool UnPackage::startUpgrade(QString& error)
-{
-    const QByteArray start = PackageUpgrade::createStartWordPackage(upgradeStartWord);
-    return writeUpgrade(upgradeStartAddress, start, error)
-        && writeUpgrade(upgradeWordAddress, PackageUpgrade::createWordPackage(0), error);
-}
+    bool run(QString& error)
+    {
+        return announce(m_addressed, 0, addressedImageNumber, error)
+            && writeImage(m_addressed, addressedImageAddress, chunkLength(), error)
+            && writeStartWords(error)
+            && announce(m_streamed, m_addressed.left(), streamedImageNumber, error)
+            && writeImage(m_streamed, streamedImageAddress, 0, error);
+    }
+
+    QByteArray streamedRest() const { return m_streamed.rest(); }
+    QByteArray addressedRest() const { return m_addressed.rest(); }
+
+private:
+    int chunkLength() const { return m_operations.m_upgradeChunkLength; }
+    uint bytesLeft() const { return m_streamed.left() + m_addressed.left(); }
+
+    /** The control words in front of an image. */
+    bool announce(const UpgradeImage& image, uint position, ushort number, QString& error)
+    {
+        const QByteArray length = PackageUpgrade::createLengthPackage(bytesLeft());
+        const QByteArray start = PackageUpgrade::createPositionPackage(position);
+        const QByteArray size = PackageUpgrade::createSizePackage(image.left());
+        const QByteArray command = PackageUpgrade::createCommandPackage(upgradeCommand, number);
+        return write(upgradeLengthAddress, length, error)
+            && write(upgradePositionAddress, start, error) && write(upgradeSizeAddress, size, error)
+            && write(upgradeCommandAddress, command, error);
+    }
+
+    bool writeStartWords(QString& error)
+    {
+        const QByteArray start = PackageUpgrade::createStartWordPackage(upgradeStartWord);
+        return write(upgradeStartAddress, start, error)
+            && write(upgradeWordAddress, PackageUpgrade::createWordPackage(0), error);
+    }
+
+    bool writeImage(UpgradeImage& image, uint address, int step, QString& error)
+    {
+        for (; image.left() > 0; address += static_cast<uint>(step)) {
+            if (!write(address, image.takeChunk(chunkLength()), error))
+                return false;
+        }
+        return true;
+    }
+
+    bool write(uint address, const QByteArray& data, QString& error)
+    {
+        if (!m_operations.writeBlock(address, data, UnPackage::tr("升级"), error))
+            return false;
+        m_written += data.size();
+        m_operations.updateProgressBar(m_written, m_total);
+        return true;
+    }
+
+    UnPackage& m_operations;
+    UpgradeImage m_streamed;
+    UpgradeImage m_addressed;
+    const double m_total;
+    double m_written = 0;
+};
 
 bool UnPackage::upgradeDevcie(QString& error)
 {
-    m_upgradeWritten = 0;
-    m_upgradeTotal = double(upgradeBytesLeft()) + upgradeControlBytes;
-    if (!announceImage(m_addressedImage, 0, addressedImageNumber, error)
-        || !writeImage(m_addressedImage, addressedImageAddress, m_upgradeChunkLength, error)
-        || !startUpgrade(error)
-        || !announceImage(m_streamedImage, m_addressedImage.left(), streamedImageNumber, error)
-        || !writeImage(m_streamedImage, streamedImageAddress, 0, error))
-        return false;
-    Q_EMIT signal_updateProgress(tr("重连设备中"));
-    return true;
+    Upgrade upgrade(*this);
+    const bool isDone = upgrade.run(error);
+    m_streamedImage = upgrade.streamedRest();
+    m_addressedImage = upgrade.addressedRest();
+    if (isDone)
+        Q_EMIT signal_updateProgress(tr("重连设备中"));
+    return isDone;
 }
 
 bool UnPackage::updateRemark(QString& error)

@@ -9,11 +9,10 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QMetaType>
+#include <QtCore/QMutex>
 #include <QtCore/QObject>
 #include <QtCore/QString>
-
-#include <condition_variable>
-#include <mutex>
+#include <QtCore/QWaitCondition>
 
 class DeviceManagerModel;
 
@@ -323,7 +322,6 @@ private:
     /** Internal: lets the link lift the wait of its own object, and give it a registry. */
     friend class UnPackageAccess;
 
-    bool sleepUntilWoken();
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
     bool readEverything(QString& error);
@@ -335,27 +333,15 @@ private:
     bool writeRecords(unsigned int address, int count, Encode encode, QString& error);
     struct RecordTable;
     template <typename Length, typename Model>
-    bool readTable(const RecordTable& table, int& count,
+    Q_DECL_HIDDEN bool readTable(const RecordTable& table, int& count,
         bool (*parseCount)(uint, QByteArray, Length, int&, QString&),
         bool (*parseRecord)(uint, QByteArray, Length, Model&, QString&), Model& model,
         QString& error);
     QByteArray encodeTableEntry(int index);
+    class Q_DECL_HIDDEN Upgrade;
 
-    /** An image of an upgrade, and how much of it is sent. */
-    struct Q_DECL_HIDDEN Image {
-        QByteArray bytes;
-        int sent = 0;
-
-        unsigned int left() const;
-        /** The next bytes; with the last the image is emptied. */
-        QByteArray takeChunk(int length);
-    };
-    Q_DECL_HIDDEN unsigned int upgradeBytesLeft() const;
-    Q_DECL_HIDDEN bool announceImage(
-        const Image& image, unsigned int position, unsigned short number, QString& error);
-    Q_DECL_HIDDEN bool writeImage(Image& image, unsigned int address, int step, QString& error);
-    Q_DECL_HIDDEN bool startUpgrade(QString& error);
-    Q_DECL_HIDDEN bool writeUpgrade(unsigned int address, const QByteArray& data, QString& error);
+    // Applications make objects of their own and destroy them inline: the fields keep their places
+    // and types, or become others of the same size that need no destructor.
 
     // The unit's memory: bytes of blocks and cells, and the numbers of records in its tables.
     int m_comNumber = 9;
@@ -376,20 +362,15 @@ private:
     int m_upgradeChunkLength = 2048;
     int m_clockLength = 6;
     QByteArray m_recvPackage;
-    Image m_streamedImage;
-    Image m_addressedImage;
-    // Of the bytes of both images and all control words.
-    double m_upgradeWritten = 0;
-    double m_upgradeTotal = 0;
+    QByteArray m_streamedImage;
+    QByteArray m_addressedImage;
     QByteArray m_upgradeRemark;
     bool m_hasError = false;
     QString m_errorText;
     int m_timeout = 0;
     unsigned char m_labels = 0;
-    std::mutex m_mutex;
-    std::condition_variable m_woken;
-    /** How often quitWaitDelay() was called. */
-    unsigned int m_wakes = 0;
+    QMutex m_mutex;
+    QWaitCondition m_waitCondition;
     bool m_retainIP = true;
     SystemModel m_configModel;
     EventModel m_eventModel;

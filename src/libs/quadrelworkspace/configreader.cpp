@@ -13,7 +13,7 @@
 #include <algorithm>
 
 using namespace QuadrelWorkspace;
-using QuadrelDocument::Node;
+using QuadrelDocument::DocumentNode;
 using QuadrelDocument::Position;
 using QuadrelDocument::shownText;
 
@@ -70,17 +70,17 @@ std::optional<QByteArray> ConfigReader::read()
     return file.read(QuadrelDocument::maximumDocumentSize + 1);
 }
 
-std::optional<Node> ConfigReader::parse(const QByteArray& text)
+std::optional<DocumentNode> ConfigReader::parse(const QByteArray& text)
 {
     if (text.size() > QuadrelDocument::maximumDocumentSize) {
         addError({}, Workspace::tr("the file is larger than 4 MB"));
         return std::nullopt;
     }
     try {
-        const Node node = QuadrelDocument::readYaml(text);
+        const DocumentNode node = QuadrelDocument::readYaml(text);
         if (node.isNull())
-            return Node::mapping();
-        if (node.kind == Node::Kind::Mapping)
+            return DocumentNode::mapping();
+        if (node.kind == DocumentNode::Kind::Mapping)
             return node;
         addError(node.position, Workspace::tr("the file has to hold \"key: value\""));
     } catch (const QuadrelDocument::Refusal& refusal) {
@@ -90,10 +90,10 @@ std::optional<Node> ConfigReader::parse(const QByteArray& text)
     return std::nullopt;
 }
 
-void ConfigReader::checkKeys(const Node& mapping, const QStringList& known)
+void ConfigReader::checkKeys(const DocumentNode& mapping, const QStringList& known)
 {
     checkOnce(mapping);
-    for (const Node::Member& member : mapping.members) {
+    for (const DocumentNode::Member& member : mapping.members) {
         if (!known.contains(member.key))
             addError(member.keyPosition,
                 Workspace::tr("unknown key %1; known are %2")
@@ -101,10 +101,10 @@ void ConfigReader::checkKeys(const Node& mapping, const QStringList& known)
     }
 }
 
-void ConfigReader::checkOnce(const Node& mapping)
+void ConfigReader::checkOnce(const DocumentNode& mapping)
 {
     QSet<QString> keys;
-    for (const Node::Member& member : mapping.members) {
+    for (const DocumentNode::Member& member : mapping.members) {
         if (keys.contains(member.key))
             addError(
                 member.keyPosition, Workspace::tr("%1 is there twice").arg(shownText(member.key)));
@@ -113,16 +113,16 @@ void ConfigReader::checkOnce(const Node& mapping)
 }
 
 std::optional<quint64> ConfigReader::number(
-    const Node& mapping, const QString& key, quint64 least, quint64 most)
+    const DocumentNode& mapping, const QString& key, quint64 least, quint64 most)
 {
-    const Node::Member* member = mapping.member(key);
+    const DocumentNode::Member* member = mapping.member(key);
     if (!member)
         return std::nullopt;
-    const Node& value = member->value;
+    const DocumentNode& value = member->value;
     const bool isHex = value.value.startsWith(QStringLiteral("0x"), Qt::CaseInsensitive);
     bool isNumber = false;
     const quint64 number = value.value.toULongLong(&isNumber, isHex ? 16 : 10);
-    const bool isPlain = value.kind == Node::Kind::Scalar && !value.isQuoted;
+    const bool isPlain = value.kind == DocumentNode::Kind::Scalar && !value.isQuoted;
     if (isPlain && isNumber && number >= least && number <= most)
         return number;
     addError(value.position,
@@ -131,14 +131,14 @@ std::optional<quint64> ConfigReader::number(
     return std::nullopt;
 }
 
-std::optional<QString> ConfigReader::text(const Node& mapping, const QString& key)
+std::optional<QString> ConfigReader::text(const DocumentNode& mapping, const QString& key)
 {
-    const Node::Member* member = mapping.member(key);
+    const DocumentNode::Member* member = mapping.member(key);
     return member ? textOf(member->value, key) : std::nullopt;
 }
 
 std::optional<QString> ConfigReader::word(
-    const Node& mapping, const QString& key, const QStringList& allowed)
+    const DocumentNode& mapping, const QString& key, const QStringList& allowed)
 {
     const std::optional<QString> value = text(mapping, key);
     if (!value || allowed.contains(*value))
@@ -149,23 +149,24 @@ std::optional<QString> ConfigReader::word(
     return std::nullopt;
 }
 
-const Node* ConfigReader::child(const Node& mapping, const QString& key, Node::Kind kind)
+const DocumentNode* ConfigReader::child(
+    const DocumentNode& mapping, const QString& key, DocumentNode::Kind kind)
 {
-    const Node::Member* member = mapping.member(key);
+    const DocumentNode::Member* member = mapping.member(key);
     if (!member || member->value.isNull())
         return nullptr;
     if (member->value.kind == kind)
         return &member->value;
     addError(member->value.position,
-        kind == Node::Kind::Mapping
+        kind == DocumentNode::Kind::Mapping
             ? Workspace::tr("%1 has to hold \"key: value\"").arg(shownText(key))
             : Workspace::tr("%1 has to hold a list, \"- value\"").arg(shownText(key)));
     return nullptr;
 }
 
-std::optional<QString> ConfigReader::textOf(const Node& value, const QString& name)
+std::optional<QString> ConfigReader::textOf(const DocumentNode& value, const QString& name)
 {
-    if (value.kind == Node::Kind::Scalar && !value.isNull() && !value.value.isEmpty())
+    if (value.kind == DocumentNode::Kind::Scalar && !value.isNull() && !value.value.isEmpty())
         return value.value;
     addError(value.position, Workspace::tr("%1 has to be a text").arg(shownText(name)));
     return std::nullopt;

@@ -22,31 +22,32 @@ QString addressFault(const QString& text);
  */
 class ConfigReader {
 public:
-    using Node = QuadrelDocument::Node;
+    using DocumentNode = QuadrelDocument::DocumentNode;
 
     explicit ConfigReader(const QString& path);
 
     /** The file's bytes; nothing, and an error, if it cannot be read. */
     std::optional<QByteArray> read();
     /** The text's mapping, empty if the text is; nothing, and an error, if it is none. */
-    std::optional<Node> parse(const QByteArray& text);
+    std::optional<DocumentNode> parse(const QByteArray& text);
 
     /** Every key must be one of these, and be there once. */
-    void checkKeys(const Node& mapping, const QStringList& known);
+    void checkKeys(const DocumentNode& mapping, const QStringList& known);
     /** Every key must be there once, whatever it is. */
-    void checkOnce(const Node& mapping);
+    void checkOnce(const DocumentNode& mapping);
 
     // A value of a mapping; nothing if it is not there, and an error if it is another one.
     /** In decimal, or in hexadecimal after "0x". */
     std::optional<quint64> number(
-        const Node& mapping, const QString& key, quint64 least, quint64 most);
-    std::optional<QString> text(const Node& mapping, const QString& key);
+        const DocumentNode& mapping, const QString& key, quint64 least, quint64 most);
+    std::optional<QString> text(const DocumentNode& mapping, const QString& key);
     std::optional<QString> word(
-        const Node& mapping, const QString& key, const QStringList& allowed);
-    const Node* child(const Node& mapping, const QString& key, Node::Kind kind);
+        const DocumentNode& mapping, const QString& key, const QStringList& allowed);
+    const DocumentNode* child(
+        const DocumentNode& mapping, const QString& key, DocumentNode::Kind kind);
 
     /** The text of a value that has to be a text; nothing, and an error, for any other. */
-    std::optional<QString> textOf(const Node& value, const QString& name);
+    std::optional<QString> textOf(const DocumentNode& value, const QString& name);
 
     void addError(const QuadrelDocument::Position& position, const QString& text);
     const QStringList& errors() const { return m_errors; }

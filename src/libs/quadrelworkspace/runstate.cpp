@@ -11,7 +11,7 @@
 
 namespace QuadrelWorkspace {
 
-using QuadrelDocument::Node;
+using QuadrelDocument::DocumentNode;
 
 namespace {
 
@@ -28,17 +28,17 @@ const QString reasonKey = QStringLiteral("reason");
 const QStringList stateWords{QStringLiteral("waiting"), QStringLiteral("at work"),
     QStringLiteral("done"), QStringLiteral("failed")};
 
-Node nodeOf(const UnitRunState& unit)
+DocumentNode nodeOf(const UnitRunState& unit)
 {
-    Node node = Node::mapping();
-    node.add(nameKey, Node::text(unit.name));
-    node.add(stateKey, Node::bare(stateWord(unit.state)));
+    DocumentNode node = DocumentNode::mapping();
+    node.add(nameKey, DocumentNode::text(unit.name));
+    node.add(stateKey, DocumentNode::bare(stateWord(unit.state)));
     if (!unit.reason.isEmpty())
-        node.add(reasonKey, Node::text(unit.reason));
+        node.add(reasonKey, DocumentNode::text(unit.reason));
     return node;
 }
 
-UnitRunState readUnit(ConfigReader& reader, const Node& node)
+UnitRunState readUnit(ConfigReader& reader, const DocumentNode& node)
 {
     reader.checkKeys(node, {nameKey, stateKey, reasonKey});
     UnitRunState unit;
@@ -51,7 +51,7 @@ UnitRunState readUnit(ConfigReader& reader, const Node& node)
     return unit;
 }
 
-RunState stateOf(ConfigReader& reader, const Node& file)
+RunState stateOf(ConfigReader& reader, const DocumentNode& file)
 {
     RunState state;
     reader.checkKeys(file, {formatKey, commandKey, begunKey, unitsKey});
@@ -62,8 +62,8 @@ RunState stateOf(ConfigReader& reader, const Node& file)
     state.command = singleLine(reader.text(file, commandKey).value_or(QString()));
     state.begun =
         QDateTime::fromString(reader.text(file, begunKey).value_or(QString()), Qt::ISODate);
-    const Node* units = reader.child(file, unitsKey, Node::Kind::Sequence);
-    for (const Node& unit : units ? units->items : std::vector<Node>())
+    const DocumentNode* units = reader.child(file, unitsKey, DocumentNode::Kind::Sequence);
+    for (const DocumentNode& unit : units ? units->items : std::vector<DocumentNode>())
         state.units.append(readUnit(reader, unit));
     return state;
 }
@@ -102,11 +102,11 @@ bool RunState::isOver() const
 
 QString saveRunState(const QString& path, const RunState& state)
 {
-    Node file = Node::mapping();
-    file.add(formatKey, Node::bare(format));
-    file.add(commandKey, Node::text(singleLine(state.command)));
-    file.add(begunKey, Node::bare(state.begun.toUTC().toString(Qt::ISODate)));
-    Node units = Node::sequence();
+    DocumentNode file = DocumentNode::mapping();
+    file.add(formatKey, DocumentNode::bare(format));
+    file.add(commandKey, DocumentNode::text(singleLine(state.command)));
+    file.add(begunKey, DocumentNode::bare(state.begun.toUTC().toString(Qt::ISODate)));
+    DocumentNode units = DocumentNode::sequence();
     for (const UnitRunState& unit : state.units)
         units.items.push_back(nodeOf(unit));
     file.add(unitsKey, units);

@@ -17,7 +17,7 @@
 
 namespace QuadrelWorkspace {
 
-using QuadrelDocument::Node;
+using QuadrelDocument::DocumentNode;
 using QuadrelDocument::shownText;
 
 namespace {
@@ -33,7 +33,7 @@ QString endpointOf(const UnitAddress& address)
     return address.toText().toLower().section(QStringLiteral("://"), 1);
 }
 
-void readDefaults(ConfigReader& reader, const Node& defaults, Site& site)
+void readDefaults(ConfigReader& reader, const DocumentNode& defaults, Site& site)
 {
     const QString timeout = QStringLiteral("timeout");
     const QString retries = QStringLiteral("retries");
@@ -44,13 +44,13 @@ void readDefaults(ConfigReader& reader, const Node& defaults, Site& site)
     site.jobs = static_cast<int>(reader.number(defaults, jobs, 1, mostJobs).value_or(site.jobs));
 }
 
-QStringList readTags(ConfigReader& reader, const Node& tags)
+QStringList readTags(ConfigReader& reader, const DocumentNode& tags)
 {
     QStringList names;
     if (tags.items.size() > mostTags)
         reader.addError(
             tags.position, Workspace::tr("more than %1 tags").arg(QString::number(mostTags)));
-    for (const Node& item : tags.items) {
+    for (const DocumentNode& item : tags.items) {
         const std::optional<QString> name = reader.textOf(item, QStringLiteral("tags"));
         if (name && !isName(*name))
             reader.addError(item.position, nameFault(*name));
@@ -61,7 +61,8 @@ QStringList readTags(ConfigReader& reader, const Node& tags)
 }
 
 /** A value that each unit needs. */
-std::optional<QString> readNeeded(ConfigReader& reader, const Node& unit, const QString& key)
+std::optional<QString> readNeeded(
+    ConfigReader& reader, const DocumentNode& unit, const QString& key)
 {
     if (!unit.member(key))
         reader.addError(unit.position, Workspace::tr("the unit has no %1").arg(shownText(key)));
@@ -69,7 +70,7 @@ std::optional<QString> readNeeded(ConfigReader& reader, const Node& unit, const 
 }
 
 /** What is wrong with a unit is an error of the reader; then some of it is missing. */
-SiteUnit readUnit(ConfigReader& reader, const Node& node)
+SiteUnit readUnit(ConfigReader& reader, const DocumentNode& node)
 {
     SiteUnit unit;
     const QString name = QStringLiteral("name");
@@ -92,7 +93,7 @@ SiteUnit readUnit(ConfigReader& reader, const Node& node)
     unit.serialNumber =
         reader.number(node, serial, 1, std::numeric_limits<quint64>::max()).value_or(0);
     unit.modelId = reader.number(node, model, 0, std::numeric_limits<quint16>::max());
-    if (const Node* list = reader.child(node, tags, Node::Kind::Sequence))
+    if (const DocumentNode* list = reader.child(node, tags, DocumentNode::Kind::Sequence))
         unit.tags = readTags(reader, *list);
     unit.document = reader.text(node, document).value_or(QString());
     return unit;
@@ -101,7 +102,7 @@ SiteUnit readUnit(ConfigReader& reader, const Node& node)
 /** Names, addresses and serial numbers that are there already. */
 class Doubles {
 public:
-    void check(ConfigReader& reader, const Node& node, const SiteUnit& unit)
+    void check(ConfigReader& reader, const DocumentNode& node, const SiteUnit& unit)
     {
         check(reader, node, QStringLiteral("name"), unit.name);
         if (!unit.address.host.isEmpty())
@@ -111,9 +112,10 @@ public:
     }
 
 private:
-    void check(ConfigReader& reader, const Node& node, const QString& key, const QString& value)
+    void check(
+        ConfigReader& reader, const DocumentNode& node, const QString& key, const QString& value)
     {
-        const Node::Member* member = node.member(key);
+        const DocumentNode::Member* member = node.member(key);
         if (!member || value.isEmpty())
             return;
         const QString seen = key + QLatin1Char(' ') + value;
@@ -126,7 +128,7 @@ private:
     QSet<QString> m_seen;
 };
 
-void readUnits(ConfigReader& reader, const Node& list, Site& site)
+void readUnits(ConfigReader& reader, const DocumentNode& list, Site& site)
 {
     if (list.items.size() > Site::mostUnits) {
         reader.addError(list.position,
@@ -134,8 +136,8 @@ void readUnits(ConfigReader& reader, const Node& list, Site& site)
         return;
     }
     Doubles doubles;
-    for (const Node& item : list.items) {
-        if (item.kind != Node::Kind::Mapping) {
+    for (const DocumentNode& item : list.items) {
+        if (item.kind != DocumentNode::Kind::Mapping) {
             reader.addError(item.position, Workspace::tr("a unit has to hold \"key: value\""));
             continue;
         }
@@ -147,14 +149,14 @@ void readUnits(ConfigReader& reader, const Node& list, Site& site)
 
 const QString unitsKey = QStringLiteral("units");
 
-Site siteOf(ConfigReader& reader, const Node& file)
+Site siteOf(ConfigReader& reader, const DocumentNode& file)
 {
     Site site;
     const QString defaults = QStringLiteral("defaults");
     reader.checkKeys(file, {defaults, unitsKey});
-    if (const Node* mapping = reader.child(file, defaults, Node::Kind::Mapping))
+    if (const DocumentNode* mapping = reader.child(file, defaults, DocumentNode::Kind::Mapping))
         readDefaults(reader, *mapping, site);
-    if (const Node* list = reader.child(file, unitsKey, Node::Kind::Sequence))
+    if (const DocumentNode* list = reader.child(file, unitsKey, DocumentNode::Kind::Sequence))
         readUnits(reader, *list, site);
     return site;
 }
@@ -242,28 +244,28 @@ std::optional<int> dashOf(const QByteArray& text, int itemStart)
 }
 
 /** Without quotes where nothing but a text can be meant. */
-Node plainNode(const QString& text)
+DocumentNode plainNode(const QString& text)
 {
     static const QRegularExpression plain(QStringLiteral("^[A-Za-z][A-Za-z0-9._/-]*$"));
     static const QStringList words{QStringLiteral("true"), QStringLiteral("false"),
         QStringLiteral("null"), QStringLiteral("yes"), QStringLiteral("no"), QStringLiteral("on"),
         QStringLiteral("off"), QStringLiteral("y"), QStringLiteral("n")};
     const bool isPlain = plain.match(text).hasMatch() && !words.contains(text.toLower());
-    return isPlain ? Node::bare(text) : Node::text(text);
+    return isPlain ? DocumentNode::bare(text) : DocumentNode::text(text);
 }
 
-Node nodeOf(const SiteUnit& unit)
+DocumentNode nodeOf(const SiteUnit& unit)
 {
-    Node node = Node::mapping();
+    DocumentNode node = DocumentNode::mapping();
     node.add(QStringLiteral("name"), plainNode(unit.name));
-    node.add(QStringLiteral("address"), Node::bare(unit.address.toText()));
+    node.add(QStringLiteral("address"), DocumentNode::bare(unit.address.toText()));
     if (unit.serialNumber != 0)
-        node.add(QStringLiteral("serial"), Node::bare(QString::number(unit.serialNumber)));
+        node.add(QStringLiteral("serial"), DocumentNode::bare(QString::number(unit.serialNumber)));
     if (unit.modelId)
         node.add(QStringLiteral("model"),
-            Node::bare(QStringLiteral("0x%1").arg(*unit.modelId, 4, 16, QLatin1Char('0'))));
+            DocumentNode::bare(QStringLiteral("0x%1").arg(*unit.modelId, 4, 16, QLatin1Char('0'))));
     if (!unit.tags.isEmpty()) {
-        Node tags = Node::sequence();
+        DocumentNode tags = DocumentNode::sequence();
         for (const QString& tag : unit.tags)
             tags.items.push_back(plainNode(tag));
         node.add(QStringLiteral("tags"), tags);
@@ -305,7 +307,7 @@ public:
     explicit SiteText(const QByteArray& text)
         : m_text(text)
         , m_reader(unitsKey)
-        , m_file(m_reader.parse(text).value_or(Node::mapping()))
+        , m_file(m_reader.parse(text).value_or(DocumentNode::mapping()))
     {
         const LoadedSite loaded = parseSite(text, Workspace::tr("inventory"));
         m_error = loaded.errors.value(0);
@@ -314,8 +316,11 @@ public:
 
     QString error() const { return m_error; }
     const QVector<SiteUnit>& units() const { return m_units; }
-    const Node::Member* list() const { return m_file.member(unitsKey); }
-    const Node& item(int index) const { return list()->value.items.at(static_cast<size_t>(index)); }
+    const DocumentNode::Member* list() const { return m_file.member(unitsKey); }
+    const DocumentNode& item(int index) const
+    {
+        return list()->value.items.at(static_cast<size_t>(index));
+    }
     int indexOf(const QString& name) const
     {
         for (int i = 0; i < m_units.size(); ++i) {
@@ -339,7 +344,7 @@ public:
 private:
     const QByteArray m_text;
     ConfigReader m_reader;
-    const Node m_file;
+    const DocumentNode m_file;
     QString m_error;
     QVector<SiteUnit> m_units;
 };
@@ -363,7 +368,7 @@ std::optional<Replacement> intoEmptyList(
 std::optional<Replacement> appended(
     const SiteText& site, const QByteArray& text, const QVector<SiteUnit>& units)
 {
-    const Node::Member* list = site.list();
+    const DocumentNode::Member* list = site.list();
     if (!list) {
         const bool isInBraces = text.trimmed().startsWith('{');
         const QByteArray feed = text.isEmpty() || text.endsWith('\n') ? "" : "\n";
@@ -372,7 +377,7 @@ std::optional<Replacement> appended(
     }
     if (list->value.items.empty())
         return intoEmptyList(text, list->keyStart, itemLines(units, 2));
-    const Node& last = list->value.items.back();
+    const DocumentNode& last = list->value.items.back();
     const std::optional<int> dash = dashOf(text, last.start);
     if (!dash)
         return std::nullopt;
@@ -477,7 +482,7 @@ EditedSite removeUnits(const QByteArray& text, const QStringList& names)
         const int index = site.indexOf(name);
         if (index < 0)
             return {QByteArray(), Workspace::tr("no unit has the name %1").arg(shownText(name))};
-        const Node& item = site.item(index);
+        const DocumentNode& item = site.item(index);
         const std::optional<int> dash = dashOf(text, item.start);
         if (!dash)
             return {QByteArray(), byHand()};
@@ -499,7 +504,7 @@ EditedSite setAddresses(const QByteArray& text, const QMap<QString, UnitAddress>
         if (index < 0)
             return {
                 QByteArray(), Workspace::tr("no unit has the name %1").arg(shownText(each.key()))};
-        const Node& old = site.item(index).member(QStringLiteral("address"))->value;
+        const DocumentNode& old = site.item(index).member(QStringLiteral("address"))->value;
         replacements.append({old.start, old.end, each.value().toText().toUtf8()});
         units[index].address = each.value();
     }

@@ -209,6 +209,23 @@ bool concerns(const Difference& difference, Table table)
         [&difference](Section section) { return difference.concerns(section); });
 }
 
+/** What an operation without parts is at; empty for others. */
+QString wholeStep(UnitRequest::Kind kind)
+{
+    switch (kind) {
+    case UnitRequest::SetClock:
+        return Workspace::tr("setting the clock");
+    case UnitRequest::SetNetwork:
+        return Workspace::tr("setting the network address");
+    case UnitRequest::Reset:
+        return Workspace::tr("restarting the unit");
+    case UnitRequest::WriteRemark:
+        return Workspace::tr("writing the remark");
+    default:
+        return QString();
+    }
+}
+
 QString adviceToReach()
 {
     return Workspace::tr("check the address, the network, and that the unit is switched on; then "
@@ -472,10 +489,14 @@ WorkResult UnitWork::Private::run(const UnitRequest& request, const ProgressHand
     const auto phase =
         request.kind() == UnitRequest::ReadClock ? WorkProgress::Reading : WorkProgress::Writing;
     const UnitResult done = runOnUnit(request, phase, progress);
-    if (!done)
+    if (!done) {
         result.failure = failureOf(done.failure);
-    else if (!done.data.clock.isEmpty())
+        const QString step = wholeStep(request.kind());
+        if (!step.isEmpty())
+            result.failure.step = step;
+    } else if (!done.data.clock.isEmpty()) {
         result.contents.clock = done.data.clock;
+    }
     return result;
 }
 

@@ -17,7 +17,7 @@ const QStringList weekdays{QStringLiteral("monday"), QStringLiteral("tuesday"),
     QStringLiteral("wednesday"), QStringLiteral("thursday"), QStringLiteral("friday"),
     QStringLiteral("saturday"), QStringLiteral("sunday")};
 
-QMap<QString, UnitAddress> unitsOf(ConfigReader& reader, const QuadrelDocument::Node& units)
+QMap<QString, UnitAddress> unitsOf(ConfigReader& reader, const QuadrelDocument::DocumentNode& units)
 {
     QMap<QString, UnitAddress> addresses;
     reader.checkOnce(units);
@@ -73,7 +73,8 @@ LoadedSettings loadSettings(const QString& settingsFolder)
             reader.word(*file, language, {QStringLiteral("en"), QStringLiteral("zh")});
         if (const auto day = reader.word(*file, firstWeekday, weekdays))
             settings.firstWeekday = static_cast<Qt::DayOfWeek>(Qt::Monday + weekdays.indexOf(*day));
-        if (const auto* named = reader.child(*file, units, QuadrelDocument::Node::Kind::Mapping))
+        if (const auto* named =
+                reader.child(*file, units, QuadrelDocument::DocumentNode::Kind::Mapping))
             settings.units = unitsOf(reader, *named);
     }
     loaded.errors = reader.errors();

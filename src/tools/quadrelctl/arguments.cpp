@@ -36,7 +36,8 @@ std::vector<std::string>::iterator findCommand(
         const bool skipsNext = isFollowedByArgument(app, *it) && it + 1 != arguments.end();
         it += skipsNext ? 2 : 1;
     }
-    return it;
+    // What follows "--" is no command.
+    return it != arguments.end() && *it == "--" ? arguments.end() : it;
 }
 
 /** How many characters are to be changed, added or removed to make one text of another. */

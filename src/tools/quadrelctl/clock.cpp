@@ -1,8 +1,9 @@
 #include "commands.h"
+#include "consent.h"
 #include "console.h"
-#include "contentsjson.h"
-#include "session.h"
+#include "json.h"
 #include "tool.h"
+#include "unitaccess.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
@@ -12,7 +13,12 @@
 namespace {
 
 const QString now = QStringLiteral("now");
-const QString sentForm = QStringLiteral("yyyy/MM/dd  hh:mm:ss");
+
+/** A time as it is typed; the framework's parser does not get along with two blanks. */
+QDateTime typedTime(const QString& text)
+{
+    return QDateTime::fromString(text.simplified(), QStringLiteral("yyyy/MM/dd hh:mm:ss"));
+}
 
 /** What a unit's clock says, or an invalid time. The year of a text lacks the zero of 2001 to 2009.
  */
@@ -39,7 +45,7 @@ QString describeDifference(qint64 seconds)
                              .addSecs(static_cast<int>(amount % secondsPerDay))
                              .toString(QStringLiteral("hh:mm:ss"));
     const QString length =
-        days == 0 ? time : Tool::tr("%1 days %2").arg(QString::number(days), time);
+        days == 0 ? time : Tool::tr("%n day(s) %1", nullptr, static_cast<int>(days)).arg(time);
     return (
         seconds > 0 ? Tool::tr("%1 ahead of this machine's") : Tool::tr("%1 behind this machine's"))
         .arg(length);
@@ -68,16 +74,30 @@ bool isClockText(const QString& text)
 {
     static const QRegularExpression form(
         QStringLiteral("^20\\d\\d/\\d\\d/\\d\\d  \\d\\d:\\d\\d:\\d\\d\\z"));
-    return text == now
-        || (form.match(text).hasMatch() && QDateTime::fromString(text, sentForm).isValid());
+    return text == now || (form.match(text).hasMatch() && typedTime(text).isValid());
 }
 
 void runClock(const ClockOptions& options)
 {
-    Session session(options.unit);
-    if (!options.time.isEmpty())
-        session.run(UnitRequest::setClock(options.time == now
-                ? QDateTime::currentDateTime()
-                : QDateTime::fromString(options.time, sentForm)));
-    print(session.run(UnitRequest::readClock()).clock, options.json);
+    const bool isSet = !options.time.isEmpty();
+    if (isSet) {
+        Console::outliveReader();
+        Consent::requirePossible(options.dryRun);
+    }
+    UnitAccess unit(options.unit);
+    const QString before = *unit.run(UnitRequest::readClock()).contents.clock;
+    if (!isSet) {
+        print(before, options.json);
+        return;
+    }
+    if (!options.json)
+        Console::remark(Tool::tr("The clock says %1.").arg(before));
+    const QString question = options.time == now ? Tool::tr("Set it to the time of this machine?")
+                                                 : Tool::tr("Set it to %1?").arg(options.time);
+    if (!Consent::given(question, options.dryRun))
+        return;
+    const QDateTime time =
+        options.time == now ? QDateTime::currentDateTime() : typedTime(options.time);
+    unit.run(UnitRequest::setClock(time));
+    print(*unit.run(UnitRequest::readClock()).contents.clock, options.json);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
-#include "unitaddress.h"
+#include <unitaddress.h>
 
 #include <QtCore/QString>
 #include <QtCore/QStringList>
+
+#include <optional>
 
 /**
  * The commands, each in a file of its name. A command prints its result and returns; it throws
@@ -17,10 +19,12 @@ struct InfoOptions {
 void runInfo(const InfoOptions& options);
 
 struct ReadOptions {
-    UnitAddress unit;
-    /** Read the only unit that a search finds, instead of `unit`. */
+    /** Without one, the only unit that a search finds. */
+    std::optional<UnitAddress> unit;
     bool discover = false;
     bool json = false;
+    /** Names of sections; empty for all. */
+    QStringList only;
     /** Where to save; empty for nowhere. */
     QString file;
 };
@@ -29,6 +33,7 @@ void runRead(const ReadOptions& options);
 struct ClockOptions {
     UnitAddress unit;
     bool json = false;
+    bool dryRun = false;
     /** "now" or a time like "2026/11/14  06:05:49"; empty to set nothing. */
     QString time;
 };
@@ -42,29 +47,89 @@ struct ShowOptions {
 };
 void runShow(const ShowOptions& options);
 
+struct CheckOptions {
+    QStringList files;
+};
+void runCheck(const CheckOptions& options);
+
+struct ConvertOptions {
+    QString from;
+    QString to;
+};
+void runConvert(const ConvertOptions& options);
+
+struct DiffOptions {
+    /** Each a file, a unit's name or its address. */
+    QString before;
+    QString after;
+    bool json = false;
+};
+void runDiff(const DiffOptions& options);
+
 struct WriteOptions {
     UnitAddress unit;
     QString file;
     /** Names of sections; empty for all that the file holds. */
     QStringList only;
-    bool diff = false;
     bool dryRun = false;
-    bool dropTimeTriggers = false;
+    bool otherUnit = false;
+    bool json = false;
 };
 void runWrite(const WriteOptions& options);
+
+/** What edit, set, unset and get work on. */
+struct TargetOptions {
+    /** Empty if there is a unit. */
+    QString file;
+    std::optional<UnitAddress> unit;
+    bool dryRun = false;
+};
+
+struct EditOptions {
+    TargetOptions target;
+};
+void runEdit(const EditOptions& options);
+
+struct SetOptions {
+    TargetOptions target;
+    /** As in "events[8].description=Display off". */
+    QStringList assignments;
+};
+void runSet(const SetOptions& options);
+
+struct PathOptions {
+    TargetOptions target;
+    /** As in "events[8].name". */
+    QStringList paths;
+};
+void runUnset(const PathOptions& options);
+void runGet(const PathOptions& options);
+
+struct UndoOptions {
+    UnitAddress unit;
+    bool dryRun = false;
+};
+void runUndo(const UndoOptions& options);
+
+struct BackupsOptions {
+    std::optional<quint64> serialNumber;
+    bool json = false;
+};
+void runBackups(const BackupsOptions& options);
 
 struct NetworkOptions {
     UnitAddress unit;
     QString ip;
     QString mask;
     QString gateway;
-    bool yes = false;
+    bool dryRun = false;
 };
 void runNetwork(const NetworkOptions& options);
 
 struct ResetOptions {
     UnitAddress unit;
     bool defaultAddress = false;
+    bool dryRun = false;
 };
 void runReset(const ResetOptions& options);
 
@@ -73,12 +138,15 @@ struct UpgradeOptions {
     QString streamedFile;
     QString addressedFile;
     QString descriptorFile;
+    bool force = false;
+    bool dryRun = false;
 };
 void runUpgrade(const UpgradeOptions& options);
 
 struct RemarkOptions {
     UnitAddress unit;
     QString streamedFile;
+    bool dryRun = false;
 };
 void runRemark(const RemarkOptions& options);
 
@@ -90,3 +158,12 @@ struct DiscoverOptions {
     bool isUpgrade = false;
 };
 void runDiscover(const DiscoverOptions& options);
+
+struct CompleteOptions {
+    /** "units", "sections" or "paths". */
+    QString kind;
+    /** Of "paths". */
+    QString file;
+};
+/** For the shells: prints what may stand at a place of the command line, a word to a line. */
+void runComplete(const CompleteOptions& options);

@@ -1,10 +1,12 @@
 #include "console.h"
 
 #include "interrupts.h"
+#include "pager.h"
 #include "table.h"
 #include "tool.h"
 #include "visibletext.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 
@@ -15,6 +17,7 @@ namespace {
 
 constexpr int usualColumns = 80;
 
+Console::Options current;
 bool progressShown = false;
 bool readerMayVanish = false;
 
@@ -31,12 +34,87 @@ QString cutToWidth(QString text, int width)
     return text;
 }
 
+/** Nothing where there is no terminal. */
+winsize sizeOf(int descriptor)
+{
+    winsize size = {};
+    return ioctl(descriptor, TIOCGWINSZ, &size) == 0 ? size : winsize();
+}
+
+bool hasColour(int descriptor)
+{
+    return isatty(descriptor) == 1 && qgetenv("NO_COLOR").isEmpty() && qgetenv("TERM") != "dumb";
+}
+
+const char* sequenceOf(Style style)
+{
+    switch (style) {
+    case Style::Plain:
+        return "";
+    case Style::Heading:
+        return "\x1b[1m";
+    case Style::Added:
+        return "\x1b[32m";
+    case Style::Removed:
+        return "\x1b[31m";
+    case Style::Changed:
+        return "\x1b[33m";
+    }
+    Q_UNREACHABLE();
+}
+
+QString styled(const Line& line, bool colour)
+{
+    const QString text = visible(line.text);
+    return colour && line.style != Style::Plain
+        ? QLatin1String(sequenceOf(line.style)) + text + QLatin1String("\x1b[0m")
+        : text;
+}
+
+QString textOf(const Page& page)
+{
+    const bool colour = hasColour(STDOUT_FILENO);
+    QString text;
+    for (const Line& line : page)
+        text += styled(line, colour) + QLatin1Char('\n');
+    return text;
+}
+
+/** A line that is wider than the terminal takes several of its rows. */
+bool exceedsScreen(const Page& page, winsize size)
+{
+    const int columns = std::max<int>(size.ws_col, 1);
+    int rows = 0;
+    for (const Line& line : page)
+        rows += std::max(1, (displayWidth(line.text) + columns - 1) / columns);
+    return size.ws_row > 0 && rows >= size.ws_row;
+}
+
 } // namespace
+
+void Console::configure(const Options& options)
+{
+    current = options;
+}
 
 void Console::print(const QString& text)
 {
     endProgress();
     write(stdout, visibleLines(text));
+}
+
+void Console::print(const Page& page)
+{
+    endProgress();
+    write(stdout, textOf(page));
+}
+
+void Console::printPaged(const Page& page)
+{
+    const bool isLong = isatty(STDOUT_FILENO) == 1 && exceedsScreen(page, sizeOf(STDOUT_FILENO));
+    endProgress();
+    if (!current.pager || !isLong || !flush() || !Pager::show(textOf(page).toUtf8()))
+        print(page);
 }
 
 bool Console::flush()
@@ -58,6 +136,23 @@ void Console::warn(const QString& text)
     note(Tool::tr("warning: %1").arg(text));
 }
 
+void Console::progress(const QString& text)
+{
+    if (!current.quiet)
+        note(text);
+}
+
+void Console::remark(const QString& text)
+{
+    if (!current.quiet)
+        print(text + QLatin1Char('\n'));
+}
+
+int Console::pageWidth()
+{
+    return isatty(STDOUT_FILENO) == 1 ? sizeOf(STDOUT_FILENO).ws_col : 0;
+}
+
 bool Console::isTerminal()
 {
     return isatty(STDERR_FILENO) == 1;
@@ -65,18 +160,17 @@ bool Console::isTerminal()
 
 int Console::columns()
 {
-    winsize size = {};
-    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col
-                                                                           : usualColumns;
+    const int columns = sizeOf(STDERR_FILENO).ws_col;
+    return columns > 0 ? columns : usualColumns;
 }
 
 void Console::showProgress(const QString& text)
 {
-    if (!isTerminal())
+    if (!isTerminal() || current.quiet)
         return;
     // In the last column the cursor would go on to the next line.
     const QString line = cutToWidth(visible(text), columns() - 1);
-    // Back to the line's start, and clear what the last text leaves behind.
+    // Back to the line's start, and clear what the last text leaves.
     write(stderr, QLatin1Char('\r') + line + QStringLiteral("\x1b[K"));
     progressShown = true;
 }
@@ -100,8 +194,10 @@ bool Console::confirm(const QString& question)
     write(stderr, visibleLines(question) + Tool::tr(" [y/N] "));
     Interrupts::awaitInput(STDIN_FILENO);
     char answer[64] = {};
-    if (!std::fgets(answer, sizeof(answer), stdin))
+    if (!std::fgets(answer, sizeof(answer), stdin)) {
+        write(stderr, QStringLiteral("\n"));
         return false;
+    }
     const QString given = QString::fromLocal8Bit(answer).trimmed().toLower();
     return given == QStringLiteral("y") || given == QStringLiteral("yes");
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "page.h"
+
 #include <QtCore/QString>
 
 /**
@@ -8,14 +10,32 @@
  */
 namespace Console {
 
+struct Options {
+    /** No progress and no remarks. */
+    bool quiet = false;
+    bool pager = true;
+};
+void configure(const Options& options);
+
 /** Results, on stdout. */
 void print(const QString& text);
+/** Results in lines, with colour on a terminal. */
+void print(const Page& page);
+/** The same, in a pager if they are longer than the terminal. */
+void printPaged(const Page& page);
 /** Whether all results have reached stdout, or nobody needs them any more. */
 bool flush();
 
-/** Errors, warnings and progress, a line on stderr. */
+/** Errors and warnings, on stderr. */
 void note(const QString& text);
 void warn(const QString& text);
+/** A step of long work, as a line of its own on stderr unless the user wants quiet. */
+void progress(const QString& text);
+/** What was done, on stdout unless the user wants quiet. */
+void remark(const QString& text);
+
+/** The columns that results may take: those of the terminal on stdout, or 0 without one. */
+int pageWidth();
 
 /** Whether a person watches stderr. */
 bool isTerminal();

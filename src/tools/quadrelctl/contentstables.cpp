@@ -1,21 +1,24 @@
 #include "contentstables.h"
 
+#include "console.h"
+#include "preferences.h"
 #include "table.h"
 #include "tool.h"
 
 #include <QtCore/QHash>
+#include <QtCore/QStringList>
+
+#include <algorithm>
+
+using namespace QuadrelDocument;
 
 namespace {
+
+constexpr int daysOfWeek = 7;
 
 QString yesOrNo(bool value)
 {
     return value ? Tool::tr("yes") : Tool::tr("no");
-}
-
-QString section(const QString& title, const Table& table)
-{
-    const QString body = table.isEmpty() ? Tool::tr("(none)") + QLatin1Char('\n') : table.toText();
-    return title + QLatin1Char('\n') + body + QLatin1Char('\n');
 }
 
 using EventNames = QHash<int, QString>;
@@ -24,141 +27,233 @@ using EventNames = QHash<int, QString>;
 EventNames eventNames(const Contents& contents)
 {
     EventNames names;
-    EventModel events = contents.events.value_or(EventModel());
-    const QList<EventInfo> records = events.getEventInfo();
-    for (EventInfo event : records) {
-        if (!names.contains(event.getEventId()))
-            names.insert(event.getEventId(), event.getEventName());
+    const QVector<Event> events = contents.events.value_or(QVector<Event>());
+    for (const Event& event : events) {
+        if (!names.contains(event.id))
+            names.insert(event.id, event.name.value_or(QString()));
     }
     return names;
 }
 
 /** As in "3 lights on, 7 curtain". */
-QString namedEvents(const QString& eventText, const EventNames& names)
+QString namedEvents(const QVector<int>& ids, const EventNames& names)
 {
     QStringList items;
-    const QList<int> ids = eventIds(eventText);
     for (const int id : ids)
         items.append(QStringLiteral("%1 %2").arg(QString::number(id), names.value(id)).trimmed());
     return items.join(QStringLiteral(", "));
 }
 
-QString inspection(inspectionType type)
+bool isPrintable(char byte)
 {
-    return type == INSPECTION_NONE ? Tool::tr("none") : QString::number(type);
+    return byte >= ' ' && byte <= '~';
 }
 
-QString eventType(EventInfo::EventType type)
+/** Of the bytes after the first, which is printable. */
+bool isText(char byte)
 {
-    return type == EventInfo::EVENT_DELAY ? Tool::tr("delay") : Tool::tr("command %1").arg(type);
+    return isPrintable(byte) || byte == '\r' || byte == '\n' || byte == '\t';
 }
 
-QString protocolText(bool isHex, const QString& text)
+/** The longest part of the bytes that reads as text; a short one is chance. */
+QByteArray longestText(const QByteArray& bytes)
 {
-    return isHex ? text : Tool::tr("text: %1").arg(text);
+    constexpr int shortest = 3;
+    QByteArray longest;
+    auto start = std::find_if(bytes.begin(), bytes.end(), isPrintable);
+    while (start != bytes.end()) {
+        const auto end = std::find_if_not(start, bytes.end(), isText);
+        if (end - start > longest.size())
+            longest = QByteArray(start, static_cast<int>(end - start));
+        start = std::find_if(end, bytes.end(), isPrintable);
+    }
+    return longest.size() < shortest ? QByteArray() : longest;
 }
 
-Table serialPortTable(SystemModel config)
+/** Hexadecimal digits, and what of them reads as text. */
+QString bytesText(const QByteArray& bytes)
+{
+    const QByteArray text = longestText(bytes);
+    const QString hex = hexText(bytes);
+    return text.isEmpty() ? hex : QStringLiteral("%1  \"%2\"").arg(hex, escapedText(text));
+}
+
+QString inspectionText(int type)
+{
+    return type == 2 ? Tool::tr("none") : QString::number(type);
+}
+
+QString parameterText(const Trigger& trigger)
+{
+    if (trigger.kind != TriggerKind::Io)
+        return bytesText(trigger.parameter);
+    if (!trigger.level)
+        return Tool::tr("none");
+    return *trigger.level == Level::High ? Tool::tr("high level") : Tool::tr("low level");
+}
+
+QString kindText(TriggerKind kind)
+{
+    switch (kind) {
+    case TriggerKind::Com:
+        return Tool::tr("serial");
+    case TriggerKind::ComModbus:
+        return Tool::tr("Modbus");
+    case TriggerKind::Io:
+        return Tool::tr("input");
+    }
+    Q_UNREACHABLE();
+}
+
+QString repeatText(Repeat repeat)
+{
+    switch (repeat) {
+    case Repeat::EveryDay:
+        return Tool::tr("every day");
+    case Repeat::Weekly:
+        return Tool::tr("weekly");
+    case Repeat::Once:
+        return Tool::tr("once");
+    }
+    Q_UNREACHABLE();
+}
+
+QString dayName(int day)
+{
+    const QString names[daysOfWeek] = {Tool::tr("Mon"), Tool::tr("Tue"), Tool::tr("Wed"),
+        Tool::tr("Thu"), Tool::tr("Fri"), Tool::tr("Sat"), Tool::tr("Sun")};
+    return names[day % daysOfWeek];
+}
+
+/** As in "Mon Tue Fri"; a unit has eight of them, and the last is no day. */
+QString weekdaysText(const QVector<int>& weekdays, Qt::DayOfWeek first)
+{
+    QStringList names;
+    for (const int number : weekdays)
+        names.append(number <= daysOfWeek ? dayName(first - Qt::Monday + number - 1)
+                                          : QString::number(number));
+    return names.join(QLatin1Char(' '));
+}
+
+QString dateText(const std::optional<QString>& date)
+{
+    return date ? *date : Tool::tr("forever");
+}
+
+Table serialPortTable(const QVector<SerialPort>& ports)
 {
     Table table({Tool::tr("Port"), Tool::tr("Baud rate"), Tool::tr("Data bits"),
         Tool::tr("Stop bits"), Tool::tr("Inspection")});
     int number = 0;
-    const QList<ComInfo> records = config.getComInfo();
-    for (ComInfo port : records)
-        table.addRow({QString::number(++number), QString::number(port.getBaudRate()),
-            QString::number(port.getDataBits()), QString::number(port.getStopBits()),
-            inspection(port.getInspectionType())});
+    for (const SerialPort& port : ports)
+        table.addRow({QString::number(++number), QString::number(port.baudRate),
+            QString::number(port.dataBits), QString::number(port.stopBits),
+            inspectionText(port.inspection)});
     return table;
 }
 
-Table ioLineTable(SystemModel config)
+Table ioLineTable(const QVector<IoLine>& lines)
 {
     Table table({Tool::tr("Line"), Tool::tr("Type")});
     int number = 0;
-    const QList<IOType> types = config.getIOType();
-    for (const IOType type : types)
-        table.addRow({QString::number(++number), QString::number(type)});
+    for (const IoLine& line : lines)
+        table.addRow({QString::number(++number), QString::number(line.type)});
     return table;
 }
 
-Table eventTable(EventModel model)
+Table eventTable(const QVector<Event>& events)
 {
-    Table table({Tool::tr("Id"), Tool::tr("Name"), Tool::tr("Type"), Tool::tr("Command"),
-        Tool::tr("Description")});
-    const QList<EventInfo> records = model.getEventInfo();
-    for (EventInfo event : records)
-        table.addRow({QString::number(event.getEventId()), event.getEventName(),
-            eventType(event.getEventType()),
-            protocolText(event.getEventProtocolType(), event.getEventProtocal()),
-            event.getEventInstruction()});
+    Table table({Tool::tr("Id"), Tool::tr("Name"), Tool::tr("Command"), Tool::tr("Description")});
+    for (const Event& event : events)
+        table.addRow({QString::number(event.id), event.name.value_or(QString()),
+            event.delay ? Tool::tr("wait %1 ms").arg(*event.delay) : bytesText(event.command),
+            event.description});
     return table;
 }
 
-Table triggerTable(TriggerModel model, const EventNames& names)
+Table triggerTable(const QVector<Trigger>& triggers, const EventNames& names)
 {
     Table table({Tool::tr("Id"), Tool::tr("Kind"), Tool::tr("Line"), Tool::tr("Parameter"),
         Tool::tr("Events"), Tool::tr("Description")});
-    const QList<TriggerInfo> records = model.getTriggerInfo();
-    for (TriggerInfo trigger : records)
-        table.addRow(
-            {QString::number(trigger.getTriggerId()), triggerKind(trigger), triggerLine(trigger),
-                protocolText(trigger.getTriggerProtocolType(), trigger.getTriggerParameter()),
-                namedEvents(trigger.getTriggerEvent(), names), trigger.getTriggerInstruction()});
+    for (const Trigger& trigger : triggers)
+        table.addRow({QString::number(trigger.id), kindText(trigger.kind),
+            lineLabel(trigger.kind, trigger.line), parameterText(trigger),
+            namedEvents(trigger.eventIds, names), trigger.description});
     return table;
 }
 
-Table timeTriggerTable(TriggerTimeModel model, const EventNames& names)
+Table timeTriggerTable(
+    const QVector<TimeTrigger>& triggers, const EventNames& names, Qt::DayOfWeek firstWeekday)
 {
     Table table({Tool::tr("Id"), Tool::tr("Repeat"), Tool::tr("From"), Tool::tr("Until"),
         Tool::tr("Weekdays"), Tool::tr("Time"), Tool::tr("Events"), Tool::tr("Description")});
-    const QList<TriggerTimeInfo> records = model.getTriggerInfo();
-    for (TriggerTimeInfo trigger : records)
-        table.addRow(
-            {QString::number(trigger.getTriggerId()), repeatMode(trigger), trigger.getStartDate(),
-                trigger.getEndDate(), trigger.getSelectWeekly(), trigger.getTriggerTime(),
-                namedEvents(trigger.getTriggerEvent(), names), trigger.getTriggerInstruction()});
+    for (const TimeTrigger& trigger : triggers)
+        table.addRow({QString::number(trigger.id), repeatText(trigger.repeat), trigger.startDate,
+            dateText(trigger.endDate), weekdaysText(trigger.weekdays, firstWeekday), trigger.time,
+            namedEvents(trigger.eventIds, names), trigger.description});
     return table;
+}
+
+void addSection(Page& page, const QString& title, const Page& body)
+{
+    if (!page.isEmpty())
+        page.append(Line());
+    page.append({title, Style::Heading});
+    page += body.isEmpty() ? Page{{Tool::tr("(none)")}} : body;
+}
+
+/** The page of a table; none without a row, whatever its headings. */
+Page pageOf(const Table& table, const TableOptions& options)
+{
+    return table.isEmpty() ? Page() : table.toPage(options.width);
 }
 
 } // namespace
 
-QString deviceTable(DeviceModel device)
+TableOptions TableOptions::ofTerminal()
 {
-    Table table;
-    table.addRow({Tool::tr("Model"),
-        QStringLiteral("0x%1").arg(device.getModelId(), 4, 16, QLatin1Char('0'))});
-    table.addRow({Tool::tr("Serial number"), QString::number(device.getSN())});
-    table.addRow({Tool::tr("Version"), device.getVersion()});
-    table.addRow({Tool::tr("DHCP"), yesOrNo(device.getDHCPModel())});
-    table.addRow({Tool::tr("Address"), device.getIP()});
-    table.addRow({Tool::tr("Mask"), device.getSubMask()});
-    table.addRow({Tool::tr("Gateway"), device.getGateWay()});
-    table.addRow({Tool::tr("Ethernet link"), yesOrNo(device.getEthLinkState())});
-    table.addRow({Tool::tr("Serial ports"), QString::number(device.getComNumber())});
-    table.addRow({Tool::tr("IO lines"), QString::number(device.getIoNumber())});
-    table.addRow({Tool::tr("Relays"), QString::number(device.getRelayNumber())});
-    table.addRow({Tool::tr("Infra-red ports"), QString::number(device.getIRNumber())});
-    return table.toText();
+    return {Console::pageWidth(), Preferences::user().firstWeekday};
 }
 
-QString contentsTables(const Contents& contents)
+Page deviceTable(const Device& device, const TableOptions& options)
+{
+    Table table;
+    table.addRow(
+        {Tool::tr("Model"), QStringLiteral("0x%1").arg(device.modelId, 4, 16, QLatin1Char('0'))});
+    table.addRow({Tool::tr("Serial number"), QString::number(device.serialNumber)});
+    table.addRow({Tool::tr("Version"), device.version});
+    table.addRow({Tool::tr("DHCP"), yesOrNo(device.dhcp)});
+    table.addRow({Tool::tr("Address"), device.ip});
+    table.addRow({Tool::tr("Mask"), device.mask});
+    table.addRow({Tool::tr("Gateway"), device.gateway});
+    table.addRow({Tool::tr("Ethernet link"), yesOrNo(device.ethernetLink)});
+    table.addRow({Tool::tr("Serial ports"), QString::number(device.serialPortCount)});
+    table.addRow({Tool::tr("IO lines"), QString::number(device.ioLineCount)});
+    table.addRow({Tool::tr("Relays"), QString::number(device.relayCount)});
+    table.addRow({Tool::tr("Infra-red ports"), QString::number(device.infraredPortCount)});
+    return table.toPage(options.width);
+}
+
+Page contentsTables(const Contents& contents, const TableOptions& options)
 {
     const EventNames names = eventNames(contents);
-    QString text;
+    Page page;
     if (contents.device)
-        text += Tool::tr("DEVICE") + QLatin1Char('\n') + deviceTable(*contents.device)
-            + QLatin1Char('\n');
-    if (contents.config) {
-        text += section(Tool::tr("SERIAL PORTS"), serialPortTable(*contents.config));
-        text += section(Tool::tr("IO LINES"), ioLineTable(*contents.config));
-    }
+        addSection(page, Tool::tr("DEVICE"), deviceTable(*contents.device, options));
+    if (contents.serialPorts)
+        addSection(page, Tool::tr("SERIAL PORTS"),
+            pageOf(serialPortTable(*contents.serialPorts), options));
+    if (contents.ioLines)
+        addSection(page, Tool::tr("IO LINES"), pageOf(ioLineTable(*contents.ioLines), options));
     if (contents.events)
-        text += section(Tool::tr("EVENTS"), eventTable(*contents.events));
+        addSection(page, Tool::tr("EVENTS"), pageOf(eventTable(*contents.events), options));
     if (contents.triggers)
-        text += section(Tool::tr("TRIGGERS"), triggerTable(*contents.triggers, names));
+        addSection(
+            page, Tool::tr("TRIGGERS"), pageOf(triggerTable(*contents.triggers, names), options));
     if (contents.timeTriggers)
-        text += section(Tool::tr("TIME TRIGGERS"), timeTriggerTable(*contents.timeTriggers, names));
-    if (!contents.clock.isEmpty())
-        text += Tool::tr("CLOCK") + QLatin1Char('\n') + contents.clock + QLatin1Char('\n');
-    return text;
+        addSection(page, Tool::tr("TIME TRIGGERS"),
+            pageOf(timeTriggerTable(*contents.timeTriggers, names, options.firstWeekday), options));
+    if (contents.clock)
+        addSection(page, Tool::tr("CLOCK"), {{*contents.clock}});
+    return page;
 }

@@ -1,12 +1,11 @@
 #include "commands.h"
 #include "console.h"
-#include "contentsjson.h"
 #include "discovery.h"
+#include "json.h"
 #include "table.h"
 #include "tool.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QJsonArray>
 
 namespace {
 
@@ -30,13 +29,13 @@ QJsonArray toJson(const FoundUnits& units)
     return array;
 }
 
-QString toTable(const FoundUnits& units)
+Page toTable(const FoundUnits& units)
 {
     Table table({Tool::tr("Unit"), Tool::tr("Name"), Tool::tr("Reply port"), Tool::tr("Reply")});
     for (const serverData& unit : units)
         table.addRow({addressOf(unit).toText(), QString(unit.name), QString::number(unit.port),
             replyText(unit)});
-    return table.toText();
+    return table.toPage(Console::pageWidth());
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "discovery.h"
 
 #include "console.h"
-#include "settings.h"
+#include "preferences.h"
 #include "tool.h"
 
 #include <QtCore/QElapsedTimer>
@@ -123,8 +123,7 @@ FoundUnits searchNetwork(SearchEnd end, const std::optional<QString>& upgradeNam
     if (!hasUsableAddress())
         throw CommandFailure{Tool::tr("this machine has no network address to search from")};
     requireFreePort();
-    const Settings settings = Settings::load();
-    const int length = upgradeName ? settings.upgradeTimeout : settings.searchTimeout;
+    const int length = upgradeName ? Preferences::upgradeTimeout() : Preferences::searchTimeout();
     Search search(upgradeName, length);
     FoundUnits units = search.run(end);
     if (units.isEmpty())

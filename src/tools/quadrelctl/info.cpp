@@ -1,15 +1,15 @@
 #include "commands.h"
 #include "console.h"
-#include "contentsjson.h"
 #include "contentstables.h"
-#include "session.h"
+#include "json.h"
+#include "unitaccess.h"
 
 void runInfo(const InfoOptions& options)
 {
-    Session session(options.unit);
-    const DeviceModel device = session.run(UnitRequest::readDevice()).device;
+    UnitAccess unit(options.unit);
+    const QuadrelDocument::Device device = unit.readDevice();
     if (options.json)
         printJson(deviceToJson(device));
     else
-        Console::print(deviceTable(device));
+        Console::print(deviceTable(device, TableOptions::ofTerminal()));
 }

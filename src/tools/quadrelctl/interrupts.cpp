@@ -1,7 +1,8 @@
 #include "interrupts.h"
 
 #include "tool.h"
-#include "unitsession.h"
+
+#include <unitwork.h>
 
 #include <atomic>
 #include <cerrno>
@@ -15,7 +16,7 @@ namespace {
 
 int wakeDescriptor = -1;
 std::atomic<bool> wasInterrupted{false};
-std::atomic<UnitSession*> abortedSession{nullptr};
+std::atomic<QuadrelWorkspace::UnitWork*> watched{nullptr};
 
 void handleInterrupt(int)
 {
@@ -23,29 +24,39 @@ void handleInterrupt(int)
     wasInterrupted = true;
     const eventfd_t count = 1;
     [[maybe_unused]] const ssize_t written = write(wakeDescriptor, &count, sizeof(count));
-    if (UnitSession* const session = abortedSession)
-        session->abort();
+    if (QuadrelWorkspace::UnitWork* const work = watched)
+        work->abort();
     errno = keptErrno;
 }
 
-} // namespace
-
-void Interrupts::watch()
+void installHandler()
 {
-    if (wakeDescriptor >= 0)
-        return;
     wakeDescriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     if (wakeDescriptor < 0)
         throw CommandFailure{
             Tool::tr("interrupts can't be watched: %1").arg(qt_error_string(errno))};
     struct sigaction action = {};
     action.sa_handler = handleInterrupt;
-    action.sa_flags = SA_RESETHAND | SA_RESTART;
+    action.sa_flags = static_cast<int>(SA_RESETHAND) | SA_RESTART;
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
 }
 
-void Interrupts::throwIfAny()
+} // namespace
+
+void Interrupts::watch(QuadrelWorkspace::UnitWork* work)
+{
+    if (wakeDescriptor < 0)
+        installHandler();
+    watched = work;
+}
+
+bool Interrupts::arePending()
+{
+    return wasInterrupted;
+}
+
+void Interrupts::throwIfPending()
 {
     if (wasInterrupted)
         throw CommandFailure{Tool::tr("interrupted"), Interrupted};
@@ -53,20 +64,10 @@ void Interrupts::throwIfAny()
 
 void Interrupts::awaitInput(int descriptor)
 {
+    if (wakeDescriptor < 0)
+        return;
     pollfd waited[] = {{wakeDescriptor, POLLIN, 0}, {descriptor, POLLIN, 0}};
     while (poll(waited, 2, -1) < 0 && errno == EINTR)
-        throwIfAny();
-    throwIfAny();
-}
-
-void Interrupts::pause(int milliseconds)
-{
-    pollfd waited = {wakeDescriptor, POLLIN, 0};
-    poll(&waited, 1, milliseconds);
-    throwIfAny();
-}
-
-void Interrupts::setSession(UnitSession* session)
-{
-    abortedSession = session;
+        throwIfPending();
+    throwIfPending();
 }

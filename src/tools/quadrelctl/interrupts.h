@@ -1,21 +1,25 @@
 #pragma once
 
-class UnitSession;
+namespace QuadrelWorkspace {
+class UnitWork;
+}
 
-/** Interrupts by the user, SIGINT and SIGTERM. The second one ends the program at once. */
+/**
+ * Interrupts by the user, SIGINT and SIGTERM. The first one ends what runs on a unit, and a
+ * question; the second one ends the program at once.
+ */
 namespace Interrupts {
 
-/** Until the end of the program. Throws CommandFailure if there is no free descriptor. */
-void watch();
+/**
+ * Until the end of the program an interrupt ends this work; null for none. Throws CommandFailure if
+ * there is no free descriptor.
+ */
+void watch(QuadrelWorkspace::UnitWork* work);
 
+bool arePending();
 /** Throws CommandFailure once there was an interrupt. */
-void throwIfAny();
+void throwIfPending();
 /** Waits until there is something to read, or an interrupt, for which it throws. */
 void awaitInput(int descriptor);
-/** Lets time pass; throws at an interrupt. */
-void pause(int milliseconds);
-
-/** An interrupt aborts the session; null for none. */
-void setSession(UnitSession* session);
 
 } // namespace Interrupts

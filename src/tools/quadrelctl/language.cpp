@@ -32,11 +32,11 @@ void Language::install(const QString& language)
 {
     const bool chinese =
         isChinese(language.isEmpty() ? QLocale::system().uiLanguages().value(0) : language);
-    // The library's source texts are Chinese, and all others are English.
+    // The library's source texts are Chinese, and all others are English, without plurals.
     const QStringList files = chinese
         ? QStringList{QStringLiteral("quadrelctl_zh"), QStringLiteral("quadrellink_zh"),
             QStringLiteral("quadreldocument_zh"), QStringLiteral("quadrelworkspace_zh")}
-        : QStringList{QStringLiteral("quadrelbll_en")};
+        : QStringList{QStringLiteral("quadrelbll_en"), QStringLiteral("quadrelctl_en")};
     for (const QString& file : files) {
         auto* translator = new QTranslator(QCoreApplication::instance());
         if (translator->load(QStringLiteral(":/translations/") + file))

@@ -1,6 +1,7 @@
 #include "console.h"
 #include "language.h"
 #include "options.h"
+#include "preferences.h"
 #include "tool.h"
 
 #include <QtCore/QCoreApplication>
@@ -14,16 +15,23 @@ void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& tex
         Console::note(text);
 }
 
-int run(int argc, char** argv)
+/** What is wrong with the settings, in the language that they ask for. */
+QString loadSettings()
 {
-    const CommandLine line = CommandLine::parse(argc, argv);
-    if (!line.command)
-        return line.exitCode;
+    const QString faults = Preferences::load();
+    const QString asked = Language::fromArguments(QCoreApplication::arguments());
+    Language::install(asked.isEmpty() ? Preferences::user().language.value_or(QString()) : asked);
+    return faults.isEmpty() ? faults : Preferences::load();
+}
+
+int run(const std::function<void()>& command)
+{
     try {
-        line.command();
+        command();
     } catch (const CommandFailure& failure) {
         Console::flush();
-        Console::note(failure.text);
+        if (!failure.text.isEmpty())
+            Console::note(failure.text);
         return failure.code;
     }
     if (!Console::flush()) {
@@ -41,6 +49,13 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("quadrelctl"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QUADRELCTL_VERSION));
     qInstallMessageHandler(handleMessage);
-    Language::install(Language::fromArguments(QCoreApplication::arguments()));
-    return run(argc, argv);
+    const QString faults = loadSettings();
+    const CommandLine line = CommandLine::parse(argc, argv);
+    if (!line.command)
+        return line.exitCode;
+    if (!faults.isEmpty()) {
+        Console::note(faults);
+        return WrongUsage;
+    }
+    return run(line.command);
 }

@@ -1,22 +1,22 @@
 #include "addresscheck.h"
 #include "commands.h"
+#include "consent.h"
 #include "console.h"
-#include "session.h"
 #include "table.h"
 #include "tool.h"
+#include "unitaccess.h"
 
 namespace {
 
-void showChange(DeviceModel& device, const NetworkOptions& options)
+void showChange(const QuadrelDocument::Device& device, const NetworkOptions& options)
 {
-    const QString dhcp = device.getDHCPModel() ? Tool::tr("yes") : Tool::tr("no");
     Table table({QString(), Tool::tr("Old"), Tool::tr("New")});
-    table.addRow({Tool::tr("DHCP"), dhcp, Tool::tr("no")});
-    table.addRow({Tool::tr("Address"), device.getIP(), options.ip});
-    table.addRow({Tool::tr("Mask"), device.getSubMask(), options.mask});
-    table.addRow({Tool::tr("Gateway"), device.getGateWay(), options.gateway});
-    Console::print(table.toText());
-    Console::flush();
+    table.addRow(
+        {Tool::tr("DHCP"), device.dhcp ? Tool::tr("yes") : Tool::tr("no"), Tool::tr("no")});
+    table.addRow({Tool::tr("Address"), device.ip, options.ip});
+    table.addRow({Tool::tr("Mask"), device.mask, options.mask});
+    table.addRow({Tool::tr("Gateway"), device.gateway, options.gateway});
+    Console::print(table.toPage(Console::pageWidth()));
 }
 
 } // namespace
@@ -27,15 +27,12 @@ void runNetwork(const NetworkOptions& options)
     const QString fault = networkFault(options.ip, options.mask, options.gateway);
     if (!fault.isEmpty())
         throw CommandFailure{fault, WrongUsage};
-    if (!options.yes && !Console::canAsk())
-        throw CommandFailure{
-            Tool::tr("there is no terminal to confirm on; --yes goes on without"), WrongUsage};
-
-    Session session(options.unit);
-    DeviceModel device = session.run(UnitRequest::readDevice()).device;
-    showChange(device, options);
-    if (!options.yes && !Console::confirm(Tool::tr("Give the unit the new address?")))
-        throw CommandFailure{Tool::tr("nothing was changed")};
-    session.run(UnitRequest::setNetwork(options.ip, options.mask, options.gateway));
-    Console::print(Tool::tr("The unit has taken the address %1.\n").arg(options.ip));
+    Consent::requirePossible(options.dryRun);
+    UnitAccess unit(options.unit);
+    showChange(unit.readDevice(), options);
+    if (!Consent::given(Tool::tr("Give the unit the new address?"), options.dryRun))
+        return;
+    unit.run(UnitRequest::setNetwork(options.ip, options.mask, options.gateway),
+        Tool::tr("The unit may have either address; \"quadrelctl discover\" shows which."));
+    Console::remark(Tool::tr("The unit has taken the address %1.").arg(options.ip));
 }

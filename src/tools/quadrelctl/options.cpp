@@ -4,6 +4,8 @@
 #include "arguments.h"
 #include "commands.h"
 #include "console.h"
+#include "preferences.h"
+#include "sections.h"
 #include "tool.h"
 #include "usagetext.h"
 
@@ -16,6 +18,9 @@
 #include <string>
 
 namespace {
+
+constexpr int longestTimeout = 3600000;
+constexpr int mostRetries = 100;
 
 QString toText(const std::string& argument)
 {
@@ -36,6 +41,18 @@ CLI::Option* addText(CLI::App* app, const char* name, const QString& help, QStri
     return addText(app, name, help, [&target](const QString& text) { target = text; });
 }
 
+/** A list of words that goes to `target`. */
+CLI::Option* addTexts(CLI::App* app, const char* name, const QString& help, QStringList& target)
+{
+    return app->add_option_function<std::vector<std::string>>(
+        name,
+        [&target](const std::vector<std::string>& words) {
+            for (const std::string& word : words)
+                target.append(toText(word));
+        },
+        help.toStdString());
+}
+
 CLI::Option* addFlag(CLI::App* app, const char* name, const QString& help, bool& target)
 {
     return app->add_flag(name, target, help.toStdString());
@@ -53,6 +70,23 @@ template <typename Test> CLI::Validator accept(Test test, const QString& complai
         std::string());
 }
 
+template <typename Store>
+void addNumber(CLI::App* app, const char* name, const QString& help, const char* unit,
+    quint64 least, quint64 most, Store store)
+{
+    const auto isInRange = [least, most](const QString& text) {
+        bool isNumber = false;
+        const quint64 number = text.toULongLong(&isNumber);
+        return isNumber && least <= number && number <= most;
+    };
+    QString complaint = Tool::tr("\"%1\" is no number from %2 to %3");
+    complaint.replace(QStringLiteral("%2"), QString::number(least));
+    complaint.replace(QStringLiteral("%3"), QString::number(most));
+    addText(app, name, help, [store](const QString& text) { store(text.toULongLong()); })
+        ->type_name(unit)
+        ->check(accept(isInRange, complaint));
+}
+
 CLI::Option* addFile(CLI::App* app, const char* name, const QString& help, QString& target)
 {
     const auto isName = [](const QString& text) { return !text.isEmpty(); };
@@ -61,13 +95,17 @@ CLI::Option* addFile(CLI::App* app, const char* name, const QString& help, QStri
         ->check(accept(isName, Tool::tr("the name of the file is empty")));
 }
 
-CLI::Option* addUnit(CLI::App* app, UnitAddress& unit)
+template <typename Address> CLI::Option* addUnit(CLI::App* app, Address& unit)
 {
-    const auto isAddress = [](const QString& text) { return UnitAddress::fromText(text); };
-    return addText(app, "--unit", Tool::tr("Where the unit is, as in tcp://192.168.1.10:3801"),
-        [&unit](const QString& text) { unit = *UnitAddress::fromText(text); })
-        ->type_name("ADDRESS")
-        ->check(accept(isAddress,
+    const auto isUnit = [](const QString& text) {
+        return Preferences::user().addressOf(text).has_value();
+    };
+    return addText(app, "--unit",
+        Tool::tr(
+            "The unit: its name in the settings, or its address as in tcp://192.168.1.10:3801"),
+        [&unit](const QString& text) { unit = *Preferences::user().addressOf(text); })
+        ->type_name("UNIT")
+        ->check(accept(isUnit,
             Tool::tr("\"%1\" is no address of a unit: tcp://HOST:PORT or udp://HOST:PORT")));
 }
 
@@ -81,6 +119,24 @@ void addStreamedImage(CLI::App* app, QString& target)
 void addJson(CLI::App* app, bool& json)
 {
     addFlag(app, "--json", Tool::tr("Print JSON"), json);
+}
+
+void addDryRun(CLI::App* app, bool& dryRun)
+{
+    addFlag(app, "--dry-run", Tool::tr("Show what would be done, and change nothing"), dryRun);
+}
+
+void addOnly(CLI::App* app, const QString& help, QStringList& names)
+{
+    std::vector<std::string> allowed;
+    const QStringList known = sectionNames();
+    for (const QString& name : known)
+        allowed.push_back(name.toStdString());
+    addTexts(app, "--only", help.arg(known.join(QStringLiteral(", "))), names)
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->type_name("SECTIONS")
+        ->check(CLI::IsMember(allowed));
 }
 
 /** Usage and options in the user's language; subcommands inherit the labels and not the help. */
@@ -114,6 +170,17 @@ template <typename Options> struct Subcommand {
             [&line, run, options = options] { line.command = [run, options] { run(*options); }; });
     }
 
+    /** The end of the help; each example is what follows the program's name. */
+    void addExamples(std::initializer_list<const char*> examples) const
+    {
+        QString text =
+            Tool::tr("Options of every command: --timeout, --retries, --log, --quiet, "
+                     "--yes, --no-pager, --language; see quadrelctl --help\n\nExamples:");
+        for (const char* example : examples)
+            text += QStringLiteral("\n  quadrelctl ") + QString::fromUtf8(example);
+        app->footer(text.toStdString());
+    }
+
     CLI::App* app;
     std::shared_ptr<Options> options;
 };
@@ -124,6 +191,7 @@ void addInfo(CLI::App& app, CommandLine& line)
         app, line, "info", Tool::tr("Show what a unit says about itself"), runInfo);
     addUnit(info.app, info.options->unit)->required();
     addJson(info.app, info.options->json);
+    info.addExamples({"info --unit 192.168.1.10", "info --unit hall --json"});
 }
 
 void addRead(CLI::App& app, CommandLine& line)
@@ -139,7 +207,12 @@ void addRead(CLI::App& app, CommandLine& line)
             throw CLI::RequiredError::Option(1, 1, given, "--unit,--discover");
     });
     addJson(read.app, read.options->json);
-    addFile(read.app, "--save", Tool::tr("Save to a project file"), read.options->file);
+    addOnly(read.app, Tool::tr("Show and save these sections alone: %1"), read.options->only);
+    addFile(read.app, "--save",
+        Tool::tr("Save to a document, .yaml or .json, or to a project file, .xml"),
+        read.options->file);
+    read.addExamples({"read --unit 192.168.1.10 --save hall.yaml",
+        "read --unit hall --only events,triggers", "read --discover --json"});
 }
 
 void addClock(CLI::App& app, CommandLine& line)
@@ -148,6 +221,7 @@ void addClock(CLI::App& app, CommandLine& line)
         app, line, "clock", Tool::tr("Show or set a unit's clock"), runClock);
     addUnit(clock.app, clock.options->unit)->required();
     addJson(clock.app, clock.options->json);
+    addDryRun(clock.app, clock.options->dryRun);
     addText(clock.app, "--set",
         Tool::tr("\"now\", or a time like \"2026/11/14  06:05:49\", with two blanks"),
         clock.options->time)
@@ -155,40 +229,170 @@ void addClock(CLI::App& app, CommandLine& line)
         ->check(accept(isClockText,
             Tool::tr("\"%1\" is no time of the years 2000 to 2099 in the form "
                      "\"2026/11/14  06:05:49\", with two blanks")));
+    clock.addExamples({"clock --unit hall", "clock --unit hall --set now",
+        "clock --unit hall --set \"2026/11/14  06:05:49\" --yes"});
 }
 
 void addShow(CLI::App& app, CommandLine& line)
 {
     const Subcommand<ShowOptions> show(
-        app, line, "show", Tool::tr("Show what a project file holds"), runShow);
-    addFile(show.app, "file", Tool::tr("The project file"), show.options->file)->required();
+        app, line, "show", Tool::tr("Show what a file holds"), runShow);
+    addFile(show.app, "file", Tool::tr("A document or a project file"), show.options->file)
+        ->required();
     addJson(show.app, show.options->json);
+    show.addExamples({"show hall.yaml", "show old.xml --json"});
+}
+
+void addCheck(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<CheckOptions> check(
+        app, line, "check", Tool::tr("Look for mistakes in files"), runCheck);
+    addTexts(check.app, "file", Tool::tr("Documents and project files"), check.options->files)
+        ->type_name("FILE")
+        ->required();
+    check.addExamples({"check hall.yaml", "check *.yaml old.xml"});
+}
+
+void addConvert(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<ConvertOptions> convert(app, line, "convert",
+        Tool::tr("Save a file in another form, by the ending of its name"), runConvert);
+    addFile(convert.app, "from", Tool::tr("A document or a project file"), convert.options->from)
+        ->required();
+    addFile(convert.app, "to", Tool::tr("A name that ends in .yaml, .json or .xml"),
+        convert.options->to)
+        ->required();
+    convert.addExamples({"convert old.xml hall.yaml", "convert hall.yaml hall.json"});
+}
+
+void addDiff(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<DiffOptions> diff(app, line, "diff",
+        Tool::tr("Compare two files or units; exit code 0 if they are the same, 1 if not"),
+        runDiff);
+    addText(
+        diff.app, "before", Tool::tr("A file, or a unit's name or address"), diff.options->before)
+        ->type_name("FILE|UNIT")
+        ->required();
+    addText(diff.app, "after", Tool::tr("A file, or a unit's name or address"), diff.options->after)
+        ->type_name("FILE|UNIT")
+        ->required();
+    addJson(diff.app, diff.options->json);
+    diff.addExamples({"diff hall.yaml 192.168.1.10", "diff monday.yaml tuesday.yaml --json"});
 }
 
 void addWrite(CLI::App& app, CommandLine& line)
 {
     const Subcommand<WriteOptions> write(
-        app, line, "write", Tool::tr("Write a project file to a unit"), runWrite);
+        app, line, "write", Tool::tr("Write a file to a unit, and read it back"), runWrite);
     WriteOptions& options = *write.options;
     addUnit(write.app, options.unit)->required();
-    addFile(write.app, "file", Tool::tr("The project file"), options.file)->required();
-    write.app
-        ->add_option_function<std::vector<std::string>>(
-            "--only",
-            [&options](const std::vector<std::string>& names) {
-                for (const std::string& name : names)
-                    options.only.append(toText(name));
-            },
-            Tool::tr("Write these sections alone: config, events, triggers").toStdString())
-        ->delimiter(',')
-        ->allow_extra_args(false)
-        ->type_name("SECTIONS")
-        ->check(CLI::IsMember({"config", "events", "triggers"}));
-    addFlag(write.app, "--diff", Tool::tr("List each change"), options.diff);
-    addFlag(write.app, "--dry-run", Tool::tr("Tell what would change, and write nothing"),
-        options.dryRun);
-    addFlag(write.app, "--drop-time-triggers",
-        Tool::tr("Remove the unit's time triggers, which no file holds"), options.dropTimeTriggers);
+    addFile(write.app, "file", Tool::tr("A document or a project file"), options.file)->required();
+    addOnly(write.app, Tool::tr("Write these sections alone: %1"), options.only);
+    addDryRun(write.app, options.dryRun);
+    addFlag(write.app, "--other-unit",
+        Tool::tr("Write what another unit holds; address, serial number and model stay"),
+        options.otherUnit);
+    addJson(write.app, options.json);
+    write.addExamples({"write --unit hall hall.yaml --dry-run", "write --unit hall hall.yaml",
+        "write --unit hall old.xml --only events --yes"});
+}
+
+/** The words of a command on a file or, with --unit, on a unit; the file is the first word. */
+void addTarget(CLI::App* app, TargetOptions& target, const QString& help, QStringList& words,
+    std::size_t least)
+{
+    CLI::Option* unit = addUnit(app, target.unit);
+    CLI::Option* option = addTexts(app, "words", help, words)->type_name("TEXT");
+    app->parse_complete_callback([unit, option, least, &target, &words] {
+        const bool hasUnit = unit->count() > 0;
+        if (option->count() < least + (hasUnit ? 0 : 1))
+            throw CLI::RequiredError(
+                (words.isEmpty() && !hasUnit ? Tool::tr("FILE or --unit") : Tool::tr("a path"))
+                    .toStdString());
+    });
+}
+
+/** Parsed options become those of the command when the words are known. */
+void takeFile(TargetOptions& target, QStringList& words)
+{
+    if (!target.unit)
+        target.file = words.takeFirst();
+}
+
+template <typename Options>
+void addPathCommand(CLI::App& app, CommandLine& line, const char* name, const QString& help,
+    const QString& words, void (*run)(const Options&), QStringList Options::*list,
+    std::initializer_list<const char*> examples, bool changes)
+{
+    const Subcommand<Options> command(app, line, name, help, run);
+    Options& options = *command.options;
+    addTarget(command.app, options.target, words, options.*list, 1);
+    if (changes)
+        addDryRun(command.app, options.target.dryRun);
+    command.app->callback([&line, run, list, shared = command.options] {
+        line.command = [run, list, shared] {
+            takeFile(shared->target, (*shared).*list);
+            run(*shared);
+        };
+    });
+    command.addExamples(examples);
+}
+
+void addPathCommands(CLI::App& app, CommandLine& line)
+{
+    addPathCommand<SetOptions>(app, line, "set",
+        Tool::tr("Change single values of a file or a unit"),
+        Tool::tr("FILE unless there is --unit; then PATH=VALUE"), runSet, &SetOptions::assignments,
+        {"set hall.yaml 'events[8].description=Display off'",
+            "set --unit hall 'triggers[2].line=COM B-1' 'events[40]={delay: 500}'"},
+        true);
+    addPathCommand<PathOptions>(app, line, "get",
+        Tool::tr("Print single values of a file or a unit"),
+        Tool::tr("FILE unless there is --unit; then PATH"), runGet, &PathOptions::paths,
+        {"get hall.yaml 'events[8].name'", "get --unit hall device.version"}, false);
+    addPathCommand<PathOptions>(app, line, "unset",
+        Tool::tr("Remove single records or values of a file or a unit"),
+        Tool::tr("FILE unless there is --unit; then PATH"), runUnset, &PathOptions::paths,
+        {"unset hall.yaml 'events[40]'", "unset --unit hall 'events[8].name'"}, true);
+}
+
+void addEdit(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<EditOptions> edit(app, line, "edit",
+        Tool::tr("Edit a file or what a unit holds, in $VISUAL or $EDITOR"), runEdit);
+    TargetOptions& target = edit.options->target;
+    CLI::Option* unit = addUnit(edit.app, target.unit);
+    CLI::Option* file =
+        addFile(edit.app, "file", Tool::tr("A document or a project file"), target.file);
+    edit.app->parse_complete_callback([unit, file] {
+        const std::size_t given = (unit->count() ? 1U : 0U) + (file->count() ? 1U : 0U);
+        if (given != 1)
+            throw CLI::RequiredError::Option(1, 1, given, "--unit,FILE");
+    });
+    addDryRun(edit.app, target.dryRun);
+    edit.addExamples({"edit --unit hall", "edit hall.yaml", "edit --unit hall --dry-run"});
+}
+
+void addUndo(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<UndoOptions> undo(app, line, "undo",
+        Tool::tr("Bring back what a unit held before its last change from here"), runUndo);
+    addUnit(undo.app, undo.options->unit)->required();
+    addDryRun(undo.app, undo.options->dryRun);
+    undo.addExamples({"undo --unit hall --dry-run", "undo --unit hall"});
+}
+
+void addBackups(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<BackupsOptions> backups(app, line, "backups",
+        Tool::tr("List what was kept of units before they were changed"), runBackups);
+    BackupsOptions& options = *backups.options;
+    addNumber(backups.app, "--serial", Tool::tr("Those of the unit with this serial number alone"),
+        "N", 0, std::numeric_limits<quint64>::max(),
+        [&options](quint64 number) { options.serialNumber = number; });
+    addJson(backups.app, options.json);
+    backups.addExamples({"backups", "backups --serial 310000001"});
 }
 
 void addNetwork(CLI::App& app, CommandLine& line)
@@ -206,7 +410,9 @@ void addNetwork(CLI::App& app, CommandLine& line)
     addAddress("--ip", Tool::tr("The new address"), options.ip);
     addAddress("--mask", Tool::tr("The subnet mask"), options.mask);
     addAddress("--gateway", Tool::tr("The gateway, or 0.0.0.0 for none"), options.gateway);
-    addFlag(network.app, "--yes", Tool::tr("Do not ask"), options.yes);
+    addDryRun(network.app, options.dryRun);
+    network.addExamples({"network --unit 192.168.1.10 --ip 192.168.1.20 --mask 255.255.255.0 "
+                         "--gateway 192.168.1.1"});
 }
 
 void addReset(CLI::App& app, CommandLine& line)
@@ -215,6 +421,8 @@ void addReset(CLI::App& app, CommandLine& line)
     addUnit(reset.app, reset.options->unit)->required();
     addFlag(reset.app, "--default-address", Tool::tr("The unit goes back to its default address"),
         reset.options->defaultAddress);
+    addDryRun(reset.app, reset.options->dryRun);
+    reset.addExamples({"reset --unit hall", "reset --unit hall --default-address"});
 }
 
 void addUpgrade(CLI::App& app, CommandLine& line)
@@ -226,8 +434,15 @@ void addUpgrade(CLI::App& app, CommandLine& line)
     addStreamedImage(upgrade.app, options.streamedFile);
     addFile(upgrade.app, "--addressed", Tool::tr("The addressed image"), options.addressedFile)
         ->required();
-    addFile(upgrade.app, "--descriptor", Tool::tr("The upgrade's descriptor, to be shown"),
+    addFile(upgrade.app, "--descriptor",
+        Tool::tr("The upgrade's descriptor; model and version are compared with the unit's"),
         options.descriptorFile);
+    addFlag(upgrade.app, "--force",
+        Tool::tr("Go on with files that look wrong, or with the version that is installed"),
+        options.force);
+    addDryRun(upgrade.app, options.dryRun);
+    upgrade.addExamples({"upgrade --unit hall --streamed s.bin --addressed a.bin "
+                         "--descriptor update.xml"});
 }
 
 void addRemark(CLI::App& app, CommandLine& line)
@@ -236,6 +451,8 @@ void addRemark(CLI::App& app, CommandLine& line)
         app, line, "remark", Tool::tr("Write the remark of an image to a unit"), runRemark);
     addUnit(remark.app, remark.options->unit)->required();
     addStreamedImage(remark.app, remark.options->streamedFile);
+    addDryRun(remark.app, remark.options->dryRun);
+    remark.addExamples({"remark --unit hall --streamed s.bin"});
 }
 
 void addDiscover(CLI::App& app, CommandLine& line)
@@ -244,8 +461,8 @@ void addDiscover(CLI::App& app, CommandLine& line)
         app, line, "discover", Tool::tr("Find the units on the network"), runDiscover);
     DiscoverOptions& options = *discover.options;
     addJson(discover.app, options.json);
-    addFlag(discover.app, "--first", Tool::tr("Print the address of the first unit alone"),
-        options.first);
+    addFlag(discover.app, "--first",
+        Tool::tr("Print the address of the first unit that answers, and end"), options.first);
     addText(discover.app, "--upgrade",
         Tool::tr("Search as long as an upgrade may take, for units of any model"),
         [&options](const QString& name) {
@@ -253,6 +470,63 @@ void addDiscover(CLI::App& app, CommandLine& line)
             options.isUpgrade = true;
         })
         ->type_name("NAME");
+    discover.addExamples({"discover", "discover --timeout 10000", "discover --first"});
+}
+
+void addComplete(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<CompleteOptions> complete(app, line, "complete", QString(), runComplete);
+    // For the shells, not for people.
+    complete.app->group("");
+    addText(complete.app, "kind", QString(), complete.options->kind)
+        ->required()
+        ->check(CLI::IsMember({"units", "sections", "paths"}));
+    addText(complete.app, "file", QString(), complete.options->file);
+}
+
+void addGlobalOptions(CLI::App& app, GlobalOptions& options)
+{
+    addNumber(&app, "--timeout",
+        Tool::tr("How long a unit has for one answer, in milliseconds; for discover how long it "
+                 "searches"),
+        "MS", 1, longestTimeout,
+        [&options](quint64 number) { options.timeout = static_cast<int>(number); });
+    addNumber(&app, "--retries", Tool::tr("How often a request without an answer is repeated"), "N",
+        0, mostRetries, [&options](quint64 number) { options.retries = static_cast<int>(number); });
+    addText(&app, "--log", Tool::tr("Write down each frame in a file; - for standard error"),
+        options.logFile)
+        ->type_name("FILE");
+    addFlag(&app, "--quiet", Tool::tr("Show results, warnings and errors alone"), options.quiet);
+    addFlag(&app, "--yes", Tool::tr("Do not ask"), options.yes);
+    addFlag(&app, "--no-pager", Tool::tr("Do not show long output in a pager"), options.noPager);
+    // What it says has been taken into account already.
+    app.add_option_function<std::string>(
+           "--language", [](const std::string&) {},
+           Tool::tr("The language of all texts, instead of the locale's: zh or en").toStdString())
+        ->type_name("LANGUAGE")
+        ->check(CLI::IsMember({"zh", "en"}));
+}
+
+void addCommands(CLI::App& app, CommandLine& line)
+{
+    addDiscover(app, line);
+    addInfo(app, line);
+    addRead(app, line);
+    addShow(app, line);
+    addCheck(app, line);
+    addConvert(app, line);
+    addDiff(app, line);
+    addWrite(app, line);
+    addEdit(app, line);
+    addPathCommands(app, line);
+    addUndo(app, line);
+    addBackups(app, line);
+    addClock(app, line);
+    addNetwork(app, line);
+    addReset(app, line);
+    addUpgrade(app, line);
+    addRemark(app, line);
+    addComplete(app, line);
 }
 
 QString unknown(const QString& complaint, const QString& name, const QStringList& names)
@@ -290,24 +564,12 @@ CommandLine CommandLine::parse(int argc, char** argv)
     app.set_version_flag("--version",
         ("quadrelctl " + QCoreApplication::applicationVersion()).toStdString(),
         Tool::tr("Print the version and exit").toStdString());
-    // What it says has been taken into account already.
-    app.add_option_function<std::string>(
-           "--language", [](const std::string&) {},
-           Tool::tr("The language of all texts, instead of the locale's: zh or en").toStdString())
-        ->type_name("LANGUAGE")
-        ->check(CLI::IsMember({"zh", "en"}));
     app.require_subcommand(1);
+    GlobalOptions globalOptions;
+    addGlobalOptions(app, globalOptions);
     CommandLine line;
-    addDiscover(app, line);
-    addInfo(app, line);
-    addRead(app, line);
-    addClock(app, line);
-    addShow(app, line);
-    addWrite(app, line);
-    addNetwork(app, line);
-    addReset(app, line);
-    addUpgrade(app, line);
-    addRemark(app, line);
+    addCommands(app, line);
+
     const std::vector<std::string> arguments = Arguments::commandFirst(app, argc, argv);
     const std::string command = Arguments::commandOf(arguments);
     if (!command.empty() && !Arguments::commandNames(app).contains(toText(command)))
@@ -324,5 +586,6 @@ CommandLine CommandLine::parse(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         return refuse(usageText(QString::fromStdString(error.what())));
     }
+    Preferences::apply(globalOptions);
     return line;
 }

@@ -1,28 +1,25 @@
 #include "commands.h"
 #include "console.h"
-#include "contentsjson.h"
 #include "contentstables.h"
 #include "discovery.h"
-#include "projectfile.h"
-#include "savefile.h"
-#include "session.h"
+#include "files.h"
+#include "json.h"
+#include "sections.h"
+#include "unitaccess.h"
+
+using namespace QuadrelDocument;
 
 void runRead(const ReadOptions& options)
 {
     if (!options.file.isEmpty())
         requireSavable(options.file);
-    Session session(options.discover ? findOnlyUnit() : options.unit);
-    const Contents contents = Contents::of(session.readEverything());
-
+    UnitAccess unit(options.unit ? *options.unit : findOnlyUnit());
+    const Contents contents = onlySections(unit.read(), options.only);
     if (options.json)
-        printJson(contentsToJson(contents));
+        printJson(contents);
     else
-        Console::print(contentsTables(contents));
-    if (options.file.isEmpty())
-        return;
+        Console::printPaged(contentsTables(contents, TableOptions::ofTerminal()));
     // What was read is not lost with a file that can't be written.
-    saveProjectFile(options.file, contents);
-    const QStringList losses = lossesOfSaving(contents);
-    for (const QString& loss : losses)
-        Console::warn(loss);
+    if (!options.file.isEmpty())
+        saveContents(options.file, contents);
 }

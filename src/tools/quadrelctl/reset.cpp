@@ -1,14 +1,27 @@
 #include "commands.h"
+#include "consent.h"
 #include "console.h"
-#include "session.h"
 #include "tool.h"
+#include "unitaccess.h"
 
 void runReset(const ResetOptions& options)
 {
     Console::outliveReader();
-    Session session(options.unit);
-    session.run(UnitRequest::reset(!options.defaultAddress));
-    Console::print(options.defaultAddress
-            ? Tool::tr("The unit was told to restart with its default address.\n")
-            : Tool::tr("The unit restarts and keeps its address.\n"));
+    if (options.defaultAddress)
+        Consent::requirePossible(options.dryRun);
+    UnitAccess unit(options.unit);
+    const QString ip = unit.readDevice().ip;
+    if (options.defaultAddress) {
+        Console::remark(
+            Tool::tr("The unit restarts, and goes back from %1 to its default address.").arg(ip));
+        if (!Consent::given(Tool::tr("Restart it with its default address?"), options.dryRun))
+            return;
+    } else if (options.dryRun) {
+        Console::remark(Tool::tr("The unit would restart, and keep the address %1.").arg(ip));
+        return;
+    }
+    unit.run(UnitRequest::reset(!options.defaultAddress));
+    Console::remark(options.defaultAddress
+            ? Tool::tr("The unit was told to restart with its default address.")
+            : Tool::tr("The unit restarts and keeps its address."));
 }

@@ -74,7 +74,7 @@ QByteArray folderOf(const QString& path)
 
 } // namespace
 
-void requireSavable(const QString& path)
+void requireWritable(const QString& path)
 {
     const QFileInfo info(path);
     if (info.isDir())
@@ -92,7 +92,7 @@ void requireSavable(const QString& path)
 
 void saveFile(const QString& path, const QByteArray& contents)
 {
-    requireSavable(path);
+    requireWritable(path);
     const QFileInfo info(path);
     // What a link leads to is replaced.
     const QByteArray target = QFile::encodeName(info.exists() ? info.canonicalFilePath() : path);

@@ -11,4 +11,4 @@
 void saveFile(const QString& path, const QByteArray& contents);
 
 /** Fails as saveFile() would, as far as that can be known before. */
-void requireSavable(const QString& path);
+void requireWritable(const QString& path);

@@ -1,20 +1,14 @@
 #include "commands.h"
 #include "console.h"
-#include "contentsjson.h"
 #include "contentstables.h"
-#include "projectfile.h"
-#include "tool.h"
+#include "files.h"
+#include "json.h"
 
 void runShow(const ShowOptions& options)
 {
-    const ProjectFile file = ProjectFile::load(options.file);
+    const QuadrelDocument::LoadedFile file = loadReadable(options.file);
     if (options.json)
-        printJson(contentsToJson(file.contents));
+        printJson(file.contents);
     else
-        Console::print(contentsTables(file.contents));
-    for (const QString& section : file.missing)
-        Console::warn(
-            Tool::tr("%1: the section \"%2\" is missing or empty").arg(options.file, section));
-    for (const QString& warning : file.warnings)
-        Console::warn(warning);
+        Console::printPaged(contentsTables(file.contents, TableOptions::ofTerminal()));
 }

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "page.h"
+
 #include <QtCore/QList>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
 /** The columns that a text takes on a terminal: 2 for wide characters, 0 for combining ones. */
 int displayWidth(const QString& text);
+/** The text in lines of at most so many columns, at least 2; parted at blanks where possible. */
+QStringList wrapText(const QString& text, int width);
 
 /** Rows of text in aligned columns. */
 class Table {
@@ -16,9 +20,11 @@ public:
     void addRow(const QStringList& cells);
     bool isEmpty() const { return m_rows.isEmpty(); }
 
-    /** The lines, each ended by a line break. Control characters of the cells show as "\\n" or
-     * "\\u001b". */
-    QString toText() const;
+    /**
+     * The table in at most `width` columns, or as wide as it is if that is 0. Cells that don't fit
+     * go on in the next line. Control characters of the cells show as visible() shows them.
+     */
+    Page toPage(int width = 0) const;
 
 private:
     QStringList m_headings;

@@ -1,74 +1,47 @@
 #include "commands.h"
+#include "consent.h"
 #include "console.h"
-#include "imagefile.h"
-#include "interrupts.h"
-#include "session.h"
+#include "images.h"
+#include "table.h"
 #include "tool.h"
+#include "unitaccess.h"
 #include "upgradeprogress.h"
-#include "xmlfile.h"
 
-#include <QtCore/QElapsedTimer>
+using namespace QuadrelWorkspace;
 
 namespace {
 
-/** Between two attempts to reach a unit that restarts. */
-constexpr int attemptPause = 500;
-/** A unit that neither goes away nor changes its version in this time has restarted unseen. */
-constexpr int unseenRestart = 5000;
-
-void showDescriptor(const QString& path)
+UpgradeImages loadImages(const UpgradeOptions& options)
 {
-    QString module;
-    QString version;
+    UpgradeImages images;
+    images.streamed = loadImage(options.streamedFile, options.force);
+    images.addressed = loadImage(options.addressedFile, options.force);
+    if (options.descriptorFile.isEmpty())
+        return images;
     QString error;
-    if (!XmlFile::readUpdateConfigFile(path, module, version, error))
-        throw CommandFailure{QStringLiteral("%1: %2").arg(path, error)};
-    Console::print(Tool::tr("Upgrade of module %1 to version %2\n").arg(module, version));
-    Console::flush();
+    images.descriptor = readDescriptor(options.descriptorFile, error);
+    if (!images.descriptor)
+        throw CommandFailure{error};
+    return images;
 }
 
-QString readVersion(Session& session)
+QString sizeText(const QString& path, const QByteArray& image)
 {
-    return session.run(UnitRequest::readDevice()).device.getVersion();
+    return Tool::tr("%1, %2 bytes").arg(path, QString::number(image.size()));
 }
 
-void send(Session& session, const QByteArray& streamed, const QByteArray& addressed)
+void showUpgrade(const UpgradeOptions& options, const UpgradeImages& images,
+    const QuadrelDocument::Device& device)
 {
-    UpgradeProgress progress;
-    try {
-        session.run(UnitRequest::upgrade(streamed, addressed),
-            [&progress](const UnitProgress& step) { progress.show(step); });
-    } catch (CommandFailure& failure) {
-        Console::endProgress();
-        failure.text += Tool::tr("\nThe unit may hold half an image. Run the upgrade again, "
-                                 "without switching the unit off.");
-        throw;
-    }
-}
-
-/** The version that the unit reports once it is back. */
-QString awaitReturn(Session& session, const QString& oldVersion)
-{
-    const int timeout = session.settings().upgradeTimeout;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    bool wasAway = false;
-    while (elapsed.elapsed() < timeout) {
-        Interrupts::pause(attemptPause);
-        wasAway = wasAway || !session.isConnected();
-        try {
-            const QString version = readVersion(session);
-            if (wasAway || version != oldVersion || elapsed.elapsed() > unseenRestart)
-                return version;
-        } catch (const CommandFailure& failure) {
-            if (failure.code == Interrupted)
-                throw;
-            wasAway = true;
-        }
-    }
-    throw CommandFailure{Tool::tr("both images were sent, but the unit has not come back within "
-                                  "%1 ms (Upgrade/timeout in configWidget.ini)")
-                             .arg(timeout)};
+    Table table;
+    table.addRow({Tool::tr("Unit"), options.unit.toText()});
+    table.addRow({Tool::tr("Serial number"), QString::number(device.serialNumber)});
+    table.addRow({Tool::tr("Version"), device.version});
+    if (images.descriptor)
+        table.addRow({Tool::tr("New version"), images.descriptor->version});
+    table.addRow({Tool::tr("Streamed image"), sizeText(options.streamedFile, images.streamed)});
+    table.addRow({Tool::tr("Addressed image"), sizeText(options.addressedFile, images.addressed)});
+    Console::print(table.toPage(Console::pageWidth()));
 }
 
 } // namespace
@@ -76,16 +49,21 @@ QString awaitReturn(Session& session, const QString& oldVersion)
 void runUpgrade(const UpgradeOptions& options)
 {
     Console::outliveReader();
-    const QByteArray streamed = loadImage(options.streamedFile);
-    const QByteArray addressed = loadImage(options.addressedFile);
-    if (!options.descriptorFile.isEmpty())
-        showDescriptor(options.descriptorFile);
+    Consent::requirePossible(options.dryRun);
+    const UpgradeImages images = loadImages(options);
 
-    Session session(options.unit);
-    const QString oldVersion = readVersion(session);
-    send(session, streamed, addressed);
-    Console::note(Tool::tr("Reconnecting to the device"));
-    const QString version = awaitReturn(session, oldVersion);
-    Console::print(
-        Tool::tr("The unit is back with version %1; it was %2.\n").arg(version, oldVersion));
+    UnitAccess unit(options.unit);
+    const QuadrelDocument::Device device = unit.readDevice();
+    if (images.descriptor)
+        refuseDoubts(descriptorDoubts(*images.descriptor,
+                         static_cast<unsigned short>(device.modelId), device.version),
+            options.force);
+    showUpgrade(options, images, device);
+    if (!Consent::given(Tool::tr("Replace the unit's firmware?"), options.dryRun))
+        return;
+    UpgradeProgress progress;
+    const QuadrelDocument::Device upgraded =
+        unit.upgrade(images, [&progress](const WorkProgress& step) { progress.show(step); });
+    Console::remark(Tool::tr("The unit is back with version %1; it was %2.")
+                        .arg(upgraded.version, device.version));
 }

@@ -19,23 +19,31 @@ UpgradeProgress::UpgradeProgress()
     m_elapsed.start();
 }
 
-void UpgradeProgress::show(const UnitProgress& step)
+void UpgradeProgress::show(const QuadrelWorkspace::WorkProgress& progress)
 {
-    const int percent = step.total == 0 ? 100 : static_cast<int>(step.done * 100 / step.total);
-    const int shown = Console::isTerminal() ? percent : percent / lineStep * lineStep;
-    if (shown == m_shown)
-        return;
-    m_shown = shown;
-    if (Console::isTerminal())
-        Console::showProgress(bar(percent, step.done));
-    else
-        Console::note(Tool::tr("%1 % sent").arg(shown));
+    if (progress.phase == QuadrelWorkspace::WorkProgress::Waiting)
+        Console::progress(progress.text());
+    else if (progress.unit.part == UnitProgress::Upgrade && progress.unit.total > 0)
+        showPercent(
+            static_cast<int>(progress.unit.done * 100 / progress.unit.total), progress.unit.done);
 }
 
-QString UpgradeProgress::bar(int percent, qint64 sentBytes) const
+void UpgradeProgress::showPercent(int percent, qint64 bytes)
+{
+    const int step = Console::isTerminal() ? percent : percent / lineStep * lineStep;
+    if (step == m_shown)
+        return;
+    m_shown = step;
+    if (Console::isTerminal())
+        Console::showProgress(bar(percent, bytes));
+    else
+        Console::progress(Tool::tr("%1 % sent").arg(step));
+}
+
+QString UpgradeProgress::bar(int percent, qint64 bytes) const
 {
     const double seconds = std::max(1.0, static_cast<double>(m_elapsed.elapsed())) / 1000;
-    const double rate = static_cast<double>(sentBytes) / seconds;
+    const double rate = static_cast<double>(bytes) / seconds;
     const int left = percent == 0 ? 0 : qRound(seconds * (100 - percent) / percent);
     const QString facts = Tool::tr("%1 %  %2 KiB/s  %3 s left")
                               .arg(QString::number(percent), QString::number(rate / 1024, 'f', 0),

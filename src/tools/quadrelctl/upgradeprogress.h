@@ -1,6 +1,6 @@
 #pragma once
 
-#include "unitprogress.h"
+#include <unitwork.h>
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QString>
@@ -13,10 +13,11 @@ class UpgradeProgress {
 public:
     UpgradeProgress();
 
-    void show(const UnitProgress& step);
+    void show(const QuadrelWorkspace::WorkProgress& progress);
 
 private:
-    QString bar(int percent, qint64 sentBytes) const;
+    void showPercent(int percent, qint64 bytes);
+    QString bar(int percent, qint64 bytes) const;
 
     QElapsedTimer m_elapsed;
     int m_shown = -1;

@@ -1,0 +1,8 @@
+#include "commands.h"
+#include "files.h"
+
+void runConvert(const ConvertOptions& options)
+{
+    requireSavable(options.to);
+    saveContents(options.to, loadReadable(options.from).contents);
+}

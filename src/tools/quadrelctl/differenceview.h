@@ -1,0 +1,8 @@
+#pragma once
+
+#include "page.h"
+
+#include <contentsdifference.h>
+
+/** A difference for people; no line without one. */
+Page differencePage(const QuadrelDocument::Difference& difference);
