@@ -2,6 +2,85 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en_US">
 <context>
+    <name>Place</name>
+    <message>
+        <source>network</source>
+        <translation>网络设置</translation>
+    </message>
+    <message>
+        <source>reset</source>
+        <translation>复位</translation>
+    </message>
+    <message>
+        <source>device information</source>
+        <translation>设备信息</translation>
+    </message>
+    <message>
+        <source>serial ports</source>
+        <translation>串口</translation>
+    </message>
+    <message>
+        <source>IO lines</source>
+        <translation>IO 线路</translation>
+    </message>
+    <message>
+        <source>trigger count</source>
+        <translation>触发数量</translation>
+    </message>
+    <message>
+        <source>trigger</source>
+        <translation>触发</translation>
+    </message>
+    <message>
+        <source>event count</source>
+        <translation>事件数量</translation>
+    </message>
+    <message>
+        <source>event</source>
+        <translation>事件</translation>
+    </message>
+    <message>
+        <source>clock</source>
+        <translation>时钟</translation>
+    </message>
+    <message>
+        <source>upgrade length</source>
+        <translation>升级长度</translation>
+    </message>
+    <message>
+        <source>upgrade position</source>
+        <translation>升级位置</translation>
+    </message>
+    <message>
+        <source>upgrade command</source>
+        <translation>升级命令</translation>
+    </message>
+    <message>
+        <source>upgrade size</source>
+        <translation>升级大小</translation>
+    </message>
+    <message>
+        <source>addressed image</source>
+        <translation>按地址写入的映像</translation>
+    </message>
+    <message>
+        <source>streamed image</source>
+        <translation>流式映像</translation>
+    </message>
+    <message>
+        <source>upgrade word</source>
+        <translation>升级字</translation>
+    </message>
+    <message>
+        <source>upgrade start word</source>
+        <translation>升级开始字</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>备注</translation>
+    </message>
+</context>
+<context>
     <name>UnitProgress</name>
     <message>
         <source>device information</source>

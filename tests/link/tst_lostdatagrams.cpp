@@ -116,6 +116,7 @@ class TestLostDatagrams : public QObject {
 private slots:
     void readsThroughLoss_data();
     void readsThroughLoss();
+    void saysWhatHasFailed_data();
     void saysWhatHasFailed();
     void writesThroughLoss();
     void takesDuplicates();
@@ -156,12 +157,21 @@ void TestLostDatagrams::readsThroughLoss()
     QCOMPARE(complaints, QStringList());
 }
 
+void TestLostDatagrams::saysWhatHasFailed_data()
+{
+    QTest::addColumn<int>("retries");
+    QTest::newRow("three retries") << 3;
+    QTest::newRow("eight retries") << 8;
+}
+
+/** At 30 % loss each way, a read ends well or says what has failed. */
 void TestLostDatagrams::saysWhatHasFailed()
 {
-    const QStringList complaints = forEachSeed([](quint32 seed) -> QString {
+    QFETCH(int, retries);
+    const QStringList complaints = forEachSeed([retries](quint32 seed) -> QString {
         LossyUnit unit(seed);
         unit.addLoss(0.3);
-        UnitSession session(unit.address(), withRetries(3));
+        UnitSession session(unit.address(), withRetries(retries));
         const UnitResult result = session.run(UnitRequest::readAll());
         if (result)
             return isWholeSample(result.data) ? QString() : QStringLiteral("not the whole unit");

@@ -1,17 +1,18 @@
+#include "contexttranslator.h"
 #include "devicemanagermodel.h"
 #include "threadedunit.h"
 #include "unitaddresses.h"
 #include "unitsession.h"
+#include "withoutdescriptors.h"
 
 #include <QtNetwork/QTcpServer>
 #include <QtTest/QtTest>
 
 #include <atomic>
 #include <csignal>
+#include <optional>
 #include <thread>
 #include <vector>
-
-#include <sys/resource.h>
 
 using namespace QuadrelUnit;
 
@@ -138,6 +139,7 @@ private slots:
 
     void finishesBySignals();
     void failsBySignals();
+    void translatesPlaces();
     void refusesASecondOperation();
     void goesOnAfterAFailure();
     void reportsContentsThatDoNotHoldTogether();
@@ -429,6 +431,20 @@ void TestUnitSession::failsBySignals()
             + QStringLiteral(" has not answered the read of device information within 50 ms"));
 }
 
+void TestUnitSession::translatesPlaces()
+{
+    ThreadedUnit unit;
+    unit.at([](ControlUnit&, UnitServer& server) { server.faults().addNth(FaultKind::Drop, 6); });
+    UnitSession session(unit.address(), withTimeout(1000));
+    ContextTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    const UnitResult result = session.run(UnitRequest::readAll());
+    QCoreApplication::removeTranslator(&translator);
+    QCOMPARE(result.failure.text,
+        QStringLiteral("UnitTransport|%1 has not answered the read of Place|event 2 within 1000 ms")
+            .arg(unit.address().toText()));
+}
+
 void TestUnitSession::refusesASecondOperation()
 {
     const SilentUnit silent;
@@ -615,15 +631,12 @@ void TestUnitSession::leavesTheSharedRegistryAlone()
 void TestUnitSession::failsWithoutDescriptors()
 {
     const ThreadedUnit unit;
-    rlimit before = {};
-    getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit none = {0, before.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &none);
+    std::optional<WithoutDescriptors> none(std::in_place);
     UnitSession session(unit.address());
     const UnitResult result = session.run(UnitRequest::readAll());
     Watch watch(session);
     const bool isStarted = session.start(UnitRequest::readAll());
-    setrlimit(RLIMIT_NOFILE, &before);
+    none.reset();
 
     QCOMPARE(result.failure.error, std::errc::too_many_files_open);
     const QString text =

@@ -7,6 +7,7 @@
 #include "unitserver.h"
 #include "unittransport.h"
 #include "unpackage.h"
+#include "withoutdescriptors.h"
 
 #include <QtCore/QEventLoop>
 #include <QtCore/QThread>
@@ -23,7 +24,6 @@
 #include <vector>
 
 #include <netinet/in.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -582,17 +582,13 @@ void TestUnitTransport::endsWithoutHavingBeenUsed()
 void TestUnitTransport::isNotMadeWithoutDescriptors()
 {
     UnPackage unPackage;
-    rlimit before = {};
-    getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit none = {0, before.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &none);
     std::error_code error;
     try {
+        const WithoutDescriptors none;
         const UnitTransport transport(&unPackage, UnitAddress());
     } catch (const std::system_error& failure) {
         error = failure.code();
     }
-    setrlimit(RLIMIT_NOFILE, &before);
     QCOMPARE(error, std::errc::too_many_files_open);
     // Nothing is left that would take it.
     unPackage.sendPackage(QByteArray(20, '\0'));

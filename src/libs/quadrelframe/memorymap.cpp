@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
+// Marks a text for the translators; the framework itself is not known here.
+#define QT_TRANSLATE_NOOP(context, text) text
+
 namespace QuadrelFrame {
 
 namespace {
@@ -23,25 +26,40 @@ constexpr std::uint32_t tableEnd(std::uint32_t table, std::uint32_t records)
 
 // The cells of the information block come before the block.
 constexpr Place places[] = {
-    {Address::network, Address::network + Address::networkLength, "network", 0, false},
-    {Address::reset, Address::reset + 1, "reset", 0, false},
-    {Address::information, Address::infraredPorts + 1, "device information", 0, false},
-    {Address::serialPorts, Address::ioLines, "serial ports", 0, true},
-    {Address::ioLines, Address::ioLines + 0x200, "IO lines", 0, true},
-    {Address::triggerCount, Address::triggers, "trigger count", 0, true},
-    {Address::triggers, tableEnd(Address::triggers, 0x7F), "trigger", Address::recordLength, true},
-    {Address::eventCount, Address::events, "event count", 0, true},
-    {Address::events, tableEnd(Address::events, 0xFF), "event", Address::recordLength, true},
-    {Address::clock, Address::clock + Address::clockLength, "clock", 0, false},
-    {Address::upgradeLength, Address::upgradePosition, "upgrade length", 0, false},
-    {Address::upgradePosition, Address::upgradeCommand, "upgrade position", 0, false},
-    {Address::upgradeCommand, Address::upgradeSize, "upgrade command", 0, false},
-    {Address::upgradeSize, Address::upgradeSize + 4, "upgrade size", 0, false},
-    {Address::addressedImage, Address::addressedImageEnd, "addressed image", 0, false},
-    {Address::streamedImage, Address::streamedImage + 1, "streamed image", 0, false},
-    {Address::upgradeWord, Address::upgradeStartWord, "upgrade word", 0, false},
-    {Address::upgradeStartWord, Address::upgradeStartWord + 2, "upgrade start word", 0, false},
-    {Address::remark, Address::remark + Address::remarkLength, "remark", 0, true},
+    {Address::network, Address::network + Address::networkLength,
+        QT_TRANSLATE_NOOP("Place", "network"), 0, false},
+    {Address::reset, Address::reset + 1, QT_TRANSLATE_NOOP("Place", "reset"), 0, false},
+    {Address::information, Address::infraredPorts + 1,
+        QT_TRANSLATE_NOOP("Place", "device information"), 0, false},
+    {Address::serialPorts, Address::ioLines, QT_TRANSLATE_NOOP("Place", "serial ports"), 0, true},
+    {Address::ioLines, Address::ioLines + 0x200, QT_TRANSLATE_NOOP("Place", "IO lines"), 0, true},
+    {Address::triggerCount, Address::triggers, QT_TRANSLATE_NOOP("Place", "trigger count"), 0,
+        true},
+    {Address::triggers, tableEnd(Address::triggers, 0x7F), QT_TRANSLATE_NOOP("Place", "trigger"),
+        Address::recordLength, true},
+    {Address::eventCount, Address::events, QT_TRANSLATE_NOOP("Place", "event count"), 0, true},
+    {Address::events, tableEnd(Address::events, 0xFF), QT_TRANSLATE_NOOP("Place", "event"),
+        Address::recordLength, true},
+    {Address::clock, Address::clock + Address::clockLength, QT_TRANSLATE_NOOP("Place", "clock"), 0,
+        false},
+    {Address::upgradeLength, Address::upgradePosition, QT_TRANSLATE_NOOP("Place", "upgrade length"),
+        0, false},
+    {Address::upgradePosition, Address::upgradeCommand,
+        QT_TRANSLATE_NOOP("Place", "upgrade position"), 0, false},
+    {Address::upgradeCommand, Address::upgradeSize, QT_TRANSLATE_NOOP("Place", "upgrade command"),
+        0, false},
+    {Address::upgradeSize, Address::upgradeSize + 4, QT_TRANSLATE_NOOP("Place", "upgrade size"), 0,
+        false},
+    {Address::addressedImage, Address::addressedImageEnd,
+        QT_TRANSLATE_NOOP("Place", "addressed image"), 0, false},
+    {Address::streamedImage, Address::streamedImage + 1,
+        QT_TRANSLATE_NOOP("Place", "streamed image"), 0, false},
+    {Address::upgradeWord, Address::upgradeStartWord, QT_TRANSLATE_NOOP("Place", "upgrade word"), 0,
+        false},
+    {Address::upgradeStartWord, Address::upgradeStartWord + 2,
+        QT_TRANSLATE_NOOP("Place", "upgrade start word"), 0, false},
+    {Address::remark, Address::remark + Address::remarkLength, QT_TRANSLATE_NOOP("Place", "remark"),
+        0, true},
 };
 
 const Place* placeOf(std::uint32_t address)
@@ -53,19 +71,27 @@ const Place* placeOf(std::uint32_t address)
 
 } // namespace
 
-std::string placeName(std::uint32_t address)
+std::optional<NamedPlace> namedPlace(std::uint32_t address)
 {
     const Place* const place = placeOf(address);
     if (!place)
-        return {};
-    std::string name = place->name;
+        return std::nullopt;
+    NamedPlace named = {place->name, {}};
     std::uint32_t distance = address - place->first;
     if (place->recordLength > 0) {
         const auto length = static_cast<std::uint32_t>(place->recordLength);
-        name += ' ' + std::to_string(distance / length + 1);
+        named.position = ' ' + std::to_string(distance / length + 1);
         distance %= length;
     }
-    return distance == 0 ? name : name + " +" + std::to_string(distance);
+    if (distance > 0)
+        named.position += " +" + std::to_string(distance);
+    return named;
+}
+
+std::string placeName(std::uint32_t address)
+{
+    const std::optional<NamedPlace> place = namedPlace(address);
+    return place ? place->name + place->position : std::string();
 }
 
 bool mayRepeatWrite(std::uint32_t address)

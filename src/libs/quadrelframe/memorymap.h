@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 /** Where things are in a unit's memory, and how long they are. */
@@ -44,11 +45,21 @@ constexpr int remarkLength = 90;
 
 namespace QuadrelFrame {
 
-/**
- * The name of the place that an address belongs to, with the number of the record in a table
- * counted from 1, or the distance from its start: "event 3", "serial ports", "addressed image
- * +2048". Empty for an address that has no name.
- */
+/** A place in words. */
+struct NamedPlace {
+    /** "event", "serial ports"; its translations have the context "Place". */
+    const char* name;
+    /**
+     * The number of the record in a table, counted from 1, and the distance from the start: " 3",
+     * " +2048", " 3 +12". Empty at the start of anything but a record.
+     */
+    std::string position;
+};
+
+/** None for an address that has no name. */
+std::optional<NamedPlace> namedPlace(std::uint32_t address);
+
+/** Name and position together, in English: "event 3", "addressed image +2048". Empty for none. */
 std::string placeName(std::uint32_t address);
 
 /**

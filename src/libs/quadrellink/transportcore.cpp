@@ -30,6 +30,15 @@ int retriesOf(const UnitAddress& address, int retries)
     return address.protocol == UnitAddress::Udp ? usualUdpRetries : 0;
 }
 
+QString placeText(std::uint32_t address)
+{
+    const std::optional<NamedPlace> place = namedPlace(address);
+    if (!place)
+        return QStringLiteral("0x%1").arg(address, 8, 16, QLatin1Char('0'));
+    return QCoreApplication::translate("Place", place->name)
+        + QString::fromStdString(place->position);
+}
+
 QByteArray bytesOf(const FrameView& frame)
 {
     return QByteArray(frame.bytes(), static_cast<int>(frame.size()));
@@ -142,10 +151,15 @@ std::shared_ptr<UnitSocket> TransportCore::beginExchange(const QByteArray& frame
 void TransportCore::handOver(const std::shared_ptr<UnitSocket>& socket, int sent)
 {
     const LinkLock lock(m_mutex);
-    if (m_phase != Phase::Awaiting || socket != m_socket)
+    if (socket != m_socket)
         return;
-    m_unsentFrom = sent;
-    m_wake.raise();
+    if (m_phase == Phase::Awaiting) {
+        m_unsentFrom = sent;
+        m_wake.raise();
+    } else if (sent > 0) {
+        // The exchange was given up meanwhile; half a frame makes the next one unreadable.
+        dropSocket();
+    }
 }
 
 /** An operation before may have left it in mid-frame, or the unit may have closed it since. */
@@ -446,11 +460,7 @@ LinkFailure TransportCore::noReply() const
 {
     if (m_mishap)
         return m_mishap;
-    const FrameView request = m_exchange.view();
-    const std::string name = placeName(request.address());
-    const QString place = name.empty()
-        ? QStringLiteral("0x%1").arg(request.address(), 8, 16, QLatin1Char('0'))
-        : QString::fromStdString(name);
+    const QString place = placeText(m_exchange.view().address());
     const QString text = m_exchange.isRead()
         ? tr("%1 has not answered the read of %2 within %3 ms")
         : tr("%1 has not answered the write of %2 within %3 ms");

@@ -165,8 +165,10 @@ std::error_code UnitSocket::send(
         if (count < 0)
             return error;
         sent += count;
+        // A peer that takes a little now and then is ready again each time.
         if (count == 0)
-            error = awaitReady(m_descriptor, POLLOUT, deadline, cancel);
+            error = deadline.isOver() ? std::make_error_code(std::errc::timed_out)
+                                      : awaitReady(m_descriptor, POLLOUT, deadline, cancel);
         if (error)
             return error;
     }

@@ -16,9 +16,9 @@ struct UpgradeDescriptor {
 };
 
 /** The largest file that is read as an image, in bytes. */
-constexpr qint64 maximalImageSize = 256 * 1024 * 1024;
+constexpr qint64 maximalImageSize = qint64(256) * 1024 * 1024;
 /** The largest file that is read as a descriptor, in bytes. */
-constexpr qint64 maximalDescriptorSize = 1024 * 1024;
+constexpr qint64 maximalDescriptorSize = qint64(1024) * 1024;
 
 /**
  * The bytes of an image, whatever they are; see imageDoubt().
