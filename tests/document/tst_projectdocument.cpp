@@ -80,6 +80,8 @@ private slots:
     void accepts();
     void refuses_data();
     void refuses();
+    void boundsFaults_data();
+    void boundsFaults();
     void tellsLosses();
     void keepsWhatItDoesNotCallLost();
 };
@@ -303,6 +305,40 @@ void TestProjectDocument::refuses()
     QFETCH(QByteArray, text);
     const LoadedFile file = loaded(text);
     QTEST(messagesOf(file.findings, QStringLiteral("FILE")), "messages");
+}
+
+void TestProjectDocument::boundsFaults_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("findings");
+    const QByteArray record = "<Triggers><TriggerInfo>";
+    const QByteArray recordEnd = "</TriggerInfo></Triggers>";
+    QByteArray attributes;
+    for (int i = 0; i < 200000; ++i)
+        attributes += " a" + QByteArray::number(i) + "=''";
+    QTest::newRow("sections after elements that nobody reads")
+        << QByteArray("<a/>").repeated(400000) + QByteArray("<Events/>").repeated(200000)
+        << 2 * maximumFindings;
+    QTest::newRow("elements of a record") << record + QByteArray("<a/>").repeated(400000)
+            + QByteArray("<Event/>").repeated(200000)
+            + recordEnd << maximumFindings;
+    QTest::newRow("events of a trigger") << record + "<Event>" + QByteArray("a;").repeated(1500000)
+            + "</Event>" + recordEnd << maximumFindings;
+    QTest::newRow("triggers after too many faults") << "<Triggers>"
+            + QByteArray("<b/>").repeated(2000)
+            + QByteArray("<TriggerInfo><a/><a/><a/><a/></TriggerInfo>").repeated(100)
+            + "</Triggers>" << maximumFindings;
+    QTest::newRow("attributes") << "<Device" + attributes + "/>" << 1;
+}
+
+/** Faults without end, in a time and a memory that follow from the size. */
+void TestProjectDocument::boundsFaults()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(int, findings);
+    const LoadedFile file = loaded("<R>" + text + "</R>");
+    QCOMPARE(file.findings.size(), findings);
+    QVERIFY(hasErrors(file.findings));
 }
 
 void TestProjectDocument::tellsLosses()

@@ -245,17 +245,17 @@ Contents randomContents(quint32 seed)
 }
 
 /** Whether a unit would give these contents back, whatever else is wrong with them. */
-bool isCarried(const Contents& contents)
+bool isCarried(const Findings& findings)
 {
-    const Findings findings = checkContents(contents);
     return std::all_of(findings.begin(), findings.end(), [](const Finding& finding) {
         return finding.severity != Severity::Error || finding.isCarried;
     });
 }
 
-bool hasLoneSurrogate(const Contents& contents)
+bool hasLoneSurrogate(const Findings& findings)
 {
-    return messagesOf(checkContents(contents)).contains(QStringLiteral("surrogate"));
+    return std::any_of(findings.begin(), findings.end(),
+        [](const Finding& finding) { return finding.text.contains(QLatin1String("surrogate")); });
 }
 
 /** The document says all, and says it again in the same words. */
@@ -287,7 +287,7 @@ private slots:
 void TestRoundTrip::keepsTheSample()
 {
     const Contents contents = sampleContents();
-    QVERIFY(isCarried(contents));
+    QVERIFY(isCarried(checkContents(contents)));
     QVERIFY(survivesDocument(contents, Form::Yaml));
     QVERIFY(survivesDocument(contents, Form::Json));
     QVERIFY(MemoryContents::writtenAndRead(contents) == contents);
@@ -338,7 +338,9 @@ void TestRoundTrip::keepsRandomUnits()
     for (quint32 seed = 0; seed < units; ++seed) {
         const Contents contents = MemoryContents::read(randomUnit(seed));
         const Form form = seed % 2 == 0 ? Form::Yaml : Form::Json;
-        QVERIFY2(isCarried(contents), qPrintable(messagesOf(checkContents(contents))));
+        const Findings findings = checkContents(contents);
+        if (!isCarried(findings))
+            QFAIL(qPrintable(messagesOf(findings)));
         QVERIFY2(survivesDocument(contents, form), qPrintable(QString::number(seed)));
         QVERIFY2(MemoryContents::writtenAndRead(contents) == contents,
             qPrintable(QString::number(seed)));
@@ -352,7 +354,7 @@ void TestRoundTrip::keepsWhatHostileUnitsHold()
         const Contents contents = MemoryContents::read(hostileUnit(seed));
         const Form form = seed % 2 == 0 ? Form::Yaml : Form::Json;
         QVERIFY2(survivesDocument(contents, form), qPrintable(QString::number(seed)));
-        if (isCarried(contents))
+        if (isCarried(checkContents(contents)))
             QVERIFY2(MemoryContents::writtenAndRead(contents) == contents,
                 qPrintable(QString::number(seed)));
         else
@@ -367,15 +369,15 @@ void TestRoundTrip::refusesWhatDoesNotComeBack()
     int refused = 0;
     for (quint32 seed = 0; seed < units / 2; ++seed) {
         const Contents contents = randomContents(seed);
-        const QByteArray context =
-            QByteArray::number(seed) + ' ' + messagesOf(checkContents(contents)).toUtf8();
-        if (!isCarried(contents)) {
+        const Findings findings = checkContents(contents);
+        if (!isCarried(findings)) {
             ++refused;
             continue;
         }
-        QVERIFY2(MemoryContents::writtenAndRead(contents) == contents, context.constData());
-        QVERIFY2(hasLoneSurrogate(contents) || survivesDocument(contents, Form::Yaml),
-            context.constData());
+        const bool survives = MemoryContents::writtenAndRead(contents) == contents
+            && (hasLoneSurrogate(findings) || survivesDocument(contents, Form::Yaml));
+        if (!survives)
+            QFAIL(qPrintable(QStringLiteral("%1 %2").arg(seed).arg(messagesOf(findings))));
     }
     QVERIFY(refused > 0 && refused < units / 2);
 }

@@ -79,9 +79,11 @@ private slots:
     void reportsErrors();
     void refusesHostileTexts_data();
     void refusesHostileTexts();
+    void boundsFaults();
     void keepsEachCharacter_data();
     void keepsEachCharacter();
     void savesAndLoads();
+    void reportsFaultsOnce();
     void reportsFiles();
 };
 
@@ -420,6 +422,9 @@ void TestUnitDocument::reportsErrors_data()
     yaml("no text", eventText("delay: 5, name: , description: [a]"),
         "FILE:3:29: events[8].name: nothing is not allowed; a text is, \"\" for none\n"
         "FILE:3:44: events[8].description: a list is not allowed; a text is, \"\" for none");
+    yaml("direction of writing", eventText("delay: 5, \"\u202Ex\": 1"),
+        "FILE:3:23: events[8]: \"\\u202ex\" is no key here; allowed are id, name, type, isHex, "
+        "delay, protocol, protocolText, description");
     yaml("kind", triggerText("kind: com, line: COM A-1"),
         "FILE:3:27: triggers.kind: \"com\" is not allowed; COM, COM_MODBUS or IO is");
     yaml("line", triggerText("kind: COM, line: COM Z-9"),
@@ -594,10 +599,15 @@ void TestUnitDocument::refusesHostileTexts_data()
     yaml("a long comment", '#' + QByteArray(size - 1, 'x'),
         QStringLiteral("is no document of a unit"));
     yaml("an open text", '"' + QByteArray("a\n").repeated(size / 2 - 1),
-        QStringLiteral("is no document of a unit"));
+        QStringLiteral("has no closing quote"));
+    yaml("an open text at the end", format + "a: \"b\n", QStringLiteral("has no closing quote"));
+    yaml("an open text at the end, other quotes", format + "a: 'b''\n",
+        QStringLiteral("has no closing quote"));
     yaml("bytes", format + "a: \xFF", QStringLiteral("this is no text in UTF-8"));
     yaml("control characters", format + "a: \x1B[31m", QStringLiteral("control characters"));
     yaml("zeros", QByteArray(size, '\0'), QStringLiteral("control characters"));
+    const QByteArray comment = '#' + QByteArray(size - 500000, 'x');
+    yaml("keys without a colon", QByteArray("? a\n").repeated(90000) + comment, values);
     QTest::newRow("levels of JSON") << Form::Json << QByteArray(size, '[') << levels;
     QTest::newRow("values of JSON")
         << Form::Json << '[' + QByteArray("1,").repeated(size / 2 - 1) << values;
@@ -617,6 +627,17 @@ void TestUnitDocument::refusesHostileTexts()
     QVERIFY2(document.findings.first().text.contains(message),
         qPrintable(document.findings.first().text));
     QVERIFY(document.findings.first().text.size() < 200);
+}
+
+/** Faults without end, in a time and a memory that follow from the size. */
+void TestUnitDocument::boundsFaults()
+{
+    const QByteArray comment = '#' + QByteArray(3000000, 'x');
+    for (const QByteArray& keys : {QByteArray("a,"), QByteArray("a: 1,"), QByteArray("? ,")}) {
+        const Document document =
+            parseDocument('{' + keys.repeated(40000) + "}\n" + comment, Form::Yaml);
+        QCOMPARE(document.findings.size(), maximumFindings);
+    }
 }
 
 void TestUnitDocument::keepsEachCharacter_data()
@@ -664,6 +685,22 @@ void TestUnitDocument::savesAndLoads()
         QVERIFY(file.contents == saved);
         QVERIFY(!hasErrors(file.findings));
     }
+}
+
+/** What a wrong value leaves behind is no second fault. */
+void TestUnitDocument::reportsFaultsOnce()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a.yaml"));
+    saveText(path,
+        format
+            + "events:\r\n- {id: 1, delay: 1}\r\n- {id: 300, delay: 1}\r\n"
+              "triggers:\r\n- {kind: IO, line: IO A-1, parameter: input-high, eventIds: 1}\r\n");
+    QCOMPARE(messagesOf(loadFile(path).findings),
+        QStringLiteral(
+            "FILE:4:8: events[300].id: 300 is not allowed; a whole number from 0 to 255 is\n"
+            "FILE:6:39: triggers.parameter: \"input-high\" is not allowed; high or low is\n"
+            "FILE:6:61: triggers.eventIds: 1 is not allowed; a list such as [1, 2] is"));
 }
 
 void TestUnitDocument::reportsFiles()

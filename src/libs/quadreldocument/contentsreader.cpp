@@ -11,8 +11,6 @@ namespace QuadrelDocument {
 
 namespace {
 
-/** More than anybody mends in one go. */
-constexpr int maximumFindings = 1000;
 /** Ids of triggers are only names. */
 constexpr int maximumTriggerId = 65535;
 
@@ -232,7 +230,9 @@ private:
             else
                 m_reader.m_document.positions.insert(
                     {m_place.section, m_place.index, meaningOf(member.key)}, member.value.position);
-            seen.insert(member.key);
+            // Hostile keys may all have the same hash.
+            if (allowed.contains(member.key))
+                seen.insert(member.key);
         }
     }
 
@@ -565,7 +565,8 @@ Document ContentsReader::read(const DocumentNode& root)
             m_document.positions.insert({section, -1, {}}, member.keyPosition);
             readSection(section, member.value);
         }
-        seen.insert(member.key);
+        if (index >= 0)
+            seen.insert(member.key);
     }
     return m_document;
 }

@@ -116,10 +116,8 @@ bool operator==(const DocumentNode& left, const DocumentNode& right)
 
 Position PositionFinder::at(int offset)
 {
-    if (offset < m_offset) {
-        m_offset = 0;
-        m_position = {1, 1};
-    }
+    while (m_offset > qMax(0, offset))
+        stepBack();
     for (; m_offset < qMin(offset, m_text.size()); ++m_offset) {
         const char byte = m_text.at(m_offset);
         if (byte == '\n')
@@ -128,6 +126,19 @@ Position PositionFinder::at(int offset)
             ++m_position.column;
     }
     return m_position;
+}
+
+void PositionFinder::stepBack()
+{
+    const char byte = m_text.at(--m_offset);
+    if (byte == '\n') {
+        const int start = m_offset == 0 ? 0 : m_text.lastIndexOf('\n', m_offset - 1) + 1;
+        const auto characters = std::count_if(m_text.begin() + start, m_text.begin() + m_offset,
+            [](char byte) { return !isContinuation(byte); });
+        m_position = {m_position.line - 1, static_cast<int>(characters) + 1};
+    } else if (!isContinuation(byte)) {
+        --m_position.column;
+    }
 }
 
 QString textOfUtf8(const char* bytes, int size)

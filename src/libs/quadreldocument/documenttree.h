@@ -66,7 +66,7 @@ struct Refusal {
     QString text;
 };
 
-/** Finds lines and columns; fast for offsets that ascend. */
+/** Finds lines and columns; fast for offsets that are near the one before. */
 class PositionFinder {
 public:
     /** The text is kept by the caller. */
@@ -79,6 +79,8 @@ public:
     Position at(int offset);
 
 private:
+    void stepBack();
+
     const QByteArray& m_text;
     int m_offset = 0;
     Position m_position{1, 1};

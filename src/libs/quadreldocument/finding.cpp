@@ -13,9 +13,8 @@ namespace {
 
 QString keyOf(const Place& place)
 {
-    return QStringLiteral("%1/%2/%3")
-        .arg(QString::number(static_cast<int>(place.section)), QString::number(place.index),
-            place.field);
+    return QString::number(static_cast<int>(place.section)) + QLatin1Char('/')
+        + QString::number(place.index) + QLatin1Char('/') + place.field;
 }
 
 template <typename Records> QString shownId(const std::optional<Records>& records, int index)
@@ -80,6 +79,11 @@ QString sectionName(Section section)
 bool operator<(const Position& left, const Position& right)
 {
     return std::tie(left.line, left.column) < std::tie(right.line, right.column);
+}
+
+bool operator==(const Position& left, const Position& right)
+{
+    return left.line == right.line && left.column == right.column;
 }
 
 void Positions::insert(const Place& place, Position position)

@@ -29,6 +29,7 @@ struct Position {
     int column = 0;
 };
 bool operator<(const Position& left, const Position& right);
+bool operator==(const Position& left, const Position& right);
 
 /** Where the parts of contents stand in the text that they were read from. */
 class Positions {
@@ -57,6 +58,9 @@ struct Finding {
     bool isCarried = false;
 };
 using Findings = QVector<Finding>;
+
+/** The most that are kept of what is wrong with one text: more than anybody mends in one go. */
+constexpr int maximumFindings = 1000;
 
 /** "events[8].description": records go by the id, port or line that is shown. */
 QString pathOf(const Place& place, const Contents& contents);

@@ -61,6 +61,26 @@ private:
     Position m_position{1, 1};
 };
 
+/** The parser compares each attribute of an element with all the others. */
+constexpr int maximumAttributes = 1000;
+
+/** The equals sign of the first attribute that is one too many; -1 if there is none. */
+int offsetOfSurplusAttribute(const QString& text)
+{
+    int count = 0;
+    for (int i = text.indexOf(QLatin1Char('=')); i >= 0;
+         i = text.indexOf(QLatin1Char('='), i + 1)) {
+        int next = i + 1;
+        while (next < text.size() && text.at(next).isSpace())
+            ++next;
+        const bool isValue = next < text.size()
+            && (text.at(next) == QLatin1Char('"') || text.at(next) == QLatin1Char('\''));
+        if (isValue && ++count > maximumAttributes)
+            return i;
+    }
+    return -1;
+}
+
 /** Goes through a project file and reports all that the library's reader would mistake. */
 class Surveyor {
 public:
@@ -74,6 +94,13 @@ public:
 
     ProjectXml survey()
     {
+        const int surplus = offsetOfSurplusAttribute(m_text);
+        if (surplus >= 0) {
+            report(m_finder.at(surplus), {},
+                Text::tr("more than %1 attributes; a project file has none")
+                    .arg(maximumAttributes));
+            return m_result;
+        }
         readRoot();
         if (m_xml.hasError())
             report(positionHere(), {},
@@ -99,7 +126,10 @@ private:
     void report(Position position, const QString& path, const QString& text,
         Severity severity = Severity::Error)
     {
-        m_result.findings.append({severity, {}, position, path, text});
+        // Warnings keep no error out.
+        int& count = severity == Severity::Error ? m_errors : m_warnings;
+        if (++count <= maximumFindings)
+            m_result.findings.append({severity, {}, position, path, text});
     }
 
     /** What stands where only elements are looked for. */
@@ -159,6 +189,7 @@ private:
                     Text::tr("this section is here already; a second one is never read"));
                 m_xml.skipCurrentElement();
             } else if (isSection) {
+                seen.append(name);
                 readSection(name);
             } else {
                 if (name != QLatin1String("Device"))
@@ -169,7 +200,6 @@ private:
                         Severity::Warning);
                 m_xml.skipCurrentElement();
             }
-            seen.append(name);
         }
     }
 
@@ -233,7 +263,7 @@ private:
     /** Whether the record has exactly these elements; reports what is wrong. */
     bool acceptElements(const Record& record, const QString& path, const QStringList& due)
     {
-        const int before = m_result.findings.size();
+        const int before = m_errors;
         QStringList seen;
         for (const Value& value : record.values) {
             if (!due.contains(value.name))
@@ -244,7 +274,8 @@ private:
                 report(value.elementPosition, path,
                     Text::tr("the element \"%1\" is here already; once is allowed")
                         .arg(value.name));
-            seen.append(value.name);
+            else
+                seen.append(value.name);
         }
         for (const QString& name : due) {
             if (!seen.contains(name))
@@ -252,7 +283,7 @@ private:
                     Text::tr("the element \"%1\" is missing, and the reader would skip the record")
                         .arg(name));
         }
-        return m_result.findings.size() == before;
+        return m_errors == before;
     }
 
     bool acceptName(const Record& record, const QStringList& allowed)
@@ -546,6 +577,8 @@ private:
     QXmlStreamReader m_xml;
     ProjectXml m_result;
     QSet<int> m_eventIds;
+    int m_errors = 0;
+    int m_warnings = 0;
     int m_ports = 0;
     int m_lines = 0;
     int m_events = 0;

@@ -17,10 +17,19 @@ QString blanks(int count)
     return QString(count, QLatin1Char(' '));
 }
 
+/** Makes what follows appear in another order than it is in. */
+bool isDirection(ushort unit)
+{
+    return unit == 0x200E || unit == 0x200F || (unit >= 0x202A && unit <= 0x202E)
+        || (unit >= 0x2066 && unit <= 0x2069);
+}
+
 /** Whether every reader of YAML and every terminal takes the character as it stands. */
 bool isPlain(QChar character)
 {
     const ushort unit = character.unicode();
+    if (isDirection(unit))
+        return false;
     return (unit >= 0x20 && unit <= 0x7E) || (unit >= 0xA0 && unit < 0x2028)
         || (unit > 0x2029 && unit < 0xD800)
         || (unit >= 0xE000 && unit <= 0xFFFD && unit != QChar::ByteOrderMark);

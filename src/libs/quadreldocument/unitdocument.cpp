@@ -46,8 +46,10 @@ void addChecks(LoadedFile& file)
     const Findings ofText = file.findings;
     const Findings checks = checkContents(file.contents, file.positions);
     for (const Finding& check : checks) {
-        const bool isKnown = std::any_of(ofText.begin(), ofText.end(),
-            [&](const Finding& finding) { return finding.path == check.path; });
+        const bool isKnown = std::any_of(ofText.begin(), ofText.end(), [&](const Finding& finding) {
+            return finding.path == check.path
+                || (check.position.line > 0 && finding.position == check.position);
+        });
         if (!isKnown && !(hasErrors(ofText) && check.severity == Severity::Note))
             file.findings.append(check);
     }

@@ -143,7 +143,7 @@ private:
     int m_nodes = 0;
 };
 
-/** Finds where values end, of which the parser says nothing. */
+/** Finds where values end, of which the parser says nothing; throws Refusal at open texts. */
 class EndFinder {
 public:
     explicit EndFinder(const QByteArray& text)
@@ -164,7 +164,7 @@ public:
         }
         for (DocumentNode::Member& member : node.members) {
             if (isMissing(member.value))
-                member.value.start = m_text.indexOf(':', member.keyStart) + 1;
+                member.value.start = afterColon(member.keyStart, member.value.start);
             setEnds(member.value);
             last = qMax(last, member.value.end);
         }
@@ -185,6 +185,14 @@ private:
     static bool isMissing(const DocumentNode& node)
     {
         return node.kind == DocumentNode::Kind::Scalar && !node.isQuoted && node.value.isEmpty();
+    }
+
+    /** Behind the colon of a key, which stands ahead of `next`; `next` for a key without one. */
+    int afterColon(int keyStart, int next) const
+    {
+        const auto end = m_text.begin() + qMin(next, m_text.size());
+        const auto colon = std::find(m_text.begin() + qMin(keyStart, next), end, ':');
+        return colon == end ? next : static_cast<int>(colon - m_text.begin()) + 1;
     }
 
     /** Behind the closing bracket that follows the last value. */
@@ -236,7 +244,8 @@ private:
             else if (at(offset) == quote)
                 return offset + 1;
         }
-        return m_text.size();
+        // The parser takes the end of the file for the quote.
+        throw Refusal{start, Text::tr("the text that starts here has no closing quote")};
     }
 
     /** The lines of a text behind | or > are those that stand as far to the right as its first. */
