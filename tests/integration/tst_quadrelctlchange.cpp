@@ -92,6 +92,7 @@ private slots:
     void keepsTwoRunsApart();
     void reportsAFailedWrite();
     void finishesAWriteWithoutATerminal();
+    void finishesAWriteWithoutAReader();
     void printsAnOutcomeAsJson();
     void changesAFile();
     void getsValues_data();
@@ -257,6 +258,14 @@ void TestQuadrelctlChange::changesNothingOnADryRun_data()
     QTest::newRow("network") << QStringLiteral("network|--unit|@|--ip|10.0.0.1|--mask|255.0.0.0|"
                                                "--gateway|10.0.0.2")
                              << QStringLiteral("Address  192.168.1.100  10.0.0.1\n");
+    QTest::newRow("edit") << QStringLiteral("edit|--unit|@") << oneChange;
+    QTest::newRow("undo") << QStringLiteral("undo|--unit|@")
+                          << QStringLiteral("~ events[7]\n    name: none -> \"Display on\"\n");
+    QTest::newRow("upgrade") << QStringLiteral("upgrade|--unit|@|--streamed|IMAGE|"
+                                               "--addressed|IMAGE")
+                             << QStringLiteral("image, 200 bytes\n");
+    QTest::newRow("remark") << QStringLiteral("remark|--unit|@|--streamed|IMAGE")
+                            << QStringLiteral("\nStreamed image  ");
 }
 
 void TestQuadrelctlChange::changesNothingOnADryRun()
@@ -264,14 +273,20 @@ void TestQuadrelctlChange::changesNothingOnADryRun()
     QFETCH(QString, line);
     QFETCH(QString, shown);
     Workplace place;
+    place.tool.setVariable(QStringLiteral("EDITOR"),
+        QStringLiteral("sed -i '/description/s/Display off/Screen off/'"));
+    line.replace(QStringLiteral("IMAGE"),
+        place.tool.write(QStringLiteral("image"), QByteArray(200, '\x01')));
+    QCOMPARE(place.run("unset|--unit|@|events[7].name|--yes").exitCode, 0);
     place.run("read|--unit|@|--save|%");
     const ToolResult result = place.run(line.append(QStringLiteral("|--dry-run")).toUtf8());
     QCOMPARE(result.errors, QString());
     QVERIFY2(result.output.contains(shown), qPrintable(result.output));
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(place.difference(), QString());
-    QCOMPARE(parse(place.run("info|--unit|@|--json").output)[QStringLiteral("ip")].toString(),
-        QStringLiteral("192.168.1.100"));
+    const QJsonObject device = parse(place.run("info|--unit|@|--json").output);
+    QCOMPARE(device[QStringLiteral("ip")].toString(), QStringLiteral("192.168.1.100"));
+    QCOMPARE(device[QStringLiteral("version")].toString(), QStringLiteral("1.0.0.0"));
 }
 
 void TestQuadrelctlChange::writesOneSection_data()
@@ -385,6 +400,11 @@ void TestQuadrelctlChange::takesBackAChange()
                  QStringLiteral("Back to what was before \"undo unset events[7].name\", from ")),
         qPrintable(again.output));
     QVERIFY(place.difference().contains(QStringLiteral("~ events[7]\n")));
+    const ToolResult third = place.run("undo|--unit|@|--yes");
+    QVERIFY2(third.output.startsWith(
+                 QStringLiteral("Back to what was before \"unset events[7].name\", from ")),
+        qPrintable(third.output));
+    QCOMPARE(place.difference(), oneChange);
 }
 
 void TestQuadrelctlChange::hasNothingToTakeBack()
@@ -489,6 +509,23 @@ void TestQuadrelctlChange::finishesAWriteWithoutATerminal()
     QCOMPARE(place.difference(), oneChange);
 }
 
+void TestQuadrelctlChange::finishesAWriteWithoutAReader()
+{
+    // Slow enough that the reader is gone before anything is printed.
+    Workplace place(
+        {QStringLiteral("--sample"), QStringLiteral("--latency"), QStringLiteral("10")});
+    place.run("read|--unit|@|--save|%");
+    place.run("set|%|events[8].description=Screen off");
+    Program process;
+    place.tool.start(process,
+        {QStringLiteral("write"), QStringLiteral("--unit"), place.unit.address(), place.file,
+            QStringLiteral("--yes")});
+    process.closeReadChannel(QProcess::StandardOutput);
+    process.closeReadChannel(QProcess::StandardError);
+    QCOMPARE(process.waitForExit(), 0);
+    QCOMPARE(place.difference(), QString());
+}
+
 void TestQuadrelctlChange::printsAnOutcomeAsJson()
 {
     Workplace place;
@@ -513,10 +550,11 @@ void TestQuadrelctlChange::changesAFile()
         QStringLiteral("set"), file, QStringLiteral("events[8].description=new")};
     const ToolResult dry = tool.run(arguments + QStringList{QStringLiteral("--dry-run")});
     QCOMPARE(dry.errors, QString());
-    QCOMPARE(dry.output, QStringLiteral("~ events[8]\n    description: \"old\" -> \"new\"\n"));
+    const QString changes = QStringLiteral("~ events[8]\n    description: \"old\" -> \"new\"\n");
+    QCOMPARE(dry.output, changes + QStringLiteral("Dry run: nothing was changed.\n"));
     QCOMPARE(ControlTool::contentsOf(file), text);
     const ToolResult result = tool.run(arguments);
-    QCOMPARE(result.output, dry.output);
+    QCOMPARE(result.output, changes);
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(ControlTool::contentsOf(file), QByteArray(text).replace("old", "\"new\""));
 }

@@ -13,10 +13,15 @@ void Consent::requirePossible(bool isDryRun)
             WrongUsage};
 }
 
+void Consent::reportDryRun()
+{
+    Console::remark(Tool::tr("Dry run: nothing was changed."));
+}
+
 bool Consent::given(const QString& question, bool isDryRun)
 {
     if (isDryRun) {
-        Console::remark(Tool::tr("Dry run: nothing was changed."));
+        reportDryRun();
         return false;
     }
     if (!Preferences::mayAct() && !Console::confirm(question))

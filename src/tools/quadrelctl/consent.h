@@ -11,4 +11,7 @@ void requirePossible(bool isDryRun);
 /** Asks, unless --yes. False on a dry run; throws CommandFailure if the answer is no. */
 bool given(const QString& question, bool isDryRun);
 
+/** Says that a dry run is over. */
+void reportDryRun();
+
 } // namespace Consent

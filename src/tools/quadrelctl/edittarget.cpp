@@ -46,8 +46,10 @@ public:
     {
         const Contents changed = parseDocument(text, form()).contents;
         Console::print(differencePage(compareContents(m_file.contents, changed)));
-        if (m_options.dryRun)
+        if (m_options.dryRun) {
+            Consent::reportDryRun();
             return;
+        }
         if (isProject(m_file))
             saveContents(m_options.file, changed);
         else

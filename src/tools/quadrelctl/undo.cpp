@@ -10,6 +10,17 @@
 using namespace QuadrelDocument;
 using namespace QuadrelWorkspace;
 
+namespace {
+
+/** Taking back an "undo" does again what that took back. */
+QString nameOfUndoing(const QString& change)
+{
+    const QString undo = QStringLiteral("undo ");
+    return change.startsWith(undo) ? change.mid(undo.size()) : undo + change;
+}
+
+} // namespace
+
 void runUndo(const UndoOptions& options)
 {
     Console::outliveReader();
@@ -30,7 +41,7 @@ void runUndo(const UndoOptions& options)
     change.wanted = file.contents;
     change.positions = file.positions;
     change.file = backup->path;
-    change.name = QStringLiteral("undo %1").arg(backup->change);
+    change.name = nameOfUndoing(backup->change);
     change.dryRun = options.dryRun;
     carryOut(unit, held, change);
 }
