@@ -1,5 +1,6 @@
 #include "echosize.h"
 #include "fullunit.h"
+#include "hostiledocuments.h"
 #include "hostilefiles.h"
 #include "loopback.h"
 #include "rawecho.h"
@@ -92,15 +93,19 @@ public:
     double reference() override { return printedSize("upgradepeak", {}) / kibInMib; }
 };
 
-/** The worst of all hostile files of 1 MB, and a file with nothing in it. */
+constexpr int hostileSize = 1024 * 1024;
+
+/** The worst of all hostile files, and a file with nothing in it, for a program that reads them. */
 class HostileFiles : public Comparison {
 public:
-    HostileFiles(const QStringList& what, double unit)
-        : m_what(what)
+    HostileFiles(const char* program, const QVector<HostileFile>& files, const QStringList& what,
+        double unit)
+        : m_program(program)
+        , m_what(what)
         , m_unit(unit)
     {
-        m_harmless = write("harmless", "<a/>");
-        for (const HostileFile& file : hostileFiles(1024 * 1024))
+        m_harmless = write("harmless.xml", "<a/>");
+        for (const HostileFile& file : files)
             m_hostile.append(write(file.name, file.bytes));
     }
 
@@ -125,10 +130,11 @@ private:
 
     double cost(const QString& path)
     {
-        return printedSize("hostilefile", QStringList(path) + m_what) * m_unit;
+        return printedSize(m_program, QStringList(path) + m_what) * m_unit;
     }
 
     const QTemporaryDir m_folder;
+    const char* const m_program;
     const QStringList m_what;
     const double m_unit;
     QString m_harmless;
@@ -237,11 +243,25 @@ Rows processRows()
         {{"peak memory of an upgrade / idle process", "MiB", {Limit::DifferenceAtMost, 4}, 5,
              [] { return std::make_unique<UpgradePeak>(); }},
             {"worst hostile file of 1 MB / tiny file", "ms", {Limit::DifferenceAtMost, 250}, 3,
-                [] { return std::make_unique<HostileFiles>(QStringList(), 1); }},
-            {"memory of that / tiny file", "MB", {Limit::DifferenceAtMost, 80}, 3,
                 [] {
                     return std::make_unique<HostileFiles>(
+                        "hostilefile", hostileFiles(hostileSize), QStringList(), 1);
+                }},
+            {"memory of that / tiny file", "MB", {Limit::DifferenceAtMost, 80}, 3,
+                [] {
+                    return std::make_unique<HostileFiles>("hostilefile", hostileFiles(hostileSize),
                         QStringList(QStringLiteral("memory")), 1024 / 1e6);
+                }},
+            {"worst hostile document of 1 MB / tiny file", "ms", {Limit::DifferenceAtMost, 500}, 3,
+                [] {
+                    return std::make_unique<HostileFiles>(
+                        "hostiledocument", hostileDocuments(hostileSize), QStringList(), 1);
+                }},
+            {"memory of that document / tiny file", "MB", {Limit::DifferenceAtMost, 80}, 3,
+                [] {
+                    return std::make_unique<HostileFiles>("hostiledocument",
+                        hostileDocuments(hostileSize), QStringList(QStringLiteral("memory")),
+                        1024 / 1e6);
                 }},
             {"program with the library / framework only", "ms", {}, 51,
                 [] { return std::make_unique<LoadTime>(); }},

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <system_error>
+
 #include <sys/resource.h>
 
 /** As long as it lives, this program can open nothing more. */
@@ -7,6 +9,12 @@ class WithoutDescriptors {
 public:
     WithoutDescriptors()
     {
+        // The sanitizer needs a descriptor to check an object of a type that it has not met before.
+        try {
+            throw std::system_error(std::error_code());
+        } catch (const std::system_error& known) {
+            m_known = known.code();
+        }
         getrlimit(RLIMIT_NOFILE, &m_before);
         const rlimit none = {0, m_before.rlim_max};
         setrlimit(RLIMIT_NOFILE, &none);
@@ -16,5 +24,6 @@ public:
     WithoutDescriptors& operator=(const WithoutDescriptors&) = delete;
 
 private:
+    std::error_code m_known;
     rlimit m_before = {};
 };
