@@ -4,22 +4,6 @@
 <context>
     <name>quadrelctl</name>
     <message>
-        <source>%1 is no subnet mask for a unit</source>
-        <translation>%1 不能用作设备的子网掩码</translation>
-    </message>
-    <message>
-        <source>%1 is no address for a unit</source>
-        <translation>%1 不能用作设备的地址</translation>
-    </message>
-    <message>
-        <source>%1 is the network or the broadcast address of its subnet</source>
-        <translation>%1 是其子网的网络地址或广播地址</translation>
-    </message>
-    <message>
-        <source>the gateway %1 is not in the subnet of %2</source>
-        <translation>网关 %1 不在 %2 的子网内</translation>
-    </message>
-    <message>
         <source>the same as this machine&apos;s</source>
         <translation>与本机相同</translation>
     </message>

@@ -546,5 +546,13 @@
         <source>this is not YAML: %1</source>
         <translation>不是有效的 YAML：%1</translation>
     </message>
+    <message>
+        <source>more than %1 attributes; a project file has none</source>
+        <translation>属性超过 %1 个；工程文件中没有属性</translation>
+    </message>
+    <message>
+        <source>the text that starts here has no closing quote</source>
+        <translation>从这里开始的文本没有结束的引号</translation>
+    </message>
 </context>
 </TS>

@@ -4,6 +4,22 @@
 <context>
     <name>quadrelworkspace</name>
     <message>
+        <source>%1 is no subnet mask for a unit</source>
+        <translation>%1 不能用作设备的子网掩码</translation>
+    </message>
+    <message>
+        <source>%1 is no address for a unit</source>
+        <translation>%1 不能用作设备的地址</translation>
+    </message>
+    <message>
+        <source>%1 is the network or the broadcast address of its subnet</source>
+        <translation>%1 是其子网的网络地址或广播地址</translation>
+    </message>
+    <message>
+        <source>the gateway %1 is not in the subnet of %2</source>
+        <translation>网关 %1 不在 %2 的子网内</translation>
+    </message>
+    <message>
         <source>%1: not a regular file</source>
         <translation>%1：不是普通文件</translation>
     </message>
@@ -22,6 +38,10 @@
     <message>
         <source>%1: this is text, and an image is due</source>
         <translation>%1：这是文本，这里需要固件映像</translation>
+    </message>
+    <message>
+        <source>%1: the descriptor is empty</source>
+        <translation>%1：描述文件为空</translation>
     </message>
     <message>
         <source>%1: the descriptor names no module; the unit is of model %2</source>

@@ -58,6 +58,7 @@ private slots:
     void comparesWithTheDescriptor_data();
     void comparesWithTheDescriptor();
     void tellsAUnitThatCameBackUnchanged();
+    void refusesBadDescriptors_data();
     void refusesBadDescriptors();
     void refusesBadImages_data();
     void refusesBadImages();
@@ -268,16 +269,33 @@ void TestQuadrelctlUnit::tellsAUnitThatCameBackUnchanged()
     QCOMPARE(result.exitCode, 1);
 }
 
+void TestQuadrelctlUnit::refusesBadDescriptors_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("an empty element")
+        << QByteArray("<Update/>") << QStringLiteral("the descriptor is empty");
+    QTest::newRow("blanks alone") << QByteArray("<Update>\n</Update>\n")
+                                  << QStringLiteral("the descriptor is empty");
+    QTest::newRow("too deep") << QByteArray("<a>").repeated(20000)
+                              << QStringLiteral("The XML is nested too deeply!");
+    QTest::newRow("two roots") << QByteArray("<Update/><Update/>")
+                               << QStringLiteral("unexpected character");
+    QTest::newRow("cut off") << QByteArray("<Update>") << QStringLiteral("unexpected end of file");
+}
+
 void TestQuadrelctlUnit::refusesBadDescriptors()
 {
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, reason);
     ControlTool tool;
     const QString file = tool.write(QStringLiteral("image"), image(100, 1));
-    const QString descriptor = tool.write(QStringLiteral("d.xml"), "<Update/>");
+    const QString descriptor = tool.write(QStringLiteral("d.xml"), contents);
     const ToolResult result = tool.run({QStringLiteral("upgrade"), yesOption, unitOption,
         QStringLiteral("tcp://127.0.0.1:1"), QStringLiteral("--streamed"), file,
         QStringLiteral("--addressed"), file, QStringLiteral("--descriptor"), descriptor});
     QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.errors, descriptor + QStringLiteral(": The file holds no trigger data!\n"));
+    QCOMPARE(result.errors, QStringLiteral("%1: %2\n").arg(descriptor, reason));
 }
 
 void TestQuadrelctlUnit::refusesBadImages_data()

@@ -159,7 +159,7 @@ void TestImageChecks::refusesADescriptor_data()
     QTest::addColumn<QString>("reason");
     QTest::newRow("empty") << QByteArray() << "unexpected end of file";
     QTest::newRow("image") << QByteArray("\x01\x02\x03") << "error occurred while parsing element";
-    QTest::newRow("nothing in it") << QByteArray("<Update/>") << "文件中无触发数据！";
+    QTest::newRow("nothing in it") << QByteArray("<Update/>") << "the descriptor is empty";
 }
 
 void TestImageChecks::refusesADescriptor()

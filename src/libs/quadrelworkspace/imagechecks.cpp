@@ -9,6 +9,7 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTextCodec>
 #include <QtCore/QVector>
+#include <QtCore/QXmlStreamReader>
 
 #include <algorithm>
 
@@ -97,6 +98,20 @@ bool isSameVersion(const QString& one, const QString& other)
     return numbers.isEmpty() ? one == other : numbers == versionNumbers(other);
 }
 
+/** Whether a file is XML of one element that holds no other. */
+bool isLoneElement(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    QXmlStreamReader xml(&file);
+    if (!xml.readNextStartElement() || xml.readNextStartElement())
+        return false;
+    while (!xml.atEnd())
+        xml.readNext();
+    return !xml.hasError();
+}
+
 } // namespace
 
 std::optional<QByteArray> readImage(const QString& path, QString& error)
@@ -136,7 +151,9 @@ std::optional<UpgradeDescriptor> readDescriptor(const QString& path, QString& er
         descriptor.version = singleLine(descriptor.version);
         return descriptor;
     }
-    error = QStringLiteral("%1: %2").arg(path, reason);
+    // Of an empty root the library says that it holds no trigger data.
+    error = isLoneElement(path) ? Workspace::tr("%1: the descriptor is empty").arg(path)
+                                : QStringLiteral("%1: %2").arg(path, reason);
     return std::nullopt;
 }
 

@@ -1,10 +1,11 @@
-#include "addresscheck.h"
 #include "commands.h"
 #include "consent.h"
 #include "console.h"
 #include "table.h"
 #include "tool.h"
 #include "unitaccess.h"
+
+#include <addresscheck.h>
 
 namespace {
 
@@ -24,7 +25,7 @@ void showChange(const QuadrelDocument::Device& device, const NetworkOptions& opt
 void runNetwork(const NetworkOptions& options)
 {
     Console::outliveReader();
-    const QString fault = networkFault(options.ip, options.mask, options.gateway);
+    const QString fault = QuadrelWorkspace::networkFault(options.ip, options.mask, options.gateway);
     if (!fault.isEmpty())
         throw CommandFailure{fault, WrongUsage};
     Consent::requirePossible(options.dryRun);

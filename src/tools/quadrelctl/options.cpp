@@ -1,6 +1,5 @@
 #include "options.h"
 
-#include "addresscheck.h"
 #include "arguments.h"
 #include "commands.h"
 #include "console.h"
@@ -8,6 +7,8 @@
 #include "sections.h"
 #include "tool.h"
 #include "usagetext.h"
+
+#include <addresscheck.h>
 
 #include <CLI/CLI.hpp>
 
@@ -405,7 +406,7 @@ void addNetwork(CLI::App& app, CommandLine& line)
         addText(network.app, name, help, target)
             ->type_name("A.B.C.D")
             ->required()
-            ->check(accept(isIpv4Text, Tool::tr("\"%1\" is no IPv4 address")));
+            ->check(accept(QuadrelWorkspace::isIpv4Text, Tool::tr("\"%1\" is no IPv4 address")));
     };
     addAddress("--ip", Tool::tr("The new address"), options.ip);
     addAddress("--mask", Tool::tr("The subnet mask"), options.mask);

@@ -1,11 +1,13 @@
 #include "addresscheck.h"
 
-#include "tool.h"
+#include "workspace.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
 
 #include <algorithm>
+
+namespace QuadrelWorkspace {
 
 namespace {
 
@@ -36,12 +38,15 @@ QString networkFault(const QString& ipText, const QString& maskText, const QStri
     const quint32 gateway = toNumber(gatewayText);
     const quint32 hostBits = ~mask;
     if (mask == 0 || hostBits < 3 || (hostBits & (hostBits + 1)) != 0)
-        return Tool::tr("%1 is no subnet mask for a unit").arg(maskText);
+        return Workspace::tr("%1 is no subnet mask for a unit").arg(maskText);
     if (ip >> 28 >= 0xE || ip >> 24 == 0)
-        return Tool::tr("%1 is no address for a unit").arg(ipText);
+        return Workspace::tr("%1 is no address for a unit").arg(ipText);
     if ((ip & hostBits) == 0 || (ip & hostBits) == hostBits)
-        return Tool::tr("%1 is the network or the broadcast address of its subnet").arg(ipText);
+        return Workspace::tr("%1 is the network or the broadcast address of its subnet")
+            .arg(ipText);
     if (gateway != 0 && ((gateway ^ ip) & mask) != 0)
-        return Tool::tr("the gateway %1 is not in the subnet of %2").arg(gatewayText, ipText);
+        return Workspace::tr("the gateway %1 is not in the subnet of %2").arg(gatewayText, ipText);
     return QString();
 }
+
+} // namespace QuadrelWorkspace
