@@ -341,12 +341,16 @@ private:
     bool takeNodes(int count)
     {
         m_room -= qint64(count) * charactersPerXmlNode;
-        return m_room >= 0 || refuse(m_texts.tooMany);
+        if (m_room < 0)
+            return refuse(m_texts.tooMany);
+        return true;
     }
 
     bool takeDeclaration()
     {
-        return ++m_declarations <= maximumXmlEntities || refuse(m_texts.tooMany);
+        if (++m_declarations > maximumXmlEntities)
+            return refuse(m_texts.tooMany);
+        return true;
     }
 
     bool refuse(const QString& text)
