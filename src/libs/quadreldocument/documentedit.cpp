@@ -521,7 +521,8 @@ void updateType(EditableText& text, const Path& path)
 void setField(EditableText& text, const Path& path, const QString& key, const DocumentNode& value)
 {
     text.setField(path, key, value);
-    for (const QString& rival : rivalsOf(path.section, key))
+    const QStringList rivals = rivalsOf(path.section, key);
+    for (const QString& rival : rivals)
         text.removeField(path, rival);
 }
 

@@ -78,7 +78,7 @@ QVector<int> eventIdsOf(const QString& text)
         const int start = item.indexOf(word);
         const int end = item.indexOf(QLatin1Char(')'), start);
         const int first = start + word.size();
-        ids.append(start < 0 ? 0 : item.mid(first, end < 0 ? -1 : end - first).toInt() & 0xFF);
+        ids.append(start < 0 ? 0 : item.midRef(first, end < 0 ? -1 : end - first).toInt() & 0xFF);
     }
     return ids;
 }

@@ -38,7 +38,7 @@ QVector<Trigger> withModbus(const QVector<Trigger>& loaded, const ProjectXml& xm
     for (auto stub = xml.modbusTriggers.begin(); stub != xml.modbusTriggers.end(); ++stub) {
         TriggerModel model;
         model.push_back(*stub);
-        Trigger trigger = triggersOf(model).first();
+        Trigger trigger = triggersOf(model).constFirst();
         trigger.line = unknownLine;
         triggers.insert(qMin(stub.key(), triggers.size()), trigger);
     }
@@ -153,7 +153,7 @@ QString textInProject(const QString& text)
     QString held;
     for (int i = 0; i < text.size(); ++i) {
         const int size = sizeOfXmlCharacter(text, i);
-        held += text.mid(i, size);
+        held += text.midRef(i, size);
         i += qMax(0, size - 1);
     }
     return held.trimmed().isEmpty() ? QString() : held;

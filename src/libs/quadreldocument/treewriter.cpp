@@ -64,7 +64,7 @@ QString quoted(const QString& text)
             character.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
         const bool isSpecial = character == QLatin1Char('"') || character == QLatin1Char('\\');
         if (isPair)
-            result += text.mid(i++, 2);
+            result += text.midRef(i++, 2);
         else if (isPlain(character) && !isSpecial)
             result += character;
         else

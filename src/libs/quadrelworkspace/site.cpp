@@ -190,7 +190,8 @@ QString selectionFault(const Site& site, const Selection& selection)
         if (!exists([&tag](const SiteUnit& unit) { return unit.tags.contains(tag); }))
             return Workspace::tr("no unit has the tag %1").arg(shownText(tag));
     }
-    for (const QString& name : selection.names + selection.excluded) {
+    const QStringList names = selection.names + selection.excluded;
+    for (const QString& name : names) {
         if (!exists([&name](const SiteUnit& unit) { return matches(unit.name, name); }))
             return Workspace::tr("no unit has the name %1").arg(shownText(name));
     }

@@ -151,7 +151,8 @@ UnitProgress stepAfter(const UnitProgress& done, UnitProgress::Part last)
 QSet<int> idsOf(const Contents& contents)
 {
     QSet<int> ids;
-    for (const Event& event : contents.events.value_or(QVector<Event>()))
+    const QVector<Event> events = contents.events.value_or(QVector<Event>());
+    for (const Event& event : events)
         ids.insert(event.id);
     return ids;
 }
@@ -409,7 +410,8 @@ WorkResult UnitWork::Private::apply(
     result.contents = *m_held;
     if (plan.isEmpty())
         return result;
-    for (const Table table : writingOrder(plan, *m_held))
+    const QVector<Table> tables = writingOrder(plan, *m_held);
+    for (const Table table : tables)
         result.tables.append({table, TableState::Old});
 
     Contents saved = *m_held;

@@ -43,7 +43,8 @@ winsize sizeOf(int descriptor)
 
 bool hasColour(int descriptor)
 {
-    return isatty(descriptor) == 1 && qgetenv("NO_COLOR").isEmpty() && qgetenv("TERM") != "dumb";
+    return isatty(descriptor) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR")
+        && qgetenv("TERM") != "dumb";
 }
 
 const char* sequenceOf(Style style)

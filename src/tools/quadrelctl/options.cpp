@@ -305,7 +305,7 @@ void addTarget(CLI::App* app, TargetOptions& target, const QString& help, QStrin
 {
     CLI::Option* unit = addUnit(app, target.unit);
     CLI::Option* option = addTexts(app, "words", help, words)->type_name("TEXT");
-    app->parse_complete_callback([unit, option, least, &target, &words] {
+    app->parse_complete_callback([unit, option, least, &words] {
         const bool hasUnit = unit->count() > 0;
         if (option->count() < least + (hasUnit ? 0 : 1))
             throw CLI::RequiredError(

@@ -12,7 +12,7 @@ QString fillIn(const QString& text, const QStringList& parts)
 {
     QString result;
     for (int i = 0; i < text.size(); ++i) {
-        const int number = text.at(i) == QLatin1Char('%') ? text.mid(i + 1, 1).toInt() : 0;
+        const int number = text.at(i) == QLatin1Char('%') ? text.midRef(i + 1, 1).toInt() : 0;
         if (number == 0) {
             result += text.at(i);
             continue;
