@@ -11,10 +11,11 @@ int main(int argc, char* argv[])
     // Made after the application object, so that it finds configWidget.ini beside the program.
     SearchDevice search;
     QObject::connect(&search, &SearchDevice::signal_updateDeviceList, &application,
-        [](const QMap<QString, serverData>& units) {
+        [&search](const QMap<QString, serverData>& units) {
             QTextStream out(stdout);
             for (const QString& host : units.keys())
                 out << UnitAddress{UnitAddress::Tcp, host}.toText() << '\n';
+            search.deleteUdpObject();
             QCoreApplication::quit();
         });
     search.searchDevice();

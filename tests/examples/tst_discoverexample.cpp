@@ -43,8 +43,8 @@ void TestDiscoverExample::discovers()
     NamespaceProcess search(host);
     QVERIFY(search.launch(copy, {}));
     const ToolResult result = ControlTool::resultOf(search);
+    QVERIFY2(result.exitCode == 0, qPrintable(result.errors));
     QCOMPARE(result.output, QStringLiteral("tcp://192.168.1.10:3801\n"));
-    QCOMPARE(result.exitCode, 0);
 }
 
 // The network is left before Qt may start a thread.
