@@ -1,4 +1,7 @@
 # shellcheck shell=bash
+# SPDX-FileCopyrightText: the quadrelbll authors
+# SPDX-License-Identifier: MIT
+#
 # Steps and their times. `step` ends with the first one that fails, `tries` goes on.
 failed=()
 TIMEFORMAT='%R s, processors %U s and %S s'

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Reads a document or a project file and prints the milliseconds of the processor that this took,
 // or with "memory" behind the file's name the peak of its own memory in KiB.
 #include "ownmemory.h"

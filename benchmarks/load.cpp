@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // A program that does nothing but load what it is linked with; built with the library, and with the
 // framework only.
 #include "ownmemory.h"

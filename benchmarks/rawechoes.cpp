@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // A socket and raw echoes, so many: the least that a client in a process of its own can do.
 #include "echosize.h"
 #include "rawecho.h"

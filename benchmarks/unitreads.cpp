@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Reads a whole unit over the loopback, so often: a client in a process of its own.
 #include "loopbackclient.h"
 

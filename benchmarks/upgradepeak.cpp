@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Prints the peak of its own memory, in KiB: of an idle process, or after an upgrade of 16 MiB.
 #include "loopbackclient.h"
 #include "ownmemory.h"

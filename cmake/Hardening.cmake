@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the quadrelbll authors
+# SPDX-License-Identifier: MIT
+
 # What is released makes a fault in it hard to misuse. A sanitizer finds more by itself, and the
 # checks of the C library would hide calls from it.
 include(CheckPIESupported)

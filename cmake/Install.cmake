@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the quadrelbll authors
+# SPDX-License-Identifier: MIT
+
 # What `cmake --install` and `cpack` put where. The targets install themselves; here is the rest.
 include(CMakePackageConfigHelpers)
 

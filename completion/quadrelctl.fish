@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the quadrelbll authors
+# SPDX-License-Identifier: MIT
+
 # fish completion for quadrelctl
 
 set -l commands discover info read show check convert diff write edit set get unset undo backups clock \

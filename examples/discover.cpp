@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Prints the addresses of the units on the network: discover
 #include <quadrelbll/searchdevice.h>
 #include <quadrellink/unitaddress.h>

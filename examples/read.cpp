@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Reads a unit and prints its events: read 192.168.1.10
 #include <quadrellink/unitsession.h>
 

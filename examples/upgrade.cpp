@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Upgrades a unit, with a progress bar: upgrade 192.168.1.10 STREAMED ADDRESSED
 #include <quadrellink/unitsession.h>
 

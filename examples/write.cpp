@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Gives a unit one event more: write 192.168.1.10 TEXT
 #include <quadrellink/unitsession.h>
 

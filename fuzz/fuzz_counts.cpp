@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "fuzzreply.h"
 #include "packageevent.h"
 #include "packagetimetrigger.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "contentscheck.h"
 #include "contentsdifference.h"
 #include "documentedit.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "eventmodel.h"
 #include "fuzzreply.h"
 #include "packageevent.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "devicemanagermodel.h"
 #include "fuzzinput.h"
 #include "fuzzsetup.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // fuzz_seeds FOLDER   writes the first inputs of each fuzz target, made from the sample unit and
 // the library's own writers.
 

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 /** Ends the program, which makes the input a finding, unless the condition holds. */

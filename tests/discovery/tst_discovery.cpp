@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "discoveredunit.h"
 #include "networknamespaces.h"
 #include "patience.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "contentsdifference.h"
 #include "samplecontents.h"
 #include "unitdocument.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "kvprotocolparser.h"
 #include "packagerequestproto3rd.h"
 #include "quadrelframe.h"

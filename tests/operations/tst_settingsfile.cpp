@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "settingsbeside.h"
 #include "settingsfile.h"
 #include "unpackage.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include <QtCore/QMap>
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QtTest>

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // What a client that means no good, or means well and has too much to say, can take of a unit.
 #include "unitclient.h"
 #include "unitserver.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 #include "unitclient.h"
 #include "unitserver.h"
 #include "upgradewrites.h"

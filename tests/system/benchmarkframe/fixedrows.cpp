@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Benchmarks whose figures are known: the turns of each side follow a list.
 #include "report.h"
 

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: the quadrelbll authors
+# SPDX-License-Identifier: MIT
+
 # Writes each C++ block of the pages to a file of its own in `folder`, and prints the files' names. A
 # block that is no whole file becomes the body of a function, whose parameters are in surroundings.h.
 function finish(    file, former, line) {

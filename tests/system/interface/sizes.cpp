@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Applications that were compiled against 0.1.0 make objects of these classes themselves, and
 // destroy them inline. That it builds is the test.
 #include "devicemanagermodel.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Links the library, which is therefore loaded before there is an application object.
 
 #include "operation.h"

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Makes its application object first, and loads the library with a module afterwards.
 
 #include <QtCore/QCoreApplication>

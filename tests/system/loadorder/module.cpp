@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // Links the library, and is loaded when there is an application object.
 
 #include "operation.h"

@@ -1,4 +1,7 @@
 # shellcheck shell=bash
+# SPDX-FileCopyrightText: the quadrelbll authors
+# SPDX-License-Identifier: MIT
+#
 # What the packaging tests share. Each gets a folder of its own to work in, and leaves nothing
 # outside it.
 set -eu

@@ -1,4 +1,7 @@
 # shellcheck shell=bash
+# SPDX-FileCopyrightText: the quadrelbll authors
+# SPDX-License-Identifier: MIT
+#
 # What the tests of the scripts share: SOURCE and WORK, and a PATH with a few ordinary programs and
 # the stand-ins that a test adds.
 set -eu

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
 // soak OPERATIONS SEED   runs a random mix of all operations against the simulated unit, over a
 // transport that makes faults, and compares the library with its model after each. Ends with 1 at
 // the first difference.
