@@ -582,8 +582,8 @@
         <translation>“%1” 既不是文件，也不是设备的名称或地址</translation>
     </message>
     <message>
-        <source>%1  (model 0x%2, serial number %3, version %4)</source>
-        <translation>%1  （型号 0x%2，序列号 %3，版本 %4）</translation>
+        <source>%1  (model %2, serial number %3, version %4)</source>
+        <translation>%1  （型号 %2，序列号 %3，版本 %4）</translation>
     </message>
     <message>
         <source>not compared, since one side does not have them: %1</source>
@@ -854,6 +854,274 @@ Examples:</source>
     <message>
         <source>Communication/timeout in configWidget.ini is 0, and no unit can answer in that time</source>
         <translation>configWidget.ini 中的 Communication/timeout 为 0，设备不可能在此时间内应答</translation>
+    </message>
+    <message>
+        <source>Show who a unit is, its clock, and whether it holds what a file says</source>
+        <translation>显示设备的身份、时钟，以及内容是否与文件一致</translation>
+    </message>
+    <message>
+        <source>Save what a unit holds; a file that says the same stays as it is</source>
+        <translation>保存设备的内容；内容相同的文件保持原样</translation>
+    </message>
+    <message>
+        <source>The serial number that the unit must have; another unit is a failure</source>
+        <translation>设备必须具有的序列号；不是该设备即为失败</translation>
+    </message>
+    <message>
+        <source>The model that the unit must be of, as in 0x7209</source>
+        <translation>设备必须具有的型号，例如 0x7209</translation>
+    </message>
+    <message>
+        <source>%1: written</source>
+        <translation>%1：已写入</translation>
+    </message>
+    <message>
+        <source>%1: the same as before</source>
+        <translation>%1：与之前相同</translation>
+    </message>
+    <message>
+        <source>Write this to %1?</source>
+        <translation>将此写入 %1 吗？</translation>
+    </message>
+    <message>
+        <source>%1: the inventory names no document; name one, or leave the unit out with --exclude</source>
+        <translation>%1：清单中没有给出文档；请给出一个，或用 --exclude 排除该设备</translation>
+    </message>
+    <message>
+        <source>
+Nothing was sent to any unit.</source>
+        <translation>
+未向任何设备发送内容。</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>标签</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>文档</translation>
+    </message>
+    <message>
+        <source>The inventory of the site, site.yaml unless it is given</source>
+        <translation>场地的清单，不给出时为 site.yaml</translation>
+    </message>
+    <message>
+        <source>Only units with one of these tags</source>
+        <translation>只处理带有这些标签之一的设备</translation>
+    </message>
+    <message>
+        <source>Only units with such a name, as in &apos;hall-*&apos;</source>
+        <translation>只处理具有这种名称的设备，例如 &apos;hall-*&apos;</translation>
+    </message>
+    <message>
+        <source>Without units with such a name</source>
+        <translation>不处理具有这种名称的设备</translation>
+    </message>
+    <message>
+        <source>How many units at a time; 16 unless the inventory says it</source>
+        <translation>同时处理多少台设备；清单未给出时为 16</translation>
+    </message>
+    <message>
+        <source>How long a unit may take in all; 600 seconds if not given</source>
+        <translation>每台设备总共可用的时间；不给出时为 600 秒</translation>
+    </message>
+    <message>
+        <source>Add a unit to the inventory</source>
+        <translation>将设备加入清单</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s name</source>
+        <translation>设备的名称</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s address, as in tcp://192.168.1.21:3801</source>
+        <translation>设备的地址，例如 tcp://192.168.1.21:3801</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s serial number</source>
+        <translation>设备的序列号</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s model, as in 0x7209</source>
+        <translation>设备的型号，例如 0x7209</translation>
+    </message>
+    <message>
+        <source>Ask the unit for its serial number and model</source>
+        <translation>向设备询问其序列号和型号</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s tags</source>
+        <translation>设备的标签</translation>
+    </message>
+    <message>
+        <source>The document with the wanted contents</source>
+        <translation>包含所需内容的文档</translation>
+    </message>
+    <message>
+        <source>Remove units from the inventory</source>
+        <translation>从清单中移除设备</translation>
+    </message>
+    <message>
+        <source>Names of units, in which * and ? are any letters</source>
+        <translation>设备的名称，其中 * 和 ? 代表任意字符</translation>
+    </message>
+    <message>
+        <source>a name, or --tag</source>
+        <translation>名称或 --tag</translation>
+    </message>
+    <message>
+        <source>List the units of the inventory</source>
+        <translation>列出清单中的设备</translation>
+    </message>
+    <message>
+        <source>Show who answers, models, versions, clocks, and who differs from its document</source>
+        <translation>显示哪些设备有应答、型号、版本、时钟，以及哪些与其文档不同</translation>
+    </message>
+    <message>
+        <source>Look for mistakes in the documents, also against the inventory</source>
+        <translation>检查文档中的错误，并与清单核对</translation>
+    </message>
+    <message>
+        <source>Work with the many units of a site</source>
+        <translation>处理一个场地的众多设备</translation>
+    </message>
+    <message>
+        <source>stage %1 of %2</source>
+        <translation>第 %1 阶段，共 %2 阶段</translation>
+    </message>
+    <message>
+        <source>%1 of %2 units</source>
+        <translation>%1/%2 台设备</translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n failed</source>
+        <translation>
+            <numerusform>，%n 台失败</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, %1 units/s, %2 s left</source>
+        <translation>，每秒 %1 台，剩余 %2 秒</translation>
+    </message>
+    <message>
+        <source>answers</source>
+        <translation>有应答</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>valid</source>
+        <translation>有效</translation>
+    </message>
+    <message>
+        <source>no document</source>
+        <translation>没有文档</translation>
+    </message>
+    <message>
+        <source>saved</source>
+        <translation>已保存</translation>
+    </message>
+    <message>
+        <source>unchanged</source>
+        <translation>未变</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>相同</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不同</translation>
+    </message>
+    <message>
+        <source>planned</source>
+        <translation>待写入</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>已写入</translation>
+    </message>
+    <message>
+        <source>upgraded</source>
+        <translation>已升级</translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation>已核实</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>not begun</source>
+        <translation>未开始</translation>
+    </message>
+    <message numerus="yes">
+        <source> and %n more</source>
+        <translation>
+            <numerusform> 等另外 %n 台</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>台数</translation>
+    </message>
+    <message>
+        <source>Names</source>
+        <translation>名称</translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n change(s)</source>
+        <translation>
+            <numerusform>，%n 处更改</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>缺失</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n 处更改</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>时钟</translation>
+    </message>
+    <message>
+        <source>--log is for one unit; &quot;quadrelctl --log FILE read --unit UNIT&quot; logs it</source>
+        <translation>--log 只用于一台设备；请用 &quot;quadrelctl --log FILE read --unit UNIT&quot;</translation>
+    </message>
+    <message>
+        <source>interrupted: units at work go on to their end and no other is begun; a second interrupt ends them too</source>
+        <translation>已中断：正在处理的设备继续到完成，不再开始其他设备；再次中断将结束它们</translation>
+    </message>
+    <message>
+        <source>interrupted again: the units at work are being ended</source>
+        <translation>再次中断：正在结束处理中的设备</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>the same as in %1</source>
+        <translation>与 %1 相同</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) from %1</source>
+        <translation>
+            <numerusform>与 %1 有 %n 处更改</numerusform>
+        </translation>
     </message>
 </context>
 </TS>
