@@ -1123,5 +1123,231 @@ Nothing was sent to any unit.</source>
             <numerusform>与 %1 有 %n 处更改</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1: the folder can&apos;t be made</source>
+        <translation>%1：无法建立文件夹</translation>
+    </message>
+    <message>
+        <source>%1
+The documents are saved, and not committed.</source>
+        <translation>%1
+文档已保存，但未提交。</translation>
+    </message>
+    <message>
+        <source>Nothing has changed since the last commit.</source>
+        <translation>自上次提交以来没有变化。</translation>
+    </message>
+    <message>
+        <source>Committed: %1</source>
+        <translation>已提交：%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Set the clocks of %n unit(s)?</source>
+        <translation>
+            <numerusform>设置 %n 台设备的时钟吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>情况</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>新增</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>已移动</translation>
+    </message>
+    <message>
+        <source>replaced</source>
+        <translation>已更换</translation>
+    </message>
+    <message>
+        <source>vanished</source>
+        <translation>已消失</translation>
+    </message>
+    <message>
+        <source>The inventory has all units that answered, and no other.</source>
+        <translation>清单与有应答的设备完全一致。</translation>
+    </message>
+    <message>
+        <source>Another unit is at the address of a replaced one: change its serial number in the inventory if that is right.</source>
+        <translation>已更换设备的地址上是另一台设备：如果正确，请在清单中更改其序列号。</translation>
+    </message>
+    <message>
+        <source>Search the network and compare what is there with the inventory; exit code 3 if they differ</source>
+        <translation>搜索网络并与清单比较；有差异时退出码为 3</translation>
+    </message>
+    <message>
+        <source>Write new units and moved addresses to the inventory, after showing them</source>
+        <translation>显示后将新设备和变动的地址写入清单</translation>
+    </message>
+    <message>
+        <source>Save what each unit holds; only documents that change are written</source>
+        <translation>保存每台设备的内容；只写入有变化的文档</translation>
+    </message>
+    <message>
+        <source>The folder of the documents, NAME.yaml for each unit</source>
+        <translation>存放文档的文件夹，每台设备一个 NAME.yaml</translation>
+    </message>
+    <message>
+        <source>Commit the documents that have changed with git</source>
+        <translation>用 git 提交有变化的文档</translation>
+    </message>
+    <message>
+        <source>Compare units with their documents; exit code 3 if some differ</source>
+        <translation>将设备与其文档比较；有不同时退出码为 3</translation>
+    </message>
+    <message>
+        <source>A folder with NAME.yaml for each unit; the wanted documents if it is not given</source>
+        <translation>每台设备有 NAME.yaml 的文件夹；不给出时为所需内容的文档</translation>
+    </message>
+    <message>
+        <source>Set the units&apos; clocks</source>
+        <translation>设置设备的时钟</translation>
+    </message>
+    <message>
+        <source>Paths in the documents</source>
+        <translation>文档中的路径</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no command for a unit</source>
+        <translation>&quot;%1&quot; 不是用于设备的命令</translation>
+    </message>
+    <message>
+        <source>the command gets each unit; leave --unit out</source>
+        <translation>命令会得到每台设备；请去掉 --unit</translation>
+    </message>
+    <message>
+        <source>Run another command for each unit</source>
+        <translation>对每台设备运行另一个命令</translation>
+    </message>
+    <message>
+        <source>&quot;--&quot; and a command without --unit, in which {name} and {document} are the unit&apos;s</source>
+        <translation>&quot;--&quot; 和不带 --unit 的命令，其中 {name} 和 {document} 为设备自己的</translation>
+    </message>
+    <message>
+        <source>So many units are tried first</source>
+        <translation>先试这么多台设备</translation>
+    </message>
+    <message>
+        <source>So many units follow at a time; all of them if not given</source>
+        <translation>之后每批这么多台设备；不给出时为全部</translation>
+    </message>
+    <message>
+        <source>Begin no further unit when more than so many failed; 0 if not given</source>
+        <translation>失败超过这么多台时不再开始其他设备；不给出时为 0</translation>
+    </message>
+    <message>
+        <source>Go on with a run that stopped; what is done is verified and not done again</source>
+        <translation>继续已停止的运行；已完成的只核实，不重做</translation>
+    </message>
+    <message>
+        <source>Write each unit&apos;s document to it, in stages</source>
+        <translation>分阶段将文档写入各台设备</translation>
+    </message>
+    <message>
+        <source>Replace the units&apos; firmware, in stages</source>
+        <translation>分阶段更换设备的固件</translation>
+    </message>
+    <message>
+        <source>Change single values in all documents</source>
+        <translation>更改所有文档中的单个值</translation>
+    </message>
+    <message>
+        <source>Remove single records or values in all documents</source>
+        <translation>移除所有文档中的单个记录或值</translation>
+    </message>
+    <message>
+        <source>%1: there is no such file, so no run to go on with; leave --resume out</source>
+        <translation>%1：没有这个文件，因此没有可继续的运行；请去掉 --resume</translation>
+    </message>
+    <message>
+        <source>%1: the run has the unit %2, and %3 does not; add it again, or begin anew without --resume</source>
+        <translation>%1：该运行中有设备 %2，而 %3 中没有；请重新加入，或不用 --resume 重新开始</translation>
+    </message>
+    <message>
+        <source>planning</source>
+        <translation>计划</translation>
+    </message>
+    <message>
+        <source>%1 is left from a run that stopped, with %2 of %3 units done; it is replaced now, and --resume would go on with it</source>
+        <translation>%1 是已停止的运行留下的，%3 台设备中已完成 %2 台；现在将被替换，用 --resume 可以继续该运行</translation>
+    </message>
+    <message>
+        <source>Change %1 of %2 units</source>
+        <translation>更改 %2 台设备中的 %1 台</translation>
+    </message>
+    <message>
+        <source>Write %1 changes to %2 of %3 units</source>
+        <translation>向 %3 台设备中的 %2 台写入 %1 处更改</translation>
+    </message>
+    <message>
+        <source>, %1 first</source>
+        <translation>，先写 %1 台</translation>
+    </message>
+    <message>
+        <source>, %1 at a time</source>
+        <translation>，每批 %1 台</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unit(s) failed before anything was sent, and --max-failures allows %1: no unit was changed</source>
+        <translation>
+            <numerusform>发送任何内容之前已有 %n 台设备失败，而 --max-failures 允许 %1 台：未更改任何设备</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2
+The state of the run can&apos;t be kept; nothing was sent to any unit.</source>
+        <translation>%1：%2
+无法保存运行的状态；未向任何设备发送内容。</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>the new</source>
+        <translation>新</translation>
+    </message>
+    <message>
+        <source>the old</source>
+        <translation>旧</translation>
+    </message>
+    <message>
+        <source>not known, perhaps some of both</source>
+        <translation>未知，可能部分新部分旧</translation>
+    </message>
+    <message>
+        <source>%1 says how far the run has come; &quot;quadrelctl site %2 --resume&quot; goes on with it, with the same options</source>
+        <translation>%1 记录了运行的进度；用 &quot;quadrelctl site %2 --resume&quot; 和相同的选项继续</translation>
+    </message>
+    <message>
+        <source>--resume goes on with the units of the run; leave --tag, --name and --exclude out</source>
+        <translation>--resume 继续处理该运行的设备；请去掉 --tag、--name 和 --exclude</translation>
+    </message>
+    <message numerus="yes">
+        <source>Run &quot;%1&quot; on %n unit(s)?</source>
+        <translation>
+            <numerusform>对 %n 台设备运行 &quot;%1&quot; 吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>
+No document was changed.</source>
+        <translation>
+未更改任何文档。</translation>
+    </message>
+    <message>
+        <source>the run has upgraded it to version %1, and it has %2 now; begin anew without --resume to upgrade it again</source>
+        <translation>该运行已将其升级到版本 %1，现在却是 %2；要再次升级请不用 --resume 重新开始</translation>
+    </message>
+    <message numerus="yes">
+        <source>the run has written its document, and the unit holds something else now, with %n change(s); begin anew without --resume to write it again</source>
+        <translation>
+            <numerusform>该运行已写入其文档，但设备现在的内容不同，有 %n 处更改；要再次写入请不用 --resume 重新开始</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

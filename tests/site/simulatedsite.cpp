@@ -31,15 +31,12 @@ SimulatedSite::SimulatedSite(int count, const QStringList& simulatorOptions)
 void SimulatedSite::switchOn(const QStringList& simulatorOptions)
 {
     const QString memory = tool.path(QStringLiteral("memory"));
-    QStringList options{QStringLiteral("--sample"), QStringLiteral("--count"),
-        QString::number(m_count), QStringLiteral("--memory"), memory};
-    if (m_addresses.isEmpty()) {
-        QDir().mkpath(memory);
-        options += {QStringLiteral("--port"), QStringLiteral("0")};
-    } else {
-        options += {QStringLiteral("--port"), m_addresses.first().section(QLatin1Char(':'), -1)};
-    }
-    m_simulator = std::make_unique<Simulator>(options + simulatorOptions);
+    QDir().mkpath(memory);
+    const QStringList former = m_addresses;
+    m_simulator = std::make_unique<Simulator>(
+        QStringList{QStringLiteral("--sample"), QStringLiteral("--count"), QString::number(m_count),
+            QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--memory"), memory}
+        + simulatorOptions);
     m_addresses.clear();
     for (int unit = 1; unit <= m_count; ++unit) {
         const QString line = QString::fromUtf8(m_simulator->waitForLine(listening.toUtf8()));
@@ -47,6 +44,11 @@ void SimulatedSite::switchOn(const QStringList& simulatorOptions)
             qFatal("the simulated units do not start: %s", qPrintable(m_simulator->errors()));
         m_addresses.append(QStringLiteral("tcp://") + line.mid(listening.size()));
     }
+    QByteArray text = inventory();
+    for (int unit = 0; unit < former.size(); ++unit)
+        text.replace(former.at(unit).toUtf8() + '\n', m_addresses.at(unit).toUtf8() + '\n');
+    if (!former.isEmpty())
+        writeInventory(text);
 }
 
 QString SimulatedSite::document(int unit) const

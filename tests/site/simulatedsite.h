@@ -36,7 +36,8 @@ public:
     }
     QByteArray inventory() const;
 
-    /** Ends the units' process; started again they have the same addresses and memory. */
+    /** Ends the units' process; started again they have their memory, and the inventory is right.
+     */
     void switchOff() { m_simulator.reset(); }
     void switchOn(const QStringList& simulatorOptions = {});
 

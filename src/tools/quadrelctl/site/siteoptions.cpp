@@ -104,6 +104,21 @@ void addSiteList(CLI::App& site, CommandLine& line)
     list.addExamples({"site list", "site list --tag hall --json"});
 }
 
+void addSiteDiscover(CLI::App& site, CommandLine& line)
+{
+    const Subcommand<SiteDiscoverOptions> discover(site, line, "discover",
+        Tool::tr("Search the network and compare what is there with the inventory; exit code 3 if "
+                 "they differ"),
+        runSiteDiscover);
+    SiteDiscoverOptions& options = *discover.options;
+    addFlag(discover.app, "--add",
+        Tool::tr("Write new units and moved addresses to the inventory, after showing them"),
+        options.add);
+    addWork(discover.app, options);
+    addDryRun(discover.app, options.dryRun);
+    discover.addExamples({"site discover", "site discover --add", "site discover --timeout 10000"});
+}
+
 void addSiteStatus(CLI::App& site, CommandLine& line)
 {
     const Subcommand<SiteOptions> status(site, line, "status",
@@ -181,9 +196,9 @@ void takeCommand(const CLI::App& app, SiteRunOptions& options)
         return command->get_name() == name && command->get_option_no_throw("--unit");
     });
     if (commands.empty())
-        throw CLI::ValidationError(
+        throw CLI::ParseError(
             Tool::tr("\"%1\" is no command for a unit").arg(options.command.first()).toStdString(),
-            "");
+            CLI::ExitCodes::ValidationError);
     const auto takes = [&commands](const char* option) {
         return commands.front()->get_option_no_throw(option) != nullptr;
     };
@@ -191,8 +206,9 @@ void takeCommand(const CLI::App& app, SiteRunOptions& options)
         return options.command.contains(QLatin1String(option));
     };
     if (isGiven("--unit"))
-        throw CLI::ValidationError(
-            Tool::tr("the command gets each unit; leave --unit out").toStdString(), "");
+        throw CLI::ParseError(
+            Tool::tr("the command gets each unit; leave --unit out").toStdString(),
+            CLI::ExitCodes::ValidationError);
     options.commandTakesJson = takes("--json") && !isGiven("--json");
     const bool onlyLooks = name == "clock" && !isGiven("--set");
     options.commandChanges = takes("--dry-run") && !isGiven("--dry-run") && !onlyLooks;
@@ -274,6 +290,7 @@ void addSite(CLI::App& app, CommandLine& line)
     addSiteAdd(*site, line);
     addSiteRemove(*site, line);
     addSiteList(*site, line);
+    addSiteDiscover(*site, line);
     addSiteStatus(*site, line);
     addSiteBackup(*site, line);
     addSiteDiff(*site, line);

@@ -106,17 +106,6 @@ QJsonObject toJson(const UnitReport& report)
     return object;
 }
 
-/** Each reason with all units that have it, but for the unit's own address in it. */
-void noteFailures(const UnitReports& reports)
-{
-    for (const UnitReport& report : reports) {
-        if (report.outcome != UnitOutcome::Failed)
-            continue;
-        QStringList lines = report.failure.split(QLatin1Char('\n'));
-        Console::note(report.name + QStringLiteral(": ") + lines.join(QStringLiteral("\n    ")));
-    }
-}
-
 bool hasAny(const UnitReports& reports, UnitOutcome outcome)
 {
     return std::any_of(reports.begin(), reports.end(),
@@ -133,6 +122,16 @@ QString textOf(const UnitReport& report)
 }
 
 } // namespace
+
+void noteFailures(const UnitReports& reports)
+{
+    for (const UnitReport& report : reports) {
+        if (report.outcome != UnitOutcome::Failed)
+            continue;
+        const QStringList lines = report.failure.split(QLatin1Char('\n'));
+        Console::note(report.name + QStringLiteral(": ") + lines.join(QStringLiteral("\n    ")));
+    }
+}
 
 QString endLine(const UnitReport& report)
 {

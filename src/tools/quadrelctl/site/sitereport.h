@@ -15,6 +15,9 @@
 /** "hall-1: written, 3 changes" or "hall-2: failed: REASON". */
 QString endLine(const QuadrelWorkspace::UnitReport& report);
 
+/** Why units failed, on stderr. */
+void noteFailures(const QuadrelWorkspace::UnitReports& reports);
+
 /** `units` and `outcomes`, with what each worker printed in `result`. */
 QJsonObject reportsToJson(const QuadrelWorkspace::UnitReports& reports);
 

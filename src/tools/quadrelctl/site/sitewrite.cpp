@@ -25,8 +25,8 @@ QString changeSince(const UnitReport& plan, const UnitRunState&)
 {
     return plan.changes == 0
         ? QString()
-        : Tool::tr("the run has written its document, and %n record(s) differ from it now; begin "
-                   "anew without --resume to write it again",
+        : Tool::tr("the run has written its document, and the unit holds something else now, with "
+                   "%n change(s); begin anew without --resume to write it again",
             nullptr, plan.changes);
 }
 
