@@ -92,8 +92,8 @@ void TestRunState::leavesOutWhatIsNotKnown()
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("run.yaml"));
     QCOMPARE(saveRunState(path, RunState()), QString());
-    QCOMPARE(QString::fromUtf8(contentsOf(path)),
-        QStringLiteral("format: quadrel-run/1\nunits: []\n"));
+    QCOMPARE(
+        QString::fromUtf8(contentsOf(path)), QStringLiteral("format: quadrel-run/1\nunits: []\n"));
     const LoadedRunState loaded = loadRunState(path);
     QCOMPARE(loaded.errors, QStringList());
     QCOMPARE(loaded.state.command, QString());
