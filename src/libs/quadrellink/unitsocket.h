@@ -31,8 +31,8 @@ std::vector<Endpoint> findEndpoints(const UnitAddress& address, const Deadline& 
     const WakeSignal& cancel, std::error_code& error);
 
 /**
- * A connected socket. Shared between the thread that sends and the one that receives, and closed
- * with its last owner, so that neither can ever use a descriptor that has become another's.
+ * A connected socket. Shared, and closed with its last owner, so that nobody can ever use a
+ * descriptor that has become another's.
  */
 class UnitSocket {
 public:
