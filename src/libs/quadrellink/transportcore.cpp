@@ -97,7 +97,7 @@ void TransportCore::sendFrame(const QByteArray& frame)
 {
     const LinkLock lock(m_mutex);
     beginExchange(frame);
-    while (m_unsentFrom >= 0)
+    while (m_isUnsent)
         goOn();
 }
 
@@ -117,7 +117,7 @@ void TransportCore::beginExchange(const QByteArray& frame)
     m_sentAt = Clock::now();
     m_triesLeft = m_exchange.mayRepeat() ? m_retries : 0;
     m_timesSent = 1;
-    m_unsentFrom = 0;
+    m_isUnsent = true;
     if (m_log)
         m_log->add(m_unit, FrameLog::Sent, frame);
 }
@@ -184,18 +184,17 @@ void TransportCore::goOn(const Deadline& limit)
         fail(cancelled());
     else if (isAwaited() && m_deadline.isOver())
         runOutOfTime();
-    else if (isAwaited() && m_unsentFrom >= 0)
+    else if (isAwaited() && m_isUnsent)
         transmit();
     else
         awaitInput(limit);
 }
 
-/** Connects if there is no connection, and sends what is not out of the frame. */
+/** Connects if there is no connection, and sends the frame. */
 void TransportCore::transmit()
 {
     const Exchange exchange = m_exchange;
     const Deadline deadline = m_deadline;
-    const int sent = m_unsentFrom;
     std::shared_ptr<UnitSocket> socket = m_socket;
     const bool isNew = !socket;
     std::error_code error;
@@ -204,7 +203,7 @@ void TransportCore::transmit()
     if (isNew)
         socket = m_connector.connectNext(deadline, m_cancel, error);
     if (socket)
-        error = socket->send(exchange.frame(), sent, deadline, m_cancel);
+        error = socket->send(exchange.frame(), deadline, m_cancel);
     m_mutex.lock();
 
     if (isNew) {
@@ -212,7 +211,8 @@ void TransportCore::transmit()
         m_reader = ReplyReader();
         m_isHeard = false;
     }
-    m_unsentFrom = -1;
+    m_isUnsent = false;
+    // Half a frame would make the next one unreadable.
     if (error)
         loseConnection(failureOf(error));
     else
@@ -312,7 +312,7 @@ void TransportCore::loseConnection(const LinkFailure& failure)
     m_mishap = failure;
     // A refused datagram has reached no unit.
     if (isNextAddressFree)
-        m_unsentFrom = 0;
+        m_isUnsent = true;
     else if (!wasConnected || isRefused || !sendAgain())
         fail(failure);
 }
@@ -333,7 +333,7 @@ bool TransportCore::sendAgain()
     // A stream would only carry it to where the first one is stuck.
     if (m_socket && (!m_socket->isDatagram() || (!m_isHeard && m_connector.hasMore())))
         dropSocket();
-    m_unsentFrom = 0;
+    m_isUnsent = true;
     m_deadline = Deadline(m_timeout);
     if (m_log)
         m_log->add(m_unit, FrameLog::Sent, m_exchange.frame());
@@ -348,15 +348,12 @@ bool TransportCore::isAwaited() const
 void TransportCore::fail(const LinkFailure& failure)
 {
     m_lastFailure = failure;
-    // Half a frame makes the next one unreadable.
-    if (m_unsentFrom > 0)
-        dropSocket();
     settle({QByteArray(), failure.text});
 }
 
 void TransportCore::settle(const Outcome& outcome)
 {
-    m_unsentFrom = -1;
+    m_isUnsent = false;
     if (m_phase == Phase::Awaiting)
         m_outcome = outcome;
     m_phase = m_phase == Phase::Awaiting ? Phase::Settled : Phase::Idle;

@@ -128,8 +128,8 @@ private:
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
     int m_timesSent LINK_GUARDED_BY(m_mutex) = 0;
-    /** How much of the frame is out; negative while none of it waits to go out. */
-    int m_unsentFrom LINK_GUARDED_BY(m_mutex) = -1;
+    /** The frame is still to go out, or to go out again. */
+    bool m_isUnsent LINK_GUARDED_BY(m_mutex) = false;
     LinkFailure m_lastFailure LINK_GUARDED_BY(m_mutex);
     /** What came instead of a reply, in this exchange. */
     LinkFailure m_mishap LINK_GUARDED_BY(m_mutex);
