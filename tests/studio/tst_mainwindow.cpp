@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
+#include "failonwarnings.h"
 #include "mainwindow/mainwindow.h"
 #include "models/sectionmodel.h"
 #include "pages/tablepage.h"
 #include "samplecontents.h"
-#include "studiotest.h"
 #include "units/unitpage.h"
 #include "views/recordview.h"
 #include "workspace/unitworkspace.h"
@@ -54,10 +54,11 @@ struct SampleWindow {
 
 } // namespace
 
-class TestMainWindow : public StudioTest {
+class TestMainWindow : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { failOnWarnings(); }
     void opensEmpty();
     void opensFiles();
     void showsAnOpenFileAgain();
@@ -196,5 +197,5 @@ void TestMainWindow::goesToFindings()
         sample.page->table(Section::Events).model().columnOf(QStringLiteral("description")));
 }
 
-STUDIO_TEST_MAIN(TestMainWindow)
+QTEST_MAIN(TestMainWindow)
 #include "tst_mainwindow.moc"

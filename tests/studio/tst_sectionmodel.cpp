@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
+#include "failonwarnings.h"
 #include "models/sectionmodel.h"
 #include "samplecontents.h"
-#include "studiotest.h"
 #include "threadedunit.h"
 #include "workspace/unitworkspace.h"
 
@@ -66,10 +66,11 @@ QVector<int> eventIds(const Contents& contents)
 
 } // namespace
 
-class TestSectionModel : public StudioTest {
+class TestSectionModel : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { failOnWarnings(); }
     void showsCells_data();
     void showsCells();
     void editsCells_data();
@@ -502,5 +503,5 @@ void TestSectionModel::walksBackToTheStart()
     QVERIFY(tables.contents() == end);
 }
 
-STUDIO_TEST_MAIN(TestSectionModel)
+QTEST_MAIN(TestSectionModel)
 #include "tst_sectionmodel.moc"

@@ -3,10 +3,12 @@
 
 #include "cellvalues.h"
 
+#include "editors/unitdates.h"
+#include "editors/weekdays.h"
+
 #include <unitcontents.h>
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QLocale>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
 
@@ -18,45 +20,26 @@ class Cells {
     Q_DECLARE_TR_FUNCTIONS(Cells)
 };
 
-/** A value of a kind with few of them, and its words. */
-struct Choice {
-    int value;
-    QString word;
-    QString shown;
-};
-
 /** "A-1" to "D-4". */
 QString lineName(int line)
 {
     return lineLabel(TriggerKind::Io, line).section(QLatin1Char(' '), 1);
 }
 
-QVector<Choice> lineChoices()
-{
-    QVector<Choice> choices;
-    for (int line = 0; line < triggerLineCount; ++line)
-        choices.append({line, lineName(line), lineName(line)});
-    return choices;
-}
-
-QVector<Choice> choicesOf(CellKind kind)
+/** The word for the value in documents; empty for values that are no words. */
+QString wordOf(CellKind kind, int value)
 {
     switch (kind) {
     case CellKind::Kind:
-        return {{int(TriggerKind::Com), kindWord(TriggerKind::Com), Cells::tr("Serial")},
-            {int(TriggerKind::ComModbus), kindWord(TriggerKind::ComModbus), Cells::tr("Modbus")},
-            {int(TriggerKind::Io), kindWord(TriggerKind::Io), Cells::tr("IO")}};
+        return kindWord(static_cast<TriggerKind>(value));
     case CellKind::Line:
-        return lineChoices();
+        return lineName(value);
     case CellKind::Level:
-        return {{int(Level::Low), levelWord(Level::Low), Cells::tr("Low")},
-            {int(Level::High), levelWord(Level::High), Cells::tr("High")}};
+        return levelWord(static_cast<Level>(value));
     case CellKind::Repeat:
-        return {{int(Repeat::EveryDay), repeatWord(Repeat::EveryDay), Cells::tr("Every day")},
-            {int(Repeat::Weekly), repeatWord(Repeat::Weekly), Cells::tr("Weekly")},
-            {int(Repeat::Once), repeatWord(Repeat::Once), Cells::tr("Once")}};
+        return repeatWord(static_cast<Repeat>(value));
     default:
-        return {};
+        return QString();
     }
 }
 
@@ -100,7 +83,7 @@ bool readChoice(CellKind kind, const QString& text, QVariant& value)
 {
     const QString wanted = text.section(QLatin1Char(' '), -1);
     for (const Choice& choice : choicesOf(kind)) {
-        if (choice.word.compare(wanted, Qt::CaseInsensitive) == 0) {
+        if (wordOf(kind, choice.value.toInt()).compare(wanted, Qt::CaseInsensitive) == 0) {
             value = choice.value;
             return true;
         }
@@ -118,13 +101,15 @@ QString dayNames(const QVector<int>& weekdays)
 {
     QStringList names;
     for (const int weekday : weekdays)
-        names.append(weekdayName(weekday));
+        names.append(Weekdays::isDay(weekday)
+                ? Weekdays::shortName(Weekdays::dayOf(weekday, firstWeekday()))
+                : QString::number(weekday));
     return names.join(QLatin1Char(' '));
 }
 
 QString shownDate(const QString& text)
 {
-    const QDate date = dateOf(text);
+    const QDate date = UnitDates::dateOf(text);
     return date.isValid() ? date.toString(Qt::ISODate) : text;
 }
 
@@ -135,28 +120,44 @@ QString shownBytes(const QByteArray& bytes)
                                      : hexText(bytes.left(mostBytes)) + QStringLiteral(" …");
 }
 
-QString shownParity(int inspection)
-{
-    constexpr int none = 2;
-    return inspection == none ? Cells::tr("None") : QString::number(inspection);
-}
-
-Qt::DayOfWeek firstWeekday = Qt::Monday;
+Qt::DayOfWeek weekdayOfOne = Qt::Monday;
 
 } // namespace
 
-void setFirstWeekday(Qt::DayOfWeek day)
+QVector<Choice> choicesOf(CellKind kind)
 {
-    firstWeekday = day;
+    switch (kind) {
+    case CellKind::BaudRate:
+        return Choices::baudRates();
+    case CellKind::DataBits:
+        return Choices::dataBits();
+    case CellKind::StopBits:
+        return Choices::stopBits();
+    case CellKind::Inspection:
+        return Choices::inspections();
+    case CellKind::LineType:
+        return Choices::ioTypes();
+    case CellKind::Kind:
+        return Choices::kinds();
+    case CellKind::Line:
+        return Choices::lines(TriggerKind::Com);
+    case CellKind::Level:
+        return Choices::levels();
+    case CellKind::Repeat:
+        return Choices::repeats();
+    default:
+        return {};
+    }
 }
 
-QString weekdayName(int weekday)
+Qt::DayOfWeek firstWeekday()
 {
-    constexpr int days = 7;
-    if (weekday < 1 || weekday > days)
-        return QString::number(weekday);
-    const int day = (weekday - 1 + firstWeekday - 1) % days + 1;
-    return QLocale().standaloneDayName(day, QLocale::ShortFormat);
+    return weekdayOfOne;
+}
+
+void setFirstWeekday(Qt::DayOfWeek day)
+{
+    weekdayOfOne = day;
 }
 
 QString cellText(CellKind kind, const QVariant& value)
@@ -172,13 +173,8 @@ QString cellText(CellKind kind, const QVariant& value)
     case CellKind::Kind:
     case CellKind::Line:
     case CellKind::Level:
-    case CellKind::Repeat: {
-        for (const Choice& choice : choicesOf(kind)) {
-            if (choice.value == value.toInt())
-                return choice.word;
-        }
-        return value.toString();
-    }
+    case CellKind::Repeat:
+        return wordOf(kind, value.toInt());
     default:
         return value.toString();
     }
@@ -232,8 +228,8 @@ QString shownCell(CellKind kind, const QVariant& value)
     if (!value.isValid())
         return kind == CellKind::MaybeDate ? Cells::tr("For ever") : QString();
     for (const Choice& choice : choicesOf(kind)) {
-        if (choice.value == value.toInt())
-            return choice.shown;
+        if (choice.value == value)
+            return choice.text;
     }
     switch (kind) {
     case CellKind::Bytes:
@@ -245,24 +241,7 @@ QString shownCell(CellKind kind, const QVariant& value)
         return shownDate(value.toString());
     case CellKind::Weekdays:
         return dayNames(value.value<QVector<int>>());
-    case CellKind::Inspection:
-        return shownParity(value.toInt());
     default:
         return cellText(kind, value);
     }
-}
-
-QDate dateOf(const QString& text)
-{
-    static const QRegularExpression form(QStringLiteral("^20(\\d{1,2})/(\\d{1,2})/(\\d{1,2})$"));
-    const QRegularExpressionMatch match = form.match(text);
-    constexpr int century = 2000;
-    const auto number = [&match](int group) { return match.captured(group).toInt(); };
-    return match.hasMatch() ? QDate(century + number(1), number(2), number(3)) : QDate();
-}
-
-QString dateText(const QDate& date)
-{
-    const QString text = date.toString(QStringLiteral("yyyy/MM/dd"));
-    return normalDate(text).value_or(text);
 }

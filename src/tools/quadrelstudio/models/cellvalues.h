@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include <QtCore/QDate>
+#include "editors/choices.h"
+
 #include <QtCore/QMetaType>
 #include <QtCore/QString>
 #include <QtCore/QVariant>
@@ -45,12 +46,9 @@ bool readCell(CellKind kind, const QString& text, QVariant& value);
 /** The value for people. */
 QString shownCell(CellKind kind, const QVariant& value);
 
-/** The day that the first of a unit's weekdays is shown as; Monday until it is set. */
-void setFirstWeekday(Qt::DayOfWeek day);
-/** The short name of a unit's weekday, 1 to 7; of another number the number. */
-QString weekdayName(int weekday);
+/** What there is to choose for the kind; none for values of many kinds. */
+QVector<Choice> choicesOf(CellKind kind);
 
-/** The day of a unit's date, in which the year 2006 may be "206"; invalid if there is none. */
-QDate dateOf(const QString& text);
-/** As a unit reports it. */
-QString dateText(const QDate& date);
+/** The day that the first of a unit's weekdays is shown as; Monday until it is set. */
+Qt::DayOfWeek firstWeekday();
+void setFirstWeekday(Qt::DayOfWeek day);

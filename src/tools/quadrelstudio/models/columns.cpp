@@ -3,6 +3,9 @@
 
 #include "columns.h"
 
+#include "editors/eventnames.h"
+#include "workspace/recordlists.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 
@@ -25,17 +28,10 @@ std::optional<QString> textOf(const QVariant& value)
 /** What the events are called, in the order in which they run. */
 QString eventNames(const Ids& ids, const Contents& contents)
 {
-    const QVector<Event> events = contents.events.value_or(QVector<Event>());
+    const EventNames events(recordsOf<Event>(contents));
     QStringList names;
-    for (const int id : ids) {
-        const auto event = std::find_if(
-            events.begin(), events.end(), [id](const Event& event) { return event.id == id; });
-        const QString name = event == events.end() ? QStringLiteral("?")
-            : event->name                          ? *event->name
-                                                   : event->description;
-        names.append(
-            name.isEmpty() ? QString::number(id) : QStringLiteral("%1 %2").arg(id).arg(name));
-    }
+    for (const int id : ids)
+        names.append(events.title(id));
     return names.join(QStringLiteral(", "));
 }
 
@@ -57,6 +53,23 @@ void keepOneDay(TimeTrigger& trigger)
     if (trigger.repeat == Repeat::Once)
         trigger.endDate = trigger.startDate;
 }
+
+/** The column with what its editor has to know. */
+template <class Record, class Refine> Column<Record> edited(Column<Record> column, Refine refine)
+{
+    column.refine = refine;
+    return column;
+}
+
+/** A text that shares its room on the unit with no other. */
+template <class Record> Column<Record> limited(Column<Record> column, int limit)
+{
+    return edited(std::move(column),
+        [limit](EditorRequest& request, const Record&) { request.limit = limit; });
+}
+
+/** Description and name share a room, with two units between them if there is a name. */
+constexpr int separatorUnits = 2;
 
 bool isSerial(const Trigger& trigger)
 {
@@ -121,12 +134,24 @@ template <> const QVector<Column<Event>>& columnsOf()
         {"id", QT_TRANSLATE_NOOP("Columns", "Id"), CellKind::Number,
             [](const Event& event, int) { return event.id; },
             [](Event& event, const QVariant& value) { event.id = value.toInt(); }},
-        {"name", QT_TRANSLATE_NOOP("Columns", "Name"), CellKind::MaybeText,
-            [](const Event& event, int) { return variantOf(event.name); },
-            [](Event& event, const QVariant& value) { event.name = textOf(value); }},
-        {"description", QT_TRANSLATE_NOOP("Columns", "Description"), CellKind::Text,
-            [](const Event& event, int) { return event.description; },
-            [](Event& event, const QVariant& value) { event.description = value.toString(); }},
+        edited(Column<Event>{"name", QT_TRANSLATE_NOOP("Columns", "Name"), CellKind::MaybeText,
+                   [](const Event& event, int) { return variantOf(event.name); },
+                   [](Event& event, const QVariant& value) {
+                       const QString name = value.toString();
+                       event.name = name.isEmpty() ? std::nullopt : std::optional(name);
+                   }},
+            [](EditorRequest& request, const Event& event) {
+                request.limit = Limit::eventText;
+                request.alsoUsed = event.description.size() + separatorUnits;
+            }),
+        edited(
+            Column<Event>{"description", QT_TRANSLATE_NOOP("Columns", "Description"),
+                CellKind::Text, [](const Event& event, int) { return event.description; },
+                [](Event& event, const QVariant& value) { event.description = value.toString(); }},
+            [](EditorRequest& request, const Event& event) {
+                request.limit = Limit::eventText;
+                request.alsoUsed = event.name ? event.name->size() + separatorUnits : 0;
+            }),
         {"delay", QT_TRANSLATE_NOOP("Columns", "Delay"), CellKind::Delay,
             [](const Event& event, int) { return variantOf(event.delay); },
             [](Event& event, const QVariant& value) {
@@ -134,10 +159,12 @@ template <> const QVector<Column<Event>>& columnsOf()
                 if (event.delay)
                     event.command.clear();
             }},
-        {"protocol", QT_TRANSLATE_NOOP("Columns", "Command"), CellKind::Bytes,
-            [](const Event& event, int) { return event.command; },
-            [](Event& event, const QVariant& value) { event.command = value.toByteArray(); }, {},
-            [](const Event& event) { return !event.delay; }},
+        limited(
+            Column<Event>{"protocol", QT_TRANSLATE_NOOP("Columns", "Command"), CellKind::Bytes,
+                [](const Event& event, int) { return event.command; },
+                [](Event& event, const QVariant& value) { event.command = value.toByteArray(); },
+                {}, [](const Event& event) { return !event.delay; }},
+            Limit::commandBytes),
     };
     return columns;
 }
@@ -148,31 +175,37 @@ template <> const QVector<Column<Trigger>>& columnsOf()
         {"id", QT_TRANSLATE_NOOP("Columns", "Id"), CellKind::Number,
             [](const Trigger& trigger, int) { return trigger.id; },
             [](Trigger& trigger, const QVariant& value) { trigger.id = value.toInt(); }},
-        {"description", QT_TRANSLATE_NOOP("Columns", "Description"), CellKind::Text,
-            [](const Trigger& trigger, int) { return trigger.description; },
-            [](Trigger& trigger, const QVariant& value) {
-                trigger.description = value.toString();
-            }},
+        limited(Column<Trigger>{"description", QT_TRANSLATE_NOOP("Columns", "Description"),
+                    CellKind::Text, [](const Trigger& trigger, int) { return trigger.description; },
+                    [](Trigger& trigger, const QVariant& value) {
+                        trigger.description = value.toString();
+                    }},
+            Limit::triggerDescription),
         {"kind", QT_TRANSLATE_NOOP("Columns", "Kind"), CellKind::Kind,
             [](const Trigger& trigger, int) { return int(trigger.kind); },
             [](Trigger& trigger, const QVariant& value) {
                 setKind(trigger, static_cast<TriggerKind>(value.toInt()));
             }},
-        {"line", QT_TRANSLATE_NOOP("Columns", "Line"), CellKind::Line,
-            [](const Trigger& trigger, int) {
-                return trigger.line == unknownLine ? QVariant() : QVariant(trigger.line);
-            },
-            [](Trigger& trigger, const QVariant& value) {
-                trigger.line = value.isValid() ? value.toInt() : unknownLine;
-            },
-            [](const Trigger& trigger, const Contents&) {
-                return lineLabel(trigger.kind, trigger.line);
-            }},
-        {"parameter", QT_TRANSLATE_NOOP("Columns", "Waits for"), CellKind::Bytes,
-            [](const Trigger& trigger, int) { return awaitedBy(trigger); }, setAwaited, {}, {},
-            [](const Trigger& trigger) {
-                return isSerial(trigger) ? CellKind::Bytes : CellKind::Level;
-            }},
+        edited(Column<Trigger>{"line", QT_TRANSLATE_NOOP("Columns", "Line"), CellKind::Line,
+                   [](const Trigger& trigger, int) {
+                       return trigger.line == unknownLine ? QVariant() : QVariant(trigger.line);
+                   },
+                   [](Trigger& trigger, const QVariant& value) {
+                       trigger.line = value.isValid() ? value.toInt() : unknownLine;
+                   },
+                   [](const Trigger& trigger, const Contents&) {
+                       return lineLabel(trigger.kind, trigger.line);
+                   }},
+            [](EditorRequest& request, const Trigger& trigger) {
+                request.choices = Choices::lines(trigger.kind);
+            }),
+        limited(
+            Column<Trigger>{"parameter", QT_TRANSLATE_NOOP("Columns", "Waits for"), CellKind::Bytes,
+                [](const Trigger& trigger, int) { return awaitedBy(trigger); }, setAwaited, {}, {},
+                [](const Trigger& trigger) {
+                    return isSerial(trigger) ? CellKind::Bytes : CellKind::Level;
+                }},
+            Limit::parameterBytes),
         {"eventIds", QT_TRANSLATE_NOOP("Columns", "Events"), CellKind::EventIds,
             [](const Trigger& trigger, int) { return QVariant::fromValue(trigger.eventIds); },
             [](Trigger& trigger, const QVariant& value) { trigger.eventIds = value.value<Ids>(); },
@@ -190,9 +223,11 @@ template <> const QVector<Column<TimeTrigger>>& columnsOf()
         {"id", QT_TRANSLATE_NOOP("Columns", "Id"), CellKind::Number,
             [](const T& trigger, int) { return trigger.id; },
             [](T& trigger, const QVariant& value) { trigger.id = value.toInt(); }},
-        {"description", QT_TRANSLATE_NOOP("Columns", "Description"), CellKind::Text,
-            [](const T& trigger, int) { return trigger.description; },
-            [](T& trigger, const QVariant& value) { trigger.description = value.toString(); }},
+        limited(
+            Column<T>{"description", QT_TRANSLATE_NOOP("Columns", "Description"), CellKind::Text,
+                [](const T& trigger, int) { return trigger.description; },
+                [](T& trigger, const QVariant& value) { trigger.description = value.toString(); }},
+            Limit::triggerDescription),
         {"time", QT_TRANSLATE_NOOP("Columns", "Time"), CellKind::Time,
             [](const T& trigger, int) { return trigger.time; },
             [](T& trigger, const QVariant& value) { trigger.time = value.toString(); }},

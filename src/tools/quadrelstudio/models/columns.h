@@ -4,6 +4,7 @@
 #pragma once
 
 #include "cellvalues.h"
+#include "editors/editorrequest.h"
 
 #include <unitcontents.h>
 
@@ -29,6 +30,9 @@ template <class Record> struct Column {
     std::function<bool(const Record& record)> applies = {};
     /** The kind where it depends on the record; none: `kind`. */
     std::function<CellKind(const Record& record)> kindOf = {};
+
+    /** What the editor has to know of the record; none: nothing. */
+    std::function<void(EditorRequest& request, const Record& record)> refine = {};
 
     CellKind kindFor(const Record& record) const { return kindOf ? kindOf(record) : kind; }
 };

@@ -3,7 +3,7 @@
 
 #include "newrecords.h"
 
-#include "cellvalues.h"
+#include "editors/unitdates.h"
 #include "workspace/recordlists.h"
 
 #include <QtCore/QSet>
@@ -46,7 +46,7 @@ void setUsualValues(Event&) { }
 void setUsualValues(Trigger&) { }
 void setUsualValues(TimeTrigger& trigger)
 {
-    trigger.startDate = dateText(QDate::currentDate());
+    trigger.startDate = UnitDates::textOf(QDate::currentDate());
     trigger.time = QStringLiteral("08:00");
 }
 

@@ -3,6 +3,7 @@
 
 #include "recordmodel.h"
 
+#include "cellrequests.h"
 #include "newrecords.h"
 #include "rowstext.h"
 
@@ -46,6 +47,14 @@ template <class Record> bool RecordModel<Record>::isEditable(int row, int column
 {
     const Column<Record>& edited = columnOf(column);
     return edited.set && (!edited.applies || edited.applies(record(row)));
+}
+
+template <class Record> EditorRequest RecordModel<Record>::editorRequest(int row, int column) const
+{
+    EditorRequest request = requestOf(kind(row, column), workspace().contents());
+    if (columnOf(column).refine)
+        columnOf(column).refine(request, record(row));
+    return request;
 }
 
 template <class Record> void RecordModel<Record>::addRow(int row)

@@ -41,6 +41,7 @@ protected:
     }
     QString shown(int row, int column) const override;
     bool isEditable(int row, int column) const override;
+    EditorRequest editorRequest(int row, int column) const override;
 
 private:
     using SectionModel::columnOf;

@@ -220,6 +220,8 @@ QVariant SectionModel::data(const QModelIndex& index, int role) const
             texts.append(finding->text);
         return texts.isEmpty() ? QVariant() : QVariant(texts.join(QLatin1Char('\n')));
     }
+    case EditorRequest::role:
+        return QVariant::fromValue(editorRequest(row, column));
     case KindRole:
         return QVariant::fromValue(kind(row, column));
     case SortRole:

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "cellvalues.h"
+#include "editors/editorrequest.h"
 
 #include <finding.h>
 
@@ -87,6 +88,7 @@ protected:
     virtual QVariant value(int row, int column) const = 0;
     virtual QString shown(int row, int column) const = 0;
     virtual bool isEditable(int row, int column) const = 0;
+    virtual EditorRequest editorRequest(int row, int column) const = 0;
 
 private:
     bool resets(const ContentsChange& change) const;

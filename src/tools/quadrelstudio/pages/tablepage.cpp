@@ -3,9 +3,9 @@
 
 #include "tablepage.h"
 
+#include "editors/celldelegate.h"
 #include "models/sectionmodel.h"
 #include "sectiontexts.h"
-#include "views/celldelegate.h"
 #include "views/recordview.h"
 
 #include <QtCore/QEvent>
@@ -40,7 +40,10 @@ TablePage::TablePage(UnitWorkspace& workspace, Section section, QWidget* parent)
     m_proxy->setFilterCaseSensitivity(Qt::CaseInsensitive);
 
     m_view->setModel(m_proxy);
-    m_view->setItemDelegate(new CellDelegate(m_view));
+    auto* delegate = new CellDelegate(m_view);
+    connect(delegate, &CellDelegate::draftKept, this,
+        [this](const QModelIndex&, const QString& why) { showMessage(why); });
+    m_view->setItemDelegate(delegate);
     m_view->setDragDropMode(QAbstractItemView::DragDrop);
     m_view->setDefaultDropAction(Qt::MoveAction);
     m_view->setDragDropOverwriteMode(false);
@@ -198,10 +201,15 @@ void TablePage::pasteRows()
     const int before = m_model->rowCount();
     const int row = rows.isEmpty() ? before : rows.last() + 1;
     const QString error = m_model->insertText(row, QApplication::clipboard()->text());
-    m_message->setText(error);
-    m_message->setVisible(!error.isEmpty());
+    showMessage(error);
     if (error.isEmpty())
         selectRows(row, m_model->rowCount() - before);
+}
+
+void TablePage::showMessage(const QString& text)
+{
+    m_message->setText(text);
+    m_message->setVisible(!text.isEmpty());
 }
 
 /** By a column, then downwards, then in the order of the document again. */

@@ -51,6 +51,7 @@ private:
     void moveDown() { moveRows(1); }
     QList<int> selectedRows() const;
     void selectRows(int first, int count);
+    void showMessage(const QString& text);
     void sortBy(int column);
     void updateActions();
     void retranslate();
