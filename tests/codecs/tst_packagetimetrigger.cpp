@@ -65,15 +65,8 @@ bool parse(const QByteArray& frame, TriggerTimeModel& model, QString& error)
         triggerDataType, frame, slotSize, model, error);
 }
 
-TriggerTimeInfo parsed(const QByteArray& block)
-{
-    return TriggerChecks::parsed<TriggerTimeModel>(block, parse);
-}
-
-QString faultOf(const QByteArray& block)
-{
-    return TriggerChecks::faultOf<TriggerTimeModel>(block, parse);
-}
+const auto parsed = TriggerChecks::readerOf<TriggerTimeModel>(parse);
+const auto faultOf = TriggerChecks::faultFinderOf<TriggerTimeModel>(parse);
 
 } // namespace
 

@@ -49,15 +49,8 @@ bool parse(const QByteArray& frame, TriggerModel& model, QString& error)
     return PackageTrigger::parseTriggerPackage(triggerDataType, frame, slotSize, model, error);
 }
 
-TriggerInfo parsed(const QByteArray& block)
-{
-    return TriggerChecks::parsed<TriggerModel>(block, parse);
-}
-
-QString faultOf(const QByteArray& block)
-{
-    return TriggerChecks::faultOf<TriggerModel>(block, parse);
-}
+const auto parsed = TriggerChecks::readerOf<TriggerModel>(parse);
+const auto faultOf = TriggerChecks::faultFinderOf<TriggerModel>(parse);
 
 } // namespace
 
