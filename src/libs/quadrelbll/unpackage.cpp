@@ -319,7 +319,7 @@ void UnPackage::sendWrite(unsigned int address, const QByteArray& data)
 
 bool UnPackage::readDeviceParameter(QString& error)
 {
-    if (!readBlock(deviceAddress, m_deviceLength, tr("回读设备信息"), error)
+    if (!readBlock(deviceAddress, bytesOf(1, m_deviceLength), tr("回读设备信息"), error)
         || !PackageDevice::parseDevicePackage(
             deviceAddress, m_recvPackage, static_cast<uint>(m_deviceLength), m_deviceModel, error))
         return false;
@@ -415,7 +415,7 @@ bool UnPackage::readTable(const RecordTable& table, int& count,
     bool (*parseCount)(uint, QByteArray, Length, int&, QString&),
     bool (*parseRecord)(uint, QByteArray, Length, Model&, QString&), Model& model, QString& error)
 {
-    if (!readBlock(table.countAddress, table.countLength, table.label, error)
+    if (!readBlock(table.countAddress, bytesOf(1, table.countLength), table.label, error)
         || !parseCount(table.countAddress, m_recvPackage, static_cast<Length>(table.countLength),
             count, error))
         return false;
@@ -425,7 +425,7 @@ bool UnPackage::readTable(const RecordTable& table, int& count,
     const auto length = static_cast<Length>(table.recordLength);
     for (int n = 0; n < count; ++n) {
         const unsigned int address = table.countAddress + 1 + bytesOf(n, table.recordLength);
-        if (!readBlock(address, table.recordLength, table.label, error)
+        if (!readBlock(address, bytesOf(1, table.recordLength), table.label, error)
             || !parseRecord(address, m_recvPackage, length, model, error))
             return false;
     }
@@ -525,7 +525,7 @@ bool UnPackage::readData(QString& error)
 
 bool UnPackage::backwordread(QString& error)
 {
-    if (!readBlock(clockAddress, m_clockLength, tr("校时回读"), error))
+    if (!readBlock(clockAddress, bytesOf(1, m_clockLength), tr("校时回读"), error))
         return false;
     const QByteArray reply = m_recvPackage;
     if (reply.size() < ReplyFrame::payloadOffset + m_clockLength) {

@@ -45,7 +45,7 @@ struct DocumentNode {
     static DocumentNode mapping();
 
     /** Appends to a mapping. */
-    void add(const QString& key, DocumentNode value);
+    void add(const QString& key, DocumentNode node);
     /** The first member with the key, or null. */
     const Member* member(const QString& key) const;
     /** Whether there is nothing at all, as after "key:". */

@@ -30,10 +30,10 @@ struct Record {
     Position position;
     QVector<Value> values;
 
-    const Value* value(const char* name) const
+    const Value* value(const char* tag) const
     {
         const auto found = std::find_if(values.begin(), values.end(),
-            [name](const Value& value) { return value.name == QLatin1String(name); });
+            [tag](const Value& candidate) { return candidate.name == QLatin1String(tag); });
         return found == values.end() ? nullptr : &*found;
     }
 };
