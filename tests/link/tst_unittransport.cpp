@@ -38,7 +38,7 @@ constexpr int longWait = 20000;
 constexpr int shortWait = 1000;
 const QString noError = QStringLiteral("no error");
 
-/** An UnPackage on a worker thread, behind the transport. */
+/** An UnPackage on a worker thread, with the transport. */
 class Operations : public QObject {
 public:
     Operations(int wait, const UnitAddress& address)
@@ -104,7 +104,7 @@ private:
         return m_results.size() == 1 ? m_results.first() : m_results.join(QStringLiteral(" and "));
     }
 
-    /** Each read leaves the models of the one before it behind. */
+    /** Each read leaves the models of the one before it. */
     static void forgetDevice()
     {
         DeviceManagerModel* registry = DeviceManagerModel::Instance();
@@ -372,7 +372,7 @@ void TestUnitTransport::takesFramesInPieces()
 
 void TestUnitTransport::takesSeveralFramesAtOnce()
 {
-    // Replies of other labels come along with the right one, in front and behind.
+    // Replies of other labels come along with the right one, before it and after it.
     OddUnit unit([](QTcpSocket& socket, const QByteArray& request) {
         QByteArray other = request;
         other[5] = static_cast<char>(other.at(5) + 1);

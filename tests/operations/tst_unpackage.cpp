@@ -155,14 +155,14 @@ ModelManagement* selectedModels()
     return registry->getDeviceData(registry->getCurrentSelectDevice());
 }
 
-/** Each read of a unit leaves the aggregate of the one before behind; here someone remembers it. */
+/** Each read of a unit keeps the aggregate of the one before; here someone remembers it. */
 void rememberSelectedModels()
 {
     static auto* const remembered = new QVector<ModelManagement*>;
     remembered->append(selectedModels());
 }
 
-/** An operations object with its own wait time, the log of its signals and a unit behind it. */
+/** An operations object with its own wait time, the log of its signals and a unit. */
 class Bench {
 public:
     explicit Bench(const Memory& memory = Memory(), int timeout = -1)
@@ -962,7 +962,7 @@ void TestUnPackage::configNumberIsNotChecked()
     QFETCH(int, ports);
     QFETCH(int, lines);
     QFETCH(QStringList, traffic);
-    // A unit gives what its 16-bit length field can tell.
+    // A unit gives what its 16-bit length field can hold.
     Bench bench([](const RecordedRequest& request, int) {
         return ScriptedUnit::reply(
             replyFrame(request.address, QByteArray(int(request.length & 0xFFFF), '\0')));
@@ -1955,7 +1955,7 @@ void TestUnPackage::faults()
     QFETCH(int, operation);
     QFETCH(int, step);
     QFETCH(int, fault);
-    const Operation told = faultOperations().at(operation);
+    const Operation faulty = faultOperations().at(operation);
     bool armed = true;
     bool write = false;
     const auto script = [&](const RecordedRequest& request, int number) {
@@ -1972,7 +1972,7 @@ void TestUnPackage::faults()
     const bool reachesTheStep = succeedsWithAWait([&](int wait) {
         bench = std::make_unique<Bench>(script, fault == NoReply ? wait : -1);
         placeInputs(*bench->operations);
-        bench->run(told.type);
+        bench->run(faulty.type);
         return bench->unit->frames().size() > step;
     });
     QVERIFY(reachesTheStep);
@@ -1981,10 +1981,10 @@ void TestUnPackage::faults()
         QRegularExpression(QStringLiteral("^(errored|readFinished|finshed)")));
     QCOMPARE(closings.size(), 1);
     QCOMPARE(bench->log->entries.last(), closings.first());
-    const QString text = faultText(static_cast<Fault>(fault), told.steps.at(step), write);
+    const QString text = faultText(static_cast<Fault>(fault), faulty.steps.at(step), write);
     if (text.isEmpty()) {
         QVERIFY(!closings.first().startsWith(QStringLiteral("errored")));
-        QCOMPARE(bench->unit->frames().size(), told.steps.size());
+        QCOMPARE(bench->unit->frames().size(), faulty.steps.size());
     } else {
         QCOMPARE(closings.first(), QStringLiteral("errored:") + text);
         QCOMPARE(bench->unit->frames().size(), step + 1);
@@ -2071,17 +2071,17 @@ void TestUnPackage::labelsTranslated_data()
 void TestUnPackage::labelsTranslated()
 {
     QFETCH(int, index);
-    const auto& told = labelledOperations[index];
-    const QString label = QString::fromUtf8(told.label);
+    const auto& labelled = labelledOperations[index];
+    const QString label = QString::fromUtf8(labelled.label);
     writeSettingsBeside("[Communication]\ntimeout=0\n");
     UnPackage operations;
     QString error;
-    QVERIFY(!(operations.*told.operation)(error));
+    QVERIFY(!(operations.*labelled.operation)(error));
     QCOMPARE(error, label + QStringLiteral("超时！"));
 
     ContextTranslator translator;
     QVERIFY(QCoreApplication::installTranslator(&translator));
-    QVERIFY(!(operations.*told.operation)(error));
+    QVERIFY(!(operations.*labelled.operation)(error));
     QCOMPARE(error, QStringLiteral("UnPackage|") + label + QStringLiteral("UnPackage|超时！"));
 }
 

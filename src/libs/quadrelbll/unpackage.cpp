@@ -413,7 +413,7 @@ bool UnPackage::sendEvent(QString& error)
     return true;
 }
 
-/** A count cell with the records right behind it. */
+/** A count cell with the records right after it. */
 struct UnPackage::RecordTable {
     unsigned int countAddress;
     int countLength;
@@ -459,7 +459,7 @@ bool UnPackage::readEventParameter(QString& error)
     return true;
 }
 
-/** All triggers stand in front of all time triggers. */
+/** All triggers come before all time triggers. */
 QByteArray UnPackage::encodeTableEntry(int index)
 {
     const int triggers = m_triggerModel.size();
