@@ -798,7 +798,7 @@ Examples:</source>
         <translation>设备将会重启，并保留地址 %1。</translation>
     </message>
     <message>
-        <source>The unit was told to restart with its default address.</source>
+        <source>The unit was asked to restart with its default address.</source>
         <translation>已通知设备以默认地址重启。</translation>
     </message>
     <message>

@@ -68,7 +68,7 @@ UnitAnswer ControlUnit::answer(const UnitFrame& request)
         return write(request);
     UnitAnswer answer;
     answer.reply = UnitFrame::replyTo(request, read(request.address, request.dataLength));
-    // Readers of the block take the number of infra-red ports from the byte behind it.
+    // Readers of the block take the number of infra-red ports from the byte after it.
     if (request.address == Address::information && request.dataLength == Address::informationLength)
         answer.reply.steerTrailer(settings().infraredPorts);
     return answer;

@@ -1105,9 +1105,9 @@ void TestXmlFile::parserMessageIsTheReason_data()
     QTest::newRow("open element") << QByteArray("<DataPackage>");
     QTest::newRow("crossed") << QByteArray("<a><b></a></b>");
     QTest::newRow("two roots") << QByteArray("<a/><b/>");
-    QTest::newRow("mistake behind the section")
+    QTest::newRow("mistake after the section")
         << project(section(Kind::Events, eventRecord("1")) + "<a>");
-    QTest::newRow("mistake behind the version")
+    QTest::newRow("mistake after the version")
         << QByteArray("<Update><ModuleID>m</ModuleID><Version>v</Version></update>");
     QTest::newRow("recursive entities")
         << QByteArray("<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>");
@@ -1567,7 +1567,7 @@ void TestXmlFile::eventLimitCountsReadRecordsOnly()
     QByteArray records;
     for (int id = 1; id <= 128; ++id)
         records += "<Odd/><!-- c -->" + eventRecord(QByteArray::number(id));
-    // Behind the limit nothing is looked at, not even an id.
+    // After the limit nothing is looked at, not even an id.
     records += eventRecord("1") + eventRecord("500");
 
     const QList<EventInfo> events = eventsIn(project(section(Kind::Events, records)));
@@ -2106,7 +2106,7 @@ void TestXmlFile::triggerCountIsLogged()
         QStringLiteral("static bool XmlFile::readTriggerXmlFile(const QString&, TriggerModel&, "
                        "QString&)"));
 
-    // All child nodes count, also behind the limit of the reader.
+    // All child nodes count, also after the limit of the reader.
     {
         const LogRecorder recorder;
         triggersIn(

@@ -113,7 +113,7 @@ void TestUnitLimits::refusesClientsBeyondItsMaximum()
         QStringLiteral(
             "2 clients are connected; further ones are refused until one of them leaves"));
 
-    // One that leaves makes room, and the next time is told again.
+    // One that leaves makes room, and the next time is reported again.
     second.reset();
     TRY_COMPARE(m_server->connectionCount(), 1);
     UnitClient fourth(m_server->port());

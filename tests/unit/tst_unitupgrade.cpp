@@ -203,7 +203,7 @@ void TestUnitUpgrade::startsAnewAfterABreak()
     QList<UpgradeWrite> broken = writes;
     broken.removeAt(4);
     QCOMPARE(run(upgrade, broken), UnitUpgrade::Broken);
-    // The rest of the broken one is let pass, and is told of no more.
+    // The rest of the broken one is accepted without a further report.
     QCOMPARE(upgrade.write(0x06001000, "x"), UnitUpgrade::Taken);
     QCOMPARE(upgrade.write(0x18200002, "xy"), UnitUpgrade::Taken);
     QCOMPARE(run(upgrade, writes), UnitUpgrade::Complete);

@@ -243,7 +243,7 @@ private:
         checkLine(place("line"), trigger);
         if (trigger.kind == TriggerKind::Io && !trigger.level)
             fail(place("parameter"),
-                Text::tr("it is missing, and a unit can't be told so; high or low is allowed"));
+                Text::tr("it is missing, and a unit can't store that; high or low is allowed"));
         if (trigger.parameter.size() > Limit::parameterBytes)
             fail(place("parameter"),
                 Text::tr("%1 bytes are too many; %2 are allowed")

@@ -90,7 +90,7 @@ bool SimulatedUnit::openMemory()
         return true;
     m_memoryFile = std::make_unique<UnitMemoryFile>(m_options.memoryPathOf(m_index), &m_unit);
     connect(&m_server, &UnitServer::changed, m_memoryFile.get(), &UnitMemoryFile::noteChange);
-    connect(m_memoryFile.get(), &UnitMemoryFile::failed, this, &SimulatedUnit::tell);
+    connect(m_memoryFile.get(), &UnitMemoryFile::failed, this, &SimulatedUnit::report);
 
     QString error;
     if (!m_memoryFile->claim(&error))
@@ -143,12 +143,14 @@ void SimulatedUnit::reportTraffic()
 {
     connect(&m_server, &UnitServer::served, this,
         [this](const UnitFrame& request, const QString& peer, const QString& fault) {
-            tell(requestLine(request, peer, fault));
+            report(requestLine(request, peer, fault));
         });
     connect(&m_discovery, &UnitDiscovery::searched, this,
-        [this](const QString& peer) { tell(QStringLiteral("searched by ") + peer); });
-    connect(&m_server, &UnitServer::wentDown, this, [this] { tell(QStringLiteral("going down")); });
-    connect(&m_server, &UnitServer::cameBack, this, [this] { tell(QStringLiteral("back again")); });
+        [this](const QString& peer) { report(QStringLiteral("searched by ") + peer); });
+    connect(
+        &m_server, &UnitServer::wentDown, this, [this] { report(QStringLiteral("going down")); });
+    connect(
+        &m_server, &UnitServer::cameBack, this, [this] { report(QStringLiteral("back again")); });
 }
 
 void SimulatedUnit::printDigests()
@@ -157,9 +159,9 @@ void SimulatedUnit::printDigests()
     offerLine(m_name + imageLine("streamed", m_unit.upgrade().streamedImage()));
 }
 
-void SimulatedUnit::tell(const QString& text)
+void SimulatedUnit::report(const QString& text)
 {
-    m_log.tell(m_name + text);
+    m_log.report(m_name + text);
 }
 
 void SimulatedUnit::tellOfClient(const QString& text)
@@ -169,6 +171,6 @@ void SimulatedUnit::tellOfClient(const QString& text)
 
 bool SimulatedUnit::fail(const QString& reason)
 {
-    tell(reason);
+    report(reason);
     return false;
 }
