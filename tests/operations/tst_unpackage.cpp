@@ -274,6 +274,8 @@ private slots:
     void waitBareWake();
     void waitEarlyReplyIsLost();
     void waitWithoutLimit();
+    void waitOfTheLink_data();
+    void waitOfTheLink();
     void registryOfItsOwn();
     void errorStaysUntilNextRun();
     void sendPackage();
@@ -566,12 +568,68 @@ void TestUnPackage::waitWithoutLimit()
     QCOMPARE(error, QStringLiteral("配置参数超时！"));
 }
 
+void TestUnPackage::waitOfTheLink_data()
+{
+    QTest::addColumn<bool>("isWoken");
+    QTest::addColumn<QString>("failure");
+    QTest::addColumn<QString>("error");
+    const QString before = QStringLiteral("before");
+    const QString broken = QStringLiteral("线路故障");
+    QTest::newRow("answered") << true << QString() << before;
+    QTest::newRow("failed") << true << broken << broken;
+    QTest::newRow("out of time") << false << QString() << QStringLiteral("配置参数超时！");
+    QTest::newRow("failed, but out of time") << false << broken << QStringLiteral("配置参数超时！");
+}
+
+void TestUnPackage::waitOfTheLink()
+{
+    QFETCH(bool, isWoken);
+    QFETCH(QString, failure);
+    QFETCH(QString, error);
+    struct Wait : ReplyWait {
+        bool await(int milliseconds) override
+        {
+            waits.append(milliseconds);
+            if (!failure.isEmpty())
+                UnPackageAccess::setFailure(*operations, failure);
+            return isWoken;
+        }
+        void wake() override { ++wakes; }
+
+        UnPackage* operations = nullptr;
+        bool isWoken = false;
+        QString failure;
+        QList<int> waits;
+        int wakes = 0;
+    };
+    writeSettingsBeside("[Communication]\ntimeout=70\n");
+    UnPackage operations;
+    Wait wait;
+    wait.operations = &operations;
+    wait.isWoken = isWoken;
+    wait.failure = failure;
+    const UnPackageLink link{&wait, nullptr};
+    UnPackageAccess::setLink(operations, &link);
+
+    // On one thread: nobody else wakes it.
+    QString result = QStringLiteral("before");
+    QCOMPARE(operations.sendConfig(result), error == result);
+    QCOMPARE(result, error);
+    QCOMPARE(wait.waits, (isWoken && failure.isEmpty() ? QList<int>{70, 70} : QList<int>{70}));
+    QCOMPARE(wait.wakes, 0);
+    operations.quitWaitDelay();
+    operations.setRecvPackage(QByteArray());
+    operations.setError(QString());
+    QCOMPARE(wait.wakes, 3);
+}
+
 void TestUnPackage::registryOfItsOwn()
 {
     selectDevice(QStringLiteral("10.0.0.1"));
     DeviceManagerModel registry;
     Bench bench(makeMemory(3, 2, 1));
-    UnPackageAccess::setRegistry(*bench.operations, &registry);
+    const UnPackageLink link{nullptr, &registry};
+    UnPackageAccess::setLink(*bench.operations, &link);
     bench.run(ReadDataType);
     DeviceModel device = registry.getCurrentSelectDevice();
     QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
@@ -582,7 +640,7 @@ void TestUnPackage::registryOfItsOwn()
     DeviceManagerModel* const shared = DeviceManagerModel::Instance();
     QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.1"));
 
-    UnPackageAccess::setRegistry(*bench.operations, nullptr);
+    UnPackageAccess::setLink(*bench.operations, nullptr);
     bench.run(ReadDataType);
     QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.7"));
 }
