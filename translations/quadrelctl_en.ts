@@ -80,5 +80,12 @@
             <numerusform>the run has written its document, and the unit holds something else now, with %n changes; begin anew without --resume to write it again</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1, %n byte(s)</source>
+        <translation>
+            <numerusform>%1, %n byte</numerusform>
+            <numerusform>%1, %n bytes</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

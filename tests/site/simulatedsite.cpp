@@ -13,8 +13,9 @@ const QString listening = QStringLiteral("listening on ");
 
 } // namespace
 
-SimulatedSite::SimulatedSite(int count, const QStringList& simulatorOptions)
+SimulatedSite::SimulatedSite(int count, const QStringList& simulatorOptions, int firstSerial)
     : m_count(count)
+    , m_firstSerial(firstSerial)
 {
     switchOn(simulatorOptions);
     QByteArray inventory = "# The site of a test.\nunits:\n";
@@ -22,7 +23,7 @@ SimulatedSite::SimulatedSite(int count, const QStringList& simulatorOptions)
         inventory +=
             QStringLiteral("  - name: u-%1\n    address: %2\n    serial: %3\n"
                            "    model: 0x7209\n%4    document: u-%1.yaml\n")
-                .arg(QString::number(unit), address(unit), QString::number(310000000 + unit),
+                .arg(QString::number(unit), address(unit), QString::number(firstSerial + unit - 1),
                     unit % 2 == 1 ? QStringLiteral("    tags: [odd]\n") : QString())
                 .toUtf8();
     writeInventory(inventory);
@@ -35,7 +36,8 @@ void SimulatedSite::switchOn(const QStringList& simulatorOptions)
     const QStringList former = m_addresses;
     m_simulator = std::make_unique<Simulator>(
         QStringList{QStringLiteral("--sample"), QStringLiteral("--count"), QString::number(m_count),
-            QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--memory"), memory}
+            QStringLiteral("--port"), QStringLiteral("0"), QStringLiteral("--memory"), memory,
+            QStringLiteral("--serial"), QString::number(m_firstSerial)}
         + simulatorOptions);
     m_addresses.clear();
     for (int unit = 1; unit <= m_count; ++unit) {

@@ -16,7 +16,8 @@
  */
 class SimulatedSite {
 public:
-    explicit SimulatedSite(int count, const QStringList& simulatorOptions = {});
+    explicit SimulatedSite(
+        int count, const QStringList& simulatorOptions = {}, int firstSerial = 310000001);
 
     /** "quadrelctl site" with these words, parted by "|". */
     ToolResult run(const char* words);
@@ -50,6 +51,7 @@ private:
     QStringList words(const char* line) const;
 
     const int m_count;
+    const int m_firstSerial;
     QStringList m_addresses;
     std::unique_ptr<Simulator> m_simulator;
 };

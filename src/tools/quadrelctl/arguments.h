@@ -16,7 +16,7 @@ namespace Arguments {
 
 /**
  * The arguments of the program with the command first, and its own command next if it has some:
- * each option may stand before or after them.
+ * each option may come before or after them.
  * "help" and "help COMMAND" become "--help" and "COMMAND --help".
  */
 std::vector<std::string> commandFirst(const CLI::App& app, int argc, char** argv);

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: the quadrelbll authors
+// SPDX-License-Identifier: MIT
+
+#include "weekdayeditor.h"
+
+#include "weekdays.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QToolButton>
+
+#include <algorithm>
+
+WeekdayEditor::WeekdayEditor(Qt::DayOfWeek first, QWidget* parent)
+    : CellEditor(parent)
+    , m_layout(new QHBoxLayout(this))
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setSpacing(1);
+    for (int number = 1; number <= Weekdays::daysOfWeek; ++number) {
+        const Qt::DayOfWeek day = Weekdays::dayOf(number, first);
+        addButton(number, Weekdays::shortName(day), Weekdays::longName(day));
+    }
+}
+
+QVariant WeekdayEditor::value() const
+{
+    QVector<int> chosen;
+    for (int i = 0; i < m_buttons.size(); ++i) {
+        if (m_buttons.at(i)->isChecked())
+            chosen.append(m_numbers.at(i));
+    }
+    std::sort(chosen.begin(), chosen.end());
+    return QVariant::fromValue(chosen);
+}
+
+void WeekdayEditor::setValue(const QVariant& value)
+{
+    const auto chosen = value.value<QVector<int>>();
+    for (const int number : chosen) {
+        if (!m_numbers.contains(number))
+            addButton(
+                number, QString::number(number), tr("Number %1, which is no day").arg(number));
+    }
+    for (int i = 0; i < m_buttons.size(); ++i)
+        m_buttons.at(i)->setChecked(chosen.contains(m_numbers.at(i)));
+}
+
+void WeekdayEditor::addButton(int number, const QString& text, const QString& name)
+{
+    auto* button = new QToolButton(this);
+    button->setText(text);
+    button->setCheckable(true);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
+    connect(button, &QToolButton::clicked, this, &WeekdayEditor::edited);
+    m_layout->addWidget(button);
+    m_numbers.append(number);
+    m_buttons.append(button);
+    setTabStops(QVector<QWidget*>(m_buttons.begin(), m_buttons.end()));
+}
