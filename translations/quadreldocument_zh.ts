@@ -59,8 +59,8 @@
         <translation>命令、描述与名称共占 %1 字节；最多允许 %2 字节</translation>
     </message>
     <message>
-        <source>there are %1 triggers and %2 time triggers; a unit has room for %3 together</source>
-        <translation>有 %1 个触发和 %2 个定时触发；设备合计最多容纳 %3 个</translation>
+        <source>%1 records with time triggers are too many; %2 are allowed</source>
+        <translation>连同定时触发共 %1 条记录，过多；最多允许 %2 条</translation>
     </message>
     <message>
         <source>it is missing, and a unit can&apos;t store that; high or low is allowed</source>

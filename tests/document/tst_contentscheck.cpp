@@ -94,8 +94,8 @@ void TestContentsCheck::findsFaultsOfDocuments_data()
             + QByteArray("  - {repeat: EVERYDAY, startDate: 2024/03/07, endDate: forever, time: "
                          "08:05, eventIds: [1]}\n")
                   .repeated(25),
-        "FILE:4:1: triggers: there are 40 triggers and 25 time triggers; a unit has room for 64 "
-        "together");
+        "FILE:4:1: triggers: 65 records with time triggers are too many; 64 are "
+        "allowed");
     row("COM D-3 and COM D-4",
         format + events
             + "triggers:\n  - {kind: COM, line: COM D-3, eventIds: [1]}\n  - {id: 1, kind: "

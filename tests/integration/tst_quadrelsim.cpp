@@ -422,7 +422,7 @@ void TestQuadrelsim::limitsItsMemory()
     QCOMPARE(written, 256 - 2);
     QVERIFY(client.waitForClosed());
     QVERIFY(simulator.waitForError(
-        QStringLiteral(": a write of 1 bytes at 0x100fe000 is over the memory limit of 1048576 "
+        QStringLiteral(": a write of 1 byte at 0x100fe000 is over the memory limit of 1048576 "
                        "bytes; connection dropped\n")));
     Client again(port);
     QCOMPARE(again.read(0x10000000, 1), QByteArray("x"));
@@ -611,7 +611,7 @@ void TestQuadrelsim::tellsEachRequest()
     QVERIFY(simulator.errors().contains(
         peer + QStringLiteral("label 1, read 512 bytes at 0xf0020001\n")));
     QVERIFY(simulator.errors().contains(
-        peer + QStringLiteral("label 2, write 1 bytes at 0xf0020000, fault: wrong-label\n")));
+        peer + QStringLiteral("label 2, write 1 byte at 0xf0020000, fault: wrong-label\n")));
     QVERIFY(simulator.errors().contains(QStringLiteral("quadrelsim: going down\n")));
 }
 

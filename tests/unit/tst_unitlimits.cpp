@@ -379,7 +379,7 @@ void TestUnitLimits::refusesWritesBeyondItsMemory()
     const QString peer = client.peer();
     const UnitFrame request = UnitFrame::writeRequest(1, 0x1000, "x");
     const QString reason = QStringLiteral(
-        ": a write of 1 bytes at 0x00001000 is over the memory limit of 8192 bytes; ");
+        ": a write of 1 byte at 0x00001000 is over the memory limit of 8192 bytes; ");
     client.send(request);
     TRY_VERIFY(client.isClosed());
     QVERIFY(client.bytes().isEmpty());

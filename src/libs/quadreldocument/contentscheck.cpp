@@ -222,10 +222,8 @@ private:
         const int timeTriggers = m_contents.timeTriggers ? m_contents.timeTriggers->size() : 0;
         if (triggers + timeTriggers > Limit::tableEntries)
             fail({triggers > 0 ? Section::Triggers : Section::TimeTriggers, -1, {}},
-                Text::tr("there are %1 triggers and %2 time triggers; a unit has room for %3 "
-                         "together")
-                    .arg(triggers)
-                    .arg(timeTriggers)
+                Text::tr("%1 records with time triggers are too many; %2 are allowed")
+                    .arg(triggers + timeTriggers)
                     .arg(Limit::tableEntries));
     }
 

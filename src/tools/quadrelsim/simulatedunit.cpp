@@ -6,6 +6,7 @@
 #include "console.h"
 #include "unitendpoint.h"
 #include "unitsample.h"
+#include "unittexts.h"
 
 #include <QtCore/QCryptographicHash>
 
@@ -25,11 +26,11 @@ QString imageLine(const char* name, const QByteArray& image)
 QString requestLine(const UnitFrame& request, const QString& peer, const QString& fault)
 {
     const QString line =
-        QStringLiteral("%1: label %2, %3 %4 bytes at 0x%5")
+        QStringLiteral("%1: label %2, %3 %4 at 0x%5")
             .arg(peer)
             .arg(request.label)
             .arg(request.isReadRequest() ? QStringLiteral("read") : QStringLiteral("write"))
-            .arg(request.dataLength)
+            .arg(bytesText(request.dataLength))
             .arg(request.address, 8, 16, QLatin1Char('0'));
     return fault.isEmpty() ? line : line + QStringLiteral(", fault: ") + fault;
 }
