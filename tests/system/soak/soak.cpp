@@ -345,7 +345,7 @@ int main(int argc, char** argv)
     const int operations = qEnvironmentVariable("SOAK_OPERATIONS", QStringLiteral("200")).toInt();
     const uint seed = qEnvironmentVariable("SOAK_SEED", QStringLiteral("1")).toUInt();
     if (operations <= 0) {
-        std::fprintf(stderr, "SOAK_OPERATIONS is no number of operations\n");
+        std::fprintf(stderr, "SOAK_OPERATIONS is not a number of operations\n");
         return 2;
     }
     writeSettingsBeside("[Communication]\ntimeout=" + QByteArray::number(waitMilliseconds) + '\n');
