@@ -49,15 +49,8 @@ bool parse(const QByteArray& frame, TriggerModel& model, QString& error)
     return PackageTrigger::parseTriggerPackage(triggerDataType, frame, slotSize, model, error);
 }
 
-TriggerInfo parsed(const QByteArray& block)
-{
-    return TriggerChecks::parsed<TriggerModel>(block, parse);
-}
-
-QString faultOf(const QByteArray& block)
-{
-    return TriggerChecks::faultOf<TriggerModel>(block, parse);
-}
+const auto parsed = TriggerChecks::readerOf<TriggerModel>(parse);
+const auto faultOf = TriggerChecks::faultFinderOf<TriggerModel>(parse);
 
 } // namespace
 
@@ -475,7 +468,7 @@ void TestPackageTrigger::shortFramesReadAsZeros()
             QStringLiteral("aa 01 02"), QStringLiteral("(ID:3);(ID:7)"), QStringLiteral("AB"))),
         parse);
 
-    // The tail may be announced behind the end of the frame.
+    // The tail may be announced after the end of the frame.
     TriggerModel model;
     QString error;
     QVERIFY(parse(replyFrame(triggerDataType, hex("3c01 4c0100 2510"), slotSize), model, error));

@@ -38,27 +38,31 @@ inline QByteArray blockOf(
     return slotOf(block);
 }
 
-/** The record of a block that must be accepted; else one that equals no record of a test. */
-template <typename Model, typename Parse> auto parsed(const QByteArray& block, Parse parse)
+/** Reads the record of a block that must be accepted; else one that equals no record of a test. */
+template <typename Model, typename Parse> auto readerOf(Parse parse)
 {
-    Model model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    if (read && model.size() == 1)
-        return model.at(0);
-    decltype(model.at(0)) none;
-    none.setTriggerId(-999);
-    none.setTriggerInstruction(error);
-    return none;
+    return [parse](const QByteArray& block) {
+        Model model;
+        QString error;
+        const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
+        if (read && model.size() == 1)
+            return model.at(0);
+        decltype(model.at(0)) none;
+        none.setTriggerId(-999);
+        none.setTriggerInstruction(error);
+        return none;
+    };
 }
 
-/** The message that a block is refused with; empty if it is not. */
-template <typename Model, typename Parse> QString faultOf(const QByteArray& block, Parse parse)
+/** Finds the message that a block is refused with; empty if it is not. */
+template <typename Model, typename Parse> auto faultFinderOf(Parse parse)
 {
-    Model model;
-    QString error;
-    const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
-    return !read && model.size() == 0 ? error : QString();
+    return [parse](const QByteArray& block) {
+        Model model;
+        QString error;
+        const bool read = parse(replyFrame(triggerDataType, block, slotSize), model, error);
+        return !read && model.size() == 0 ? error : QString();
+    };
 }
 
 /** Rows of "instruction" and "description", the bytes of the tail that it is written as. */

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 /** As long as it lives, this program can open nothing more. */
 class WithoutDescriptors {
@@ -19,7 +20,10 @@ public:
             m_known = known.code();
         }
         getrlimit(RLIMIT_NOFILE, &m_before);
-        const rlimit none = {0, m_before.rlim_max};
+        // Not 0: the event loop asks for what is open already.
+        const int lowestFree = dup(STDERR_FILENO);
+        close(lowestFree);
+        const rlimit none = {static_cast<rlim_t>(lowestFree), m_before.rlim_max};
         setrlimit(RLIMIT_NOFILE, &none);
     }
     ~WithoutDescriptors() { setrlimit(RLIMIT_NOFILE, &m_before); }

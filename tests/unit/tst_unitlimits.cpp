@@ -4,12 +4,12 @@
 // What a client that means no good, or means well and has too much to say, can take of a unit.
 #include "unitclient.h"
 #include "unitserver.h"
+#include "withoutdescriptors.h"
 
 #include <QtNetwork/QUdpSocket>
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -23,25 +23,6 @@ UnitFrame largeRead()
 {
     return UnitFrame::readRequest(1, 0, 65535);
 }
-
-/** Lets this process open no more files while it lives. */
-class NoMoreFiles {
-public:
-    NoMoreFiles()
-    {
-        getrlimit(RLIMIT_NOFILE, &m_before);
-        const int lowestFree = dup(STDERR_FILENO);
-        ::close(lowestFree);
-        rlimit limit = m_before;
-        limit.rlim_cur = static_cast<rlim_t>(lowestFree);
-        setrlimit(RLIMIT_NOFILE, &limit);
-    }
-    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &m_before); }
-    Q_DISABLE_COPY_MOVE(NoMoreFiles)
-
-private:
-    rlimit m_before;
-};
 
 } // namespace
 
@@ -132,7 +113,7 @@ void TestUnitLimits::refusesClientsBeyondItsMaximum()
         QStringLiteral(
             "2 clients are connected; further ones are refused until one of them leaves"));
 
-    // One that leaves makes room, and the next time is told again.
+    // One that leaves makes room, and the next time is reported again.
     second.reset();
     TRY_COMPARE(m_server->connectionCount(), 1);
     UnitClient fourth(m_server->port());
@@ -165,7 +146,7 @@ void TestUnitLimits::takesClientsAgainWhenFilesAreFree()
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(m_server->port());
     {
-        const NoMoreFiles noMoreFiles;
+        const WithoutDescriptors noMoreFiles;
         QCOMPARE(
             ::connect(client, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
         TRY_VERIFY(!m_notices->isEmpty());
@@ -398,7 +379,7 @@ void TestUnitLimits::refusesWritesBeyondItsMemory()
     const QString peer = client.peer();
     const UnitFrame request = UnitFrame::writeRequest(1, 0x1000, "x");
     const QString reason = QStringLiteral(
-        ": a write of 1 bytes at 0x00001000 is over the memory limit of 8192 bytes; ");
+        ": a write of 1 byte at 0x00001000 is over the memory limit of 8192 bytes; ");
     client.send(request);
     TRY_VERIFY(client.isClosed());
     QVERIFY(client.bytes().isEmpty());

@@ -41,6 +41,7 @@ class TestRunState : public QObject {
 private slots:
     void saysItInWords();
     void comesBack();
+    void leavesOutWhatIsNotKnown();
     void knowsItsUnits();
     void refuses_data();
     void refuses();
@@ -84,6 +85,19 @@ void TestRunState::comesBack()
         QCOMPARE(loaded.state.units.at(i).state, saved.units.at(i).state);
         QCOMPARE(loaded.state.units.at(i).reason, saved.units.at(i).reason);
     }
+}
+
+void TestRunState::leavesOutWhatIsNotKnown()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("run.yaml"));
+    QCOMPARE(saveRunState(path, RunState()), QString());
+    QCOMPARE(
+        QString::fromUtf8(contentsOf(path)), QStringLiteral("format: quadrel-run/1\nunits: []\n"));
+    const LoadedRunState loaded = loadRunState(path);
+    QCOMPARE(loaded.errors, QStringList());
+    QCOMPARE(loaded.state.command, QString());
+    QVERIFY(!loaded.state.begun.isValid());
 }
 
 void TestRunState::knowsItsUnits()

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
+#include "schemacheck.h"
 #include "site.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
-#include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
@@ -62,24 +62,9 @@ QStringList namesOf(const QVector<SiteUnit>& units)
     return names;
 }
 
-/** What the published schema says of a text; empty if all is well. */
-QByteArray schemaErrors(const QByteArray& text)
+QByteArray siteErrors(const QByteArray& text)
 {
-    QProcess python;
-    python.start(QStringLiteral("python3"),
-        {QStringLiteral("-c"),
-            QStringLiteral(
-                "import json, sys, yaml, jsonschema\n"
-                "schema = json.load(open(sys.argv[1]))\n"
-                "jsonschema.Draft7Validator.check_schema(schema)\n"
-                "site = yaml.safe_load(sys.stdin)\n"
-                "for error in jsonschema.Draft7Validator(schema).iter_errors(site or {}):\n"
-                "    print(error.json_path, error.message)\n"),
-            QStringLiteral(SOURCE_DIR "/docs/site.schema.json")});
-    python.write(text);
-    python.closeWriteChannel();
-    const bool isRun = python.waitForFinished(60000) && python.exitCode() == 0;
-    return isRun ? python.readAllStandardOutput() : "python3: " + python.readAllStandardError();
+    return schemaErrors(QStringLiteral("site.schema.json"), QStringLiteral("yaml"), text);
 }
 
 } // namespace
@@ -139,7 +124,7 @@ void TestSite::readsEverything()
     QCOMPARE(loaded.site.documentPath(third), QString());
     QCOMPARE(loaded.site.unit(QStringLiteral("bar")), &loaded.site.units.at(1));
     QVERIFY(!loaded.site.unit(QStringLiteral("Bar")));
-    QCOMPARE(schemaErrors(handwritten), QByteArray());
+    QCOMPARE(siteErrors(handwritten), QByteArray());
 }
 
 void TestSite::needsNothing_data()
@@ -160,7 +145,7 @@ void TestSite::needsNothing()
     QVERIFY(!loaded.site.retries);
     QCOMPARE(loaded.site.jobs, 16);
     QVERIFY(loaded.site.units.isEmpty());
-    QCOMPARE(schemaErrors(text), QByteArray());
+    QCOMPARE(siteErrors(text), QByteArray());
 }
 
 void TestSite::refuses_data()
@@ -347,7 +332,7 @@ void TestSite::addsUnits()
         addUnits(before, {unitOf(QStringLiteral("new"), QStringLiteral("tcp://10.0.0.9"), 9)});
     QCOMPARE(edited.error, QString());
     QCOMPARE(edited.text, after);
-    QCOMPARE(schemaErrors(after), QByteArray());
+    QCOMPARE(siteErrors(after), QByteArray());
 }
 
 /** Names that YAML would take for something else, were they not in quotes. */
@@ -366,7 +351,7 @@ void TestSite::writesNamesThatReadBack()
     const EditedSite edited = addUnits(QByteArray(), units);
     QCOMPARE(edited.error, QString());
     QCOMPARE(siteOf(edited.text).units, units);
-    QCOMPARE(schemaErrors(edited.text), QByteArray());
+    QCOMPARE(siteErrors(edited.text), QByteArray());
 }
 
 void TestSite::removesUnits_data()

@@ -93,9 +93,9 @@ unsigned long long DeviceModel::getSN()
     return SN;
 }
 
-void DeviceModel::setVersion(QString version)
+void DeviceModel::setVersion(QString text)
 {
-    this->version = std::move(version);
+    version = std::move(text);
 }
 
 QString DeviceModel::getVersion()
@@ -113,9 +113,9 @@ bool DeviceModel::getDHCPModel()
     return DHCP;
 }
 
-void DeviceModel::setIP(QString ip)
+void DeviceModel::setIP(QString address)
 {
-    this->ip = std::move(ip);
+    ip = std::move(address);
 }
 
 QString DeviceModel::getIP()
@@ -193,9 +193,9 @@ int DeviceModel::getIRNumber()
     return irnum;
 }
 
-void DeviceModel::setName(QString name)
+void DeviceModel::setName(QString text)
 {
-    this->name = std::move(name);
+    name = std::move(text);
 }
 
 QString DeviceModel::getName()
@@ -203,9 +203,9 @@ QString DeviceModel::getName()
     return name;
 }
 
-void DeviceModel::setPattern(QString pattern)
+void DeviceModel::setPattern(QString text)
 {
-    this->pattern = std::move(pattern);
+    pattern = std::move(text);
 }
 
 QString DeviceModel::getPattern()
@@ -213,9 +213,9 @@ QString DeviceModel::getPattern()
     return pattern;
 }
 
-void DeviceModel::setType(QString type)
+void DeviceModel::setType(QString text)
 {
-    this->type = std::move(type);
+    type = std::move(text);
 }
 
 QString DeviceModel::getType()

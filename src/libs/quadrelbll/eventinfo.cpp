@@ -42,9 +42,9 @@ bool EventInfo::operator==(const EventInfo& other) const
         && name == other.name;
 }
 
-void EventInfo::setEventId(int id)
+void EventInfo::setEventId(int number)
 {
-    this->id = id;
+    id = number;
 }
 
 int EventInfo::getEventId()
@@ -67,9 +67,9 @@ bool EventInfo::getEventProtocolType()
     return protocoltype;
 }
 
-void EventInfo::setEventProtocol(QString protocol)
+void EventInfo::setEventProtocol(QString command)
 {
-    this->protocol = std::move(protocol);
+    protocol = std::move(command);
 }
 
 QString EventInfo::getEventProtocal()
@@ -77,9 +77,9 @@ QString EventInfo::getEventProtocal()
     return protocol;
 }
 
-void EventInfo::setEventInstruction(QString instruction)
+void EventInfo::setEventInstruction(QString description)
 {
-    this->instruction = std::move(instruction);
+    instruction = std::move(description);
 }
 
 QString EventInfo::getEventInstruction()
@@ -87,9 +87,9 @@ QString EventInfo::getEventInstruction()
     return instruction;
 }
 
-void EventInfo::setEventName(QString name)
+void EventInfo::setEventName(QString text)
 {
-    this->name = std::move(name);
+    name = std::move(text);
 }
 
 QString EventInfo::getEventName()

@@ -104,9 +104,9 @@ bool TriggerInfo::getTriggerProtocolType()
     return protocoltype;
 }
 
-void TriggerInfo::setTriggerParameter(QString parameter)
+void TriggerInfo::setTriggerParameter(QString text)
 {
-    this->parameter = std::move(parameter);
+    parameter = std::move(text);
 }
 
 QString TriggerInfo::getTriggerParameter()
@@ -114,9 +114,9 @@ QString TriggerInfo::getTriggerParameter()
     return parameter;
 }
 
-void TriggerInfo::setTriggerEvent(QString events)
+void TriggerInfo::setTriggerEvent(QString eventIds)
 {
-    this->events = std::move(events);
+    events = std::move(eventIds);
 }
 
 QString TriggerInfo::getTriggerEvent()
@@ -124,9 +124,9 @@ QString TriggerInfo::getTriggerEvent()
     return events;
 }
 
-void TriggerInfo::setTriggerInstruction(QString instruction)
+void TriggerInfo::setTriggerInstruction(QString description)
 {
-    this->instruction = std::move(instruction);
+    instruction = std::move(description);
 }
 
 QString TriggerInfo::getTriggerInstruction()

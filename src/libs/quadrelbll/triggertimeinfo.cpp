@@ -102,9 +102,9 @@ QString TriggerTimeInfo::getTriggerTime()
     return triggerTime;
 }
 
-void TriggerTimeInfo::setTriggerEvent(QString events)
+void TriggerTimeInfo::setTriggerEvent(QString eventIds)
 {
-    this->events = std::move(events);
+    events = std::move(eventIds);
 }
 
 QString TriggerTimeInfo::getTriggerEvent()
@@ -112,9 +112,9 @@ QString TriggerTimeInfo::getTriggerEvent()
     return events;
 }
 
-void TriggerTimeInfo::setTriggerInstruction(QString instruction)
+void TriggerTimeInfo::setTriggerInstruction(QString description)
 {
-    this->instruction = std::move(instruction);
+    instruction = std::move(description);
 }
 
 QString TriggerTimeInfo::getTriggerInstruction()

@@ -86,9 +86,9 @@ DocumentNode DocumentNode::mapping()
     return node;
 }
 
-void DocumentNode::add(const QString& key, DocumentNode value)
+void DocumentNode::add(const QString& key, DocumentNode node)
 {
-    members.push_back({key, 0, {}, std::move(value)});
+    members.push_back({key, 0, {}, std::move(node)});
 }
 
 const DocumentNode::Member* DocumentNode::member(const QString& key) const
@@ -137,7 +137,7 @@ void PositionFinder::stepBack()
     if (byte == '\n') {
         const int start = m_offset == 0 ? 0 : m_text.lastIndexOf('\n', m_offset - 1) + 1;
         const auto characters = std::count_if(m_text.begin() + start, m_text.begin() + m_offset,
-            [](char byte) { return !isContinuation(byte); });
+            [](char other) { return !isContinuation(other); });
         m_position = {m_position.line - 1, static_cast<int>(characters) + 1};
     } else if (!isContinuation(byte)) {
         --m_position.column;

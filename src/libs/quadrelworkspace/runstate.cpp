@@ -107,8 +107,13 @@ QString saveRunState(const QString& path, const RunState& state)
 {
     DocumentNode file = DocumentNode::mapping();
     file.add(formatKey, DocumentNode::bare(format));
-    file.add(commandKey, DocumentNode::text(singleLine(state.command)));
-    file.add(begunKey, DocumentNode::bare(state.begun.toUTC().toString(Qt::ISODate)));
+    // What is not known is left out: an empty value could not be read again.
+    const QString command = singleLine(state.command);
+    if (!command.isEmpty())
+        file.add(commandKey, DocumentNode::text(command));
+    const QString begun = state.begun.toUTC().toString(Qt::ISODate);
+    if (!begun.isEmpty())
+        file.add(begunKey, DocumentNode::bare(begun));
     DocumentNode units = DocumentNode::sequence();
     for (const UnitRunState& unit : state.units)
         units.items.push_back(nodeOf(unit));

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include <fcntl.h>
 #include <pwd.h>
@@ -127,9 +128,9 @@ struct UnitLock::LockFile {
     QString key;
     int descriptor;
 
-    LockFile(const QString& key, int descriptor)
-        : key(key)
-        , descriptor(descriptor)
+    LockFile(QString itsKey, int itsDescriptor)
+        : key(std::move(itsKey))
+        , descriptor(itsDescriptor)
     {
         writeHolder(describeThisProcess());
     }

@@ -70,7 +70,7 @@ public:
         , m_transport(m_operations, m_unit, seed + 1)
         , m_model(m_unit.memory())
     {
-        // A clock that stands still shows what it was set to.
+        // A clock that does not run shows what it was set to.
         m_unit.clock().setTimeSource([] { return qint64(0); });
     }
     ~Soak() { qDeleteAll(m_aggregates); }
@@ -229,7 +229,7 @@ void Soak::settle()
 
 void Soak::dispatch()
 {
-    // 5 and everything above 10 has no operation behind it.
+    // 5 and everything above 10 has no operation.
     const auto type = static_cast<DataPackageType>(m_inputs.below(12));
     if (type == UpgradeDeviceType || type == UpdateRemarkType) {
         // Either the sizes differ from those of the upgrade before, or a cut-off upgrade could be

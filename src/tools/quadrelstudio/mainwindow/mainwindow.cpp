@@ -3,8 +3,346 @@
 
 #include "mainwindow.h"
 
-MainWindow::MainWindow(QWidget* parent)
+#include "pages/operationbar.h"
+#include "units/unitpage.h"
+#include "workspace/unitworkspace.h"
+
+#include <QtCore/QEvent>
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QDockWidget>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QInputDialog>
+#include <QtWidgets/QMenuBar>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QStatusBar>
+#include <QtWidgets/QTabWidget>
+#include <QtWidgets/QToolBar>
+#include <QtWidgets/QUndoGroup>
+#include <QtWidgets/QUndoView>
+
+#include <algorithm>
+
+MainWindow::MainWindow(const QuadrelWorkspace::WorkOptions& options, QWidget* parent)
     : QMainWindow(parent)
+    , m_options(options)
+    , m_undoGroup(new QUndoGroup(this))
+    , m_tabs(new QTabWidget(this))
+    , m_undoDock(new QDockWidget(this))
+    , m_undoView(new QUndoView(m_undoGroup, m_undoDock))
+    , m_fileMenu(menuBar()->addMenu(QString()))
+    , m_editMenu(menuBar()->addMenu(QString()))
+    , m_unitMenu(menuBar()->addMenu(QString()))
+    , m_viewMenu(menuBar()->addMenu(QString()))
+    , m_toolBar(addToolBar(QString()))
 {
-    setWindowTitle(QStringLiteral("quadrelstudio"));
+    m_tabs->setDocumentMode(true);
+    m_tabs->setTabsClosable(true);
+    m_tabs->setMovable(true);
+    setCentralWidget(m_tabs);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::switchPage);
+    connect(m_tabs, &QTabWidget::tabCloseRequested, this, &MainWindow::closePage);
+
+    m_undoDock->setObjectName(QStringLiteral("steps"));
+    m_undoDock->setWidget(m_undoView);
+    addDockWidget(Qt::RightDockWidgetArea, m_undoDock);
+    m_undoDock->hide();
+    m_toolBar->setObjectName(QStringLiteral("tools"));
+    m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+
+    makeActions();
+    const QSize usualSize(1200, 800);
+    resize(usualSize);
+    retranslate();
+    update();
+}
+
+MainWindow::~MainWindow()
+{
+    // The pages go before the workspaces that they show.
+    disconnect(m_tabs, nullptr, this, nullptr);
+    while (m_tabs->count() > 0)
+        delete m_tabs->widget(0);
+}
+
+QAction* MainWindow::addAction(
+    QMenu* menu, QAction*& action, const QKeySequence& shortcut, void (MainWindow::*act)())
+{
+    action = menu->addAction(QString(), this, act);
+    action->setShortcut(shortcut);
+    return action;
+}
+
+void MainWindow::makeActions()
+{
+    addAction(m_fileMenu, m_new, QKeySequence::New, &MainWindow::createDocument);
+    addAction(m_fileMenu, m_open, QKeySequence::Open, &MainWindow::askForFile);
+    addAction(m_fileMenu, m_openUnit, Qt::CTRL | Qt::Key_U, &MainWindow::askForAddress);
+    m_fileMenu->addSeparator();
+    addAction(m_fileMenu, m_save, QKeySequence::Save, &MainWindow::saveCurrent);
+    addAction(m_fileMenu, m_saveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S, &MainWindow::saveCurrentAs);
+    m_fileMenu->addSeparator();
+    addAction(m_fileMenu, m_close, Qt::CTRL | Qt::Key_W, &MainWindow::closeCurrent);
+    m_quit = m_fileMenu->addAction(QString(), this, &QWidget::close);
+    m_quit->setShortcut(Qt::CTRL | Qt::Key_Q);
+
+    m_undo = m_undoGroup->createUndoAction(this);
+    m_undo->setShortcut(QKeySequence::Undo);
+    m_redo = m_undoGroup->createRedoAction(this);
+    m_redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
+    m_editMenu->addAction(m_undo);
+    m_editMenu->addAction(m_redo);
+
+    addAction(m_unitMenu, m_read, Qt::Key_F5, &MainWindow::readCurrent);
+    addAction(m_unitMenu, m_write, Qt::Key_F6, &MainWindow::writeCurrent);
+    addAction(m_unitMenu, m_cancel, Qt::CTRL | Qt::Key_Period, &MainWindow::cancelCurrent);
+
+    m_viewMenu->addAction(m_undoDock->toggleViewAction());
+    m_toolBar->addActions({m_open, m_save});
+    m_toolBar->addSeparator();
+    m_toolBar->addActions({m_undo, m_redo});
+    m_toolBar->addSeparator();
+    m_toolBar->addActions({m_read, m_write});
+    m_viewMenu->addAction(m_toolBar->toggleViewAction());
+}
+
+UnitPage* MainWindow::currentPage() const
+{
+    return qobject_cast<UnitPage*>(m_tabs->currentWidget());
+}
+
+UnitPage* MainWindow::addPage(std::unique_ptr<UnitWorkspace> workspace)
+{
+    UnitWorkspace& shown = *workspace;
+    m_workspaces.push_back(std::move(workspace));
+    m_undoGroup->addStack(&shown.document().undoStack());
+    connect(&shown, &UnitWorkspace::stateChanged, this, &MainWindow::update);
+    connect(&shown, &UnitWorkspace::started, this, &MainWindow::update);
+    auto* page = new UnitPage(shown, m_tabs);
+    m_tabs->setCurrentIndex(m_tabs->addTab(page, QString()));
+    update();
+    return page;
+}
+
+UnitPage* MainWindow::newDocument()
+{
+    return addPage(std::make_unique<UnitWorkspace>(m_options));
+}
+
+UnitPage* MainWindow::openFile(const QString& path)
+{
+    const QString absolutePath = QFileInfo(path).absoluteFilePath();
+    for (int i = 0; i < m_tabs->count(); ++i) {
+        auto* page = static_cast<UnitPage*>(m_tabs->widget(i));
+        if (page->workspace().filePath() == absolutePath) {
+            m_tabs->setCurrentIndex(i);
+            return page;
+        }
+    }
+    auto workspace = std::make_unique<UnitWorkspace>(m_options);
+    const QStringList faults = workspace->openFile(absolutePath);
+    if (faults.isEmpty())
+        return addPage(std::move(workspace));
+    constexpr int mostFaults = 10;
+    auto* box = new QMessageBox(QMessageBox::Warning, tr("The document can't be opened"),
+        QStringList(faults.mid(0, mostFaults)).join(QLatin1Char('\n')), QMessageBox::Ok, this);
+    box->setTextFormat(Qt::PlainText);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+    return nullptr;
+}
+
+UnitPage* MainWindow::openUnit(const UnitAddress& address)
+{
+    for (int i = 0; i < m_tabs->count(); ++i) {
+        auto* page = static_cast<UnitPage*>(m_tabs->widget(i));
+        const auto& other = page->workspace().address();
+        if (other && other->toText() == address.toText()) {
+            m_tabs->setCurrentIndex(i);
+            return page;
+        }
+    }
+    auto workspace = std::make_unique<UnitWorkspace>(m_options);
+    workspace->setAddress(address);
+    UnitPage* page = addPage(std::move(workspace));
+    page->workspace().read();
+    return page;
+}
+
+void MainWindow::askForFile()
+{
+    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Open documents"), QString(),
+        tr("Unit documents (*.yaml *.yml *.json *.xml);;All files (*)"));
+    for (const QString& path : paths)
+        openFile(path);
+}
+
+void MainWindow::askForAddress()
+{
+    const QString text = QInputDialog::getText(
+        this, tr("Open a unit"), tr("Address, as in 192.168.1.21 or udp://192.168.1.21:3801"));
+    if (text.isEmpty())
+        return;
+    const std::optional<UnitAddress> address = UnitAddress::fromText(text.trimmed());
+    if (address)
+        openUnit(*address);
+    else
+        QMessageBox::warning(
+            this, tr("Open a unit"), tr("\"%1\" is no address; tcp://HOST:PORT is one").arg(text));
+}
+
+bool MainWindow::save(UnitPage& page)
+{
+    UnitWorkspace& workspace = page.workspace();
+    if (workspace.filePath().isEmpty())
+        return saveAs(page);
+    const QString error = workspace.saveFile(workspace.filePath());
+    if (!error.isEmpty())
+        page.operationBar().showMessage(error);
+    return error.isEmpty();
+}
+
+bool MainWindow::saveAs(UnitPage& page)
+{
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save the document"), page.workspace().filePath(),
+            tr("YAML documents (*.yaml *.yml);;JSON documents (*.json);;Project files (*.xml)"));
+    if (path.isEmpty())
+        return false;
+    const QStringList losses = page.workspace().lossesIn(path);
+    if (!losses.isEmpty()
+        && QMessageBox::question(this, tr("Save the document"),
+               tr("A project file has no place for some of it. Save it anyway?")
+                   + QStringLiteral("\n\n") + losses.join(QLatin1Char('\n')))
+            != QMessageBox::Yes)
+        return false;
+    const QString error = page.workspace().saveFile(path);
+    if (!error.isEmpty())
+        page.operationBar().showMessage(error);
+    return error.isEmpty();
+}
+
+bool MainWindow::maySave(UnitPage& page)
+{
+    if (!page.workspace().isModified())
+        return true;
+    const auto answer = QMessageBox::question(this, tr("Unsaved changes"),
+        tr("Save the changes to \"%1\"?").arg(page.workspace().title()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return save(page);
+    return answer == QMessageBox::Discard;
+}
+
+void MainWindow::saveCurrent()
+{
+    save(*currentPage());
+}
+
+void MainWindow::saveCurrentAs()
+{
+    saveAs(*currentPage());
+}
+
+void MainWindow::closeCurrent()
+{
+    closePage(m_tabs->currentIndex());
+}
+
+void MainWindow::closePage(int index)
+{
+    auto* page = static_cast<UnitPage*>(m_tabs->widget(index));
+    if (!maySave(*page))
+        return;
+    const UnitWorkspace* closed = &page->workspace();
+    m_tabs->removeTab(index);
+    delete page;
+    const auto isClosed = [closed](const auto& workspace) { return workspace.get() == closed; };
+    m_workspaces.erase(
+        std::remove_if(m_workspaces.begin(), m_workspaces.end(), isClosed), m_workspaces.end());
+    update();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    for (int i = 0; i < m_tabs->count(); ++i) {
+        if (!maySave(*static_cast<UnitPage*>(m_tabs->widget(i)))) {
+            event->ignore();
+            return;
+        }
+    }
+}
+
+void MainWindow::readCurrent()
+{
+    currentPage()->workspace().read();
+}
+
+void MainWindow::writeCurrent()
+{
+    currentPage()->workspace().prepareWriting();
+}
+
+void MainWindow::cancelCurrent()
+{
+    currentPage()->workspace().cancel();
+}
+
+void MainWindow::switchPage()
+{
+    UnitPage* page = currentPage();
+    m_undoGroup->setActiveStack(page ? &page->workspace().document().undoStack() : nullptr);
+    update();
+}
+
+void MainWindow::update()
+{
+    const UnitPage* page = currentPage();
+    const UnitWorkspace* shown = page ? &page->workspace() : nullptr;
+    for (int i = 0; i < m_tabs->count(); ++i) {
+        const UnitWorkspace& workspace = static_cast<UnitPage*>(m_tabs->widget(i))->workspace();
+        m_tabs->setTabText(
+            i, workspace.title() + (workspace.isModified() ? QStringLiteral(" *") : QString()));
+    }
+    const bool isReady = shown && shown->address() && !shown->isBusy();
+    m_read->setEnabled(isReady);
+    m_write->setEnabled(isReady);
+    m_cancel->setEnabled(shown && shown->isBusy());
+    for (QAction* action : {m_save, m_saveAs, m_close})
+        action->setEnabled(shown);
+    setWindowModified(shown && shown->isModified());
+    setWindowTitle(shown ? QStringLiteral("%1[*] - quadrelstudio").arg(shown->title())
+                         : QStringLiteral("quadrelstudio"));
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+        update();
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void MainWindow::retranslate()
+{
+    m_fileMenu->setTitle(tr("&File"));
+    m_editMenu->setTitle(tr("&Edit"));
+    m_unitMenu->setTitle(tr("&Unit"));
+    m_viewMenu->setTitle(tr("&View"));
+    m_toolBar->setWindowTitle(tr("Tools"));
+    m_undoDock->setWindowTitle(tr("Steps"));
+    m_new->setText(tr("&New document"));
+    m_open->setText(tr("&Open..."));
+    m_openUnit->setText(tr("Open a &unit..."));
+    m_save->setText(tr("&Save"));
+    m_saveAs->setText(tr("Save &as..."));
+    m_close->setText(tr("&Close"));
+    m_quit->setText(tr("&Quit"));
+    m_read->setText(tr("&Read"));
+    m_write->setText(tr("&Write..."));
+    m_cancel->setText(tr("&Cancel"));
+    m_undoView->setEmptyLabel(tr("As it was opened"));
+    m_undoView->setAccessibleName(tr("Steps"));
+    m_tabs->setAccessibleName(tr("Units and documents"));
 }

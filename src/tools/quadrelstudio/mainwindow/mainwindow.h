@@ -3,12 +3,86 @@
 
 #pragma once
 
+#include <unitaddress.h>
+#include <unitwork.h>
+
 #include <QtWidgets/QMainWindow>
+
+#include <memory>
+#include <vector>
+
+class QTabWidget;
+class QUndoGroup;
+class QUndoView;
+class UnitPage;
+class UnitWorkspace;
 
 /** The one window of the application: units on the left, their pages beside them. */
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit MainWindow(QWidget* parent = nullptr);
+    explicit MainWindow(
+        const QuadrelWorkspace::WorkOptions& options = {}, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    /** Opens a document, or shows it if it is open; null, and a message, if it can't be read. */
+    UnitPage* openFile(const QString& path);
+    /** Opens the page of a unit, and reads it. */
+    UnitPage* openUnit(const UnitAddress& address);
+    UnitPage* newDocument();
+    /** The page in front; null if there is none. */
+    UnitPage* currentPage() const;
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeActions();
+    QAction* addAction(
+        QMenu* menu, QAction*& action, const QKeySequence& shortcut, void (MainWindow::*act)());
+    UnitPage* addPage(std::unique_ptr<UnitWorkspace> workspace);
+    void closePage(int index);
+    /** Saves, throws away or stays, as the user decides; false: stays. */
+    bool maySave(UnitPage& page);
+    bool save(UnitPage& page);
+    bool saveAs(UnitPage& page);
+    void askForFile();
+    void askForAddress();
+    void saveCurrent();
+    void saveCurrentAs();
+    void closeCurrent();
+    void createDocument() { newDocument(); }
+    void readCurrent();
+    void writeCurrent();
+    void cancelCurrent();
+    void switchPage();
+    void update();
+    void retranslate();
+
+    const QuadrelWorkspace::WorkOptions m_options;
+    QUndoGroup* m_undoGroup;
+    QTabWidget* m_tabs;
+    QDockWidget* m_undoDock;
+    QUndoView* m_undoView;
+    std::vector<std::unique_ptr<UnitWorkspace>> m_workspaces;
+
+    QMenu* m_fileMenu;
+    QMenu* m_editMenu;
+    QMenu* m_unitMenu;
+    QMenu* m_viewMenu;
+    QToolBar* m_toolBar;
+    QAction* m_new = nullptr;
+    QAction* m_open = nullptr;
+    QAction* m_openUnit = nullptr;
+    QAction* m_save = nullptr;
+    QAction* m_saveAs = nullptr;
+    QAction* m_close = nullptr;
+    QAction* m_quit = nullptr;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
+    QAction* m_read = nullptr;
+    QAction* m_write = nullptr;
+    QAction* m_cancel = nullptr;
 };
