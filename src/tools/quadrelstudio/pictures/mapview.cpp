@@ -21,6 +21,9 @@ constexpr qreal gapChars = 16;
 constexpr qreal boxLines = 2.4;
 constexpr qreal rowLines = 2.9;
 
+/** More lines than these are drawn as thin and coarse ones, in time for the next frame. */
+constexpr int mostFineCurves = 500;
+
 enum Layer { EdgeLayer, LitEdgeLayer, BoxLayer };
 
 PictureItem::Mark markOf(const Node& node)
@@ -32,7 +35,10 @@ PictureItem::Mark markOf(const Node& node)
 
 } // namespace
 
-/** The lines between boxes; all in one item, for there may be thousands. */
+/**
+ * The lines between boxes; all in one item, for there may be thousands. Each is drawn by itself: as
+ * one path they would take seconds, for the painter looks for where they cross.
+ */
 class EdgesItem : public QGraphicsItem {
 public:
     EdgesItem(QPalette::ColorRole role, qreal width)
@@ -41,11 +47,14 @@ public:
     {
     }
 
-    void setPath(const QPainterPath& path)
+    void setCurves(const QVector<QPainterPath>& curves)
     {
         prepareGeometryChange();
-        m_path = path;
-        m_bounds = path.controlPointRect().adjusted(-m_width, -m_width, m_width, m_width);
+        m_curves = curves;
+        m_bounds = QRectF();
+        for (const QPainterPath& curve : curves)
+            m_bounds |= curve.controlPointRect();
+        m_bounds.adjust(-m_width, -m_width, m_width, m_width);
     }
 
     QRectF boundingRect() const override { return m_bounds; }
@@ -54,26 +63,30 @@ public:
 
     void paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*) override
     {
-        painter->setPen(QPen(scene()->palette().color(m_role), m_width));
-        painter->drawPath(m_path);
+        const bool isFine = m_curves.size() <= mostFineCurves;
+        painter->setRenderHint(QPainter::Antialiasing, isFine);
+        painter->setPen(QPen(scene()->palette().color(m_role), isFine ? m_width : 0));
+        for (const QPainterPath& curve : m_curves)
+            painter->drawPath(curve);
     }
 
 private:
     QPalette::ColorRole m_role;
     qreal m_width;
-    QPainterPath m_path;
+    QVector<QPainterPath> m_curves;
     QRectF m_bounds;
 };
 
 namespace {
 
-void addCurve(QPainterPath& path, const QRectF& from, const QRectF& to)
+QPainterPath curveBetween(const QRectF& from, const QRectF& to)
 {
     const QPointF start(from.right(), from.center().y());
     const QPointF end(to.left(), to.center().y());
     const qreal middle = (start.x() + end.x()) / 2;
-    path.moveTo(start);
-    path.cubicTo(middle, start.y(), middle, end.y(), end.x(), end.y());
+    QPainterPath curve(start);
+    curve.cubicTo(middle, start.y(), middle, end.y(), end.x(), end.y());
+    return curve;
 }
 
 } // namespace
@@ -113,8 +126,8 @@ void MapView::rebuild()
 void MapView::addColumns()
 {
     const QFontMetricsF metrics(font());
-    const QSizeF box(boxChars * metrics.averageCharWidth(), boxLines * metrics.height());
-    const qreal step = box.width() + gapChars * metrics.averageCharWidth();
+    const QSizeF box(boxChars * letterWidth(font()), boxLines * metrics.height());
+    const qreal step = box.width() + gapChars * letterWidth(font());
     const qreal row = rowLines * metrics.height();
     const qreal margin = row - box.height();
     constexpr int columns = 3;
@@ -141,12 +154,12 @@ void MapView::addEdges()
     QVector<QRectF> places(m_map.nodes.size());
     for (int node = 0; node < m_map.nodes.size(); ++node)
         places[node] = itemOfNumber(node)->sceneBoundingRect();
-    QPainterPath path;
+    QVector<QPainterPath> curves;
     for (const TriggerMap::Edge& edge : m_map.edges)
-        addCurve(path, places.at(edge.from), places.at(edge.to));
+        curves.append(curveBetween(places.at(edge.from), places.at(edge.to)));
     m_edges = new EdgesItem(QPalette::Mid, 1);
     m_litEdges = new EdgesItem(QPalette::Highlight, 2.5);
-    m_edges->setPath(path);
+    m_edges->setCurves(curves);
     m_edges->setZValue(EdgeLayer);
     m_litEdges->setZValue(LitEdgeLayer);
     scene()->addItem(m_edges);
@@ -160,13 +173,13 @@ void MapView::setHovered(int number)
         itemOfNumber(node)->setState(m_lit.isEmpty() ? PictureItem::State::Normal
                 : m_lit.contains(node)               ? PictureItem::State::Lit
                                                      : PictureItem::State::Dimmed);
-    QPainterPath path;
+    QVector<QPainterPath> curves;
     for (const TriggerMap::Edge& edge : m_map.edges) {
         if (m_lit.contains(edge.from) && m_lit.contains(edge.to))
-            addCurve(path, itemOfNumber(edge.from)->sceneBoundingRect(),
-                itemOfNumber(edge.to)->sceneBoundingRect());
+            curves.append(curveBetween(itemOfNumber(edge.from)->sceneBoundingRect(),
+                itemOfNumber(edge.to)->sceneBoundingRect()));
     }
-    m_litEdges->setPath(path);
+    m_litEdges->setCurves(curves);
 }
 
 QString MapView::titleOf(const Node& node) const

@@ -29,6 +29,12 @@ Qt::PenStyle penStyleOf(PictureItem::Mark mark)
 
 } // namespace
 
+qreal letterWidth(const QFont& font)
+{
+    const QString letters = QStringLiteral("abcdefghijklmnopqrstuvwxyz");
+    return QFontMetricsF(font).horizontalAdvance(letters) / letters.size();
+}
+
 PictureItem::PictureItem(int number, const QSizeF& size, const Label& label, const QFont& font)
     : m_number(number)
     , m_size(size)
@@ -76,7 +82,7 @@ void PictureItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWid
                                               : QPalette::Text));
     painter->setFont(m_font);
     const QFontMetricsF metrics(m_font);
-    const qreal margin = metrics.averageCharWidth() / 2;
+    const qreal margin = letterWidth(m_font) / 2;
     const QRectF text = box.adjusted(margin, 0, -margin, 0);
     const int lines = m_label.detail.isEmpty() ? 1 : 2;
     const qreal lineHeight = box.height() / lines;

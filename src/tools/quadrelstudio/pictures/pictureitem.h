@@ -7,6 +7,9 @@
 #include <QtGui/QFont>
 #include <QtWidgets/QGraphicsItem>
 
+/** The width of a usual letter; the mean over a font with Chinese ones is about twice that. */
+qreal letterWidth(const QFont& font);
+
 /** A box of a picture with a title and perhaps a second line, which can be chosen and activated. */
 class PictureItem : public QGraphicsItem {
 public:

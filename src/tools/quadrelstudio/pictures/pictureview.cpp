@@ -27,6 +27,20 @@ constexpr int wheelNotch = 120;
 constexpr qreal pngScale = 2;
 constexpr int mostPngSide = 12000;
 
+/** A scene takes over only what a palette sets itself, and not what it has inherited. */
+QPalette wholePalette(const QPalette& palette)
+{
+    QPalette whole;
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        for (int role = 0; role < QPalette::NColorRoles; ++role) {
+            const auto colorRole = static_cast<QPalette::ColorRole>(role);
+            if (colorRole != QPalette::NoRole)
+                whole.setBrush(group, colorRole, palette.brush(group, colorRole));
+        }
+    }
+    return whole;
+}
+
 } // namespace
 
 PictureView::PictureView(QWidget* parent)
@@ -35,7 +49,7 @@ PictureView::PictureView(QWidget* parent)
     setScene(new QGraphicsScene(this));
     // Few items, all made anew at once: an index costs more than it gives.
     scene()->setItemIndexMethod(QGraphicsScene::NoIndex);
-    scene()->setPalette(palette());
+    scene()->setPalette(wholePalette(palette()));
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     setMouseTracking(true);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -90,7 +104,7 @@ template <typename Draw> void PictureView::onPaper(Draw draw)
     const int current = m_current;
     setCurrentNumber(-1);
     hover(-1);
-    scene()->setPalette(style()->standardPalette());
+    scene()->setPalette(wholePalette(style()->standardPalette()));
     placeHeaders(sceneRect().topLeft());
     draw();
     scene()->setPalette(screen);
@@ -244,7 +258,7 @@ void PictureView::changeEvent(QEvent* event)
 {
     QGraphicsView::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        scene()->setPalette(palette());
+        scene()->setPalette(wholePalette(palette()));
         scene()->update();
     } else if (event->type() == QEvent::FontChange || event->type() == QEvent::LanguageChange) {
         rebuild();

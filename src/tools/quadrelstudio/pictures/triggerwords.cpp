@@ -17,6 +17,7 @@ namespace {
 
 /** Tool tips and boxes show no more of a command. */
 constexpr int shownBytes = 48;
+constexpr int shownEvents = 16;
 
 class Words {
     Q_DECLARE_TR_FUNCTIONS(TriggerWords)
@@ -29,10 +30,14 @@ QString day(const QString& stamp)
     return date.isValid() ? date.toString(Qt::ISODate) : stamp;
 }
 
+/** What of the bytes reads as text, or else all of them as digits. */
 QString shortened(const QByteArray& bytes)
 {
-    const QString text = escapedText(bytes.left(shownBytes));
-    return bytes.size() > shownBytes ? text + QStringLiteral("…") : text;
+    const QByteArray text = longestText(bytes);
+    const QByteArray shown = text.isEmpty() ? bytes : text;
+    const QByteArray start = shown.left(shownBytes);
+    const QString words = text.isEmpty() ? hexText(start) : escapedText(start);
+    return shown.size() > shownBytes ? words + QStringLiteral("…") : words;
 }
 
 QStringList eventLines(const QVector<int>& ids, const EventNames& names)
@@ -40,8 +45,10 @@ QStringList eventLines(const QVector<int>& ids, const EventNames& names)
     if (ids.isEmpty())
         return {Words::tr("Runs nothing")};
     QStringList lines{Words::tr("Runs:")};
-    for (const int id : ids)
+    for (const int id : ids.mid(0, shownEvents))
         lines.append(QStringLiteral("    ") + names.title(id));
+    if (ids.size() > shownEvents)
+        lines.append(Words::tr("    and %n more", "events", ids.size() - shownEvents));
     return lines;
 }
 
@@ -93,7 +100,7 @@ QString title(const TimeTrigger& trigger, const EventNames& names)
     if (!description.isEmpty())
         return description;
     QStringList titles;
-    for (const int id : trigger.eventIds)
+    for (const int id : trigger.eventIds.mid(0, shownEvents))
         titles.append(names.title(id));
     return titles.join(QStringLiteral(", "));
 }
@@ -126,8 +133,7 @@ QString detail(const Trigger& trigger)
     const QString description = trigger.description.simplified();
     if (!description.isEmpty() || trigger.kind == TriggerKind::Io)
         return description;
-    return trigger.kind == TriggerKind::Com ? shortened(trigger.parameter)
-                                            : hexText(trigger.parameter.left(shownBytes));
+    return shortened(trigger.parameter);
 }
 
 QString toolTip(const Trigger& trigger, const EventNames& names)

@@ -93,6 +93,9 @@ void WeekPicture::layOut()
     layout->addWidget(m_view, 1);
     layout->addWidget(m_silentTitle);
     layout->addWidget(m_silent);
+    const QVector<QWidget*> order{m_before, m_today, m_after, m_date, m_tools, m_view, m_silent};
+    for (int i = 1; i < order.size(); ++i)
+        setTabOrder(order.at(i - 1), order.at(i));
 }
 
 void WeekPicture::connectWidgets()

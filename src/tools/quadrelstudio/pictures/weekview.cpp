@@ -3,27 +3,29 @@
 
 #include "weekview.h"
 
-#include "pictureitem.h"
 #include "triggerwords.h"
 
 #include "editors/weekdays.h"
 
 #include <QtGui/QPainter>
+#include <QtGui/QResizeEvent>
 #include <QtWidgets/QGraphicsScene>
+#include <QtWidgets/QScrollBar>
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 using namespace QuadrelDocument;
 
 namespace {
 
 constexpr int hoursOfDay = 24;
-constexpr int blockMinutes = 30;
+constexpr int blockMinutes = 20;
 constexpr qreal blockLines = 1.35;
 constexpr qreal headerLines = 2.5;
-constexpr qreal leastDayChars = 20;
-constexpr qreal laneChars = 16;
+constexpr qreal leastDayChars = 17;
+constexpr qreal laneChars = 12;
 constexpr qreal blockGap = 2;
 
 enum Layer { GridLayer, BlockLayer, NowLayer, HoursLayer, DaysLayer };
@@ -70,24 +72,27 @@ private:
 /** Where days and hours are in the picture. */
 class WeekGrid {
 public:
-    WeekGrid(const QFont& font, const WeekPlan& plan, const QVector<Lane>& lanes)
+    /** Days are as wide as they need to be, and share what is left of `width`. */
+    WeekGrid(const QFont& font, qreal width, const WeekPlan& plan, const QVector<Lane>& lanes)
         : m_metrics(font)
+        , m_letter(letterWidth(font))
     {
-        m_dayStarts[0] = hoursWidth();
-        for (int day = 0; day < WeekPlan::days; ++day) {
-            int most = 1;
-            for (int i = 0; i < plan.firings.size(); ++i) {
-                if (plan.firings.at(i).day == day)
-                    most = qMax(most, lanes.at(i).lanes);
-            }
-            const qreal chars = qMax(leastDayChars, most * laneChars);
-            m_dayStarts[day + 1] = m_dayStarts[day] + chars * m_metrics.averageCharWidth();
+        std::array<qreal, WeekPlan::days> widths;
+        widths.fill(leastDayChars * m_letter);
+        for (int i = 0; i < plan.firings.size(); ++i) {
+            qreal& width = widths.at(plan.firings.at(i).day);
+            width = qMax(width, lanes.at(i).lanes * laneChars * m_letter);
         }
+        const qreal needed = std::accumulate(widths.begin(), widths.end(), hoursWidth());
+        const qreal spare = qMax(0.0, width - needed) / WeekPlan::days;
+        m_dayStarts[0] = hoursWidth();
+        for (int day = 0; day < WeekPlan::days; ++day)
+            m_dayStarts[day + 1] = m_dayStarts[day] + widths[day] + spare;
     }
 
     qreal hoursWidth() const
     {
-        return m_metrics.horizontalAdvance(QStringLiteral("00:00 ")) + m_metrics.averageCharWidth();
+        return m_metrics.horizontalAdvance(QStringLiteral("00:00 ")) + m_letter;
     }
     qreal headerHeight() const { return headerLines * m_metrics.height(); }
     qreal blockHeight() const { return blockLines * m_metrics.height(); }
@@ -113,6 +118,7 @@ public:
 
 private:
     QFontMetricsF m_metrics;
+    qreal m_letter;
     std::array<qreal, WeekPlan::days + 1> m_dayStarts;
 };
 
@@ -244,13 +250,36 @@ void WeekView::rebuild()
     m_hours = nullptr;
     m_nowLine = nullptr;
     clear();
-    const WeekGrid grid(font(), m_plan, m_lanes);
+    const WeekGrid grid(font(), viewport()->width(), m_plan, m_lanes);
     addGrid(grid);
     addHeaders(grid);
     addBlocks(grid);
     addNow(grid);
     setSceneRect(grid.area());
     placeHeaders(mapToScene(QPoint(0, 0)));
+}
+
+void WeekView::resizeEvent(QResizeEvent* event)
+{
+    PictureView::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        rebuild();
+}
+
+/** Nights are empty: the first block is in view, with an hour before it. */
+void WeekView::showEvent(QShowEvent* event)
+{
+    PictureView::showEvent(event);
+    const PictureItem* first = nullptr;
+    for (int i = 0; i < itemCount(); ++i) {
+        const PictureItem* item = itemOfNumber(i);
+        if (!first || item->y() < first->y())
+            first = item;
+    }
+    if (event->spontaneous() || !first)
+        return;
+    const qreal above = first->y() - 4 * first->boundingRect().height();
+    verticalScrollBar()->setValue(qRound(qMax(0.0, above) * transform().m22()));
 }
 
 void WeekView::placeHeaders(const QPointF& corner)
@@ -304,17 +333,24 @@ void WeekView::addHeaders(const WeekGrid& grid)
     scene()->addItem(m_hours);
 }
 
+PictureItem::Label WeekView::labelOf(const TimeTrigger& trigger) const
+{
+    PictureItem::Label label;
+    label.title = trigger.time + QLatin1Char(' ') + TriggerWords::title(trigger, m_names);
+    label.toolTip = TriggerWords::toolTip(trigger, m_names, m_firstWeekday);
+    label.mark = markOf(trigger, m_names);
+    return label;
+}
+
 void WeekView::addBlocks(const WeekGrid& grid)
 {
+    QVector<PictureItem::Label> labels;
+    for (const TimeTrigger& trigger : m_triggers)
+        labels.append(labelOf(trigger));
     for (int i = 0; i < m_plan.firings.size(); ++i) {
         const WeekPlan::Firing& firing = m_plan.firings.at(i);
-        const TimeTrigger& trigger = m_triggers.at(firing.trigger);
         const QRectF place = grid.block(firing, m_lanes.at(i));
-        PictureItem::Label label;
-        label.title = trigger.time + QLatin1Char(' ') + TriggerWords::title(trigger, m_names);
-        label.toolTip = TriggerWords::toolTip(trigger, m_names, m_firstWeekday);
-        label.mark = markOf(trigger, m_names);
-        auto* block = new PictureItem(i, place.size(), label, font());
+        auto* block = new PictureItem(i, place.size(), labels.at(firing.trigger), font());
         block->setZValue(BlockLayer);
         addBox(block, place.topLeft());
     }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "pictureitem.h"
 #include "pictureview.h"
 #include "weekplan.h"
 
@@ -43,6 +44,8 @@ signals:
 protected:
     void rebuild() override;
     void placeHeaders(const QPointF& corner) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void makePlan();
@@ -50,6 +53,7 @@ private:
     void addHeaders(const WeekGrid& grid);
     void addBlocks(const WeekGrid& grid);
     void addNow(const WeekGrid& grid);
+    PictureItem::Label labelOf(const QuadrelDocument::TimeTrigger& trigger) const;
     int today() const;
 
     QVector<QuadrelDocument::TimeTrigger> m_triggers;
