@@ -24,7 +24,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 /**
  * Carries frames of an UnPackage to a unit, and the replies back.
@@ -147,6 +146,7 @@ private:
 
     // Of the operation's thread alone.
     UnitConnector m_connector;
-    std::vector<char> m_buffer;
+    /** Of receiveBufferSize bytes, which take no memory until something comes in. */
+    const std::unique_ptr<char[]> m_buffer;
     InputWait m_input;
 };

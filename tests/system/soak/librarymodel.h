@@ -6,6 +6,7 @@
 #include "devicemanagermodel.h"
 #include "faultytransport.h"
 #include "modelmanagement.h"
+#include "soakrun.h"
 #include "unitmodel.h"
 
 #include <QtCore/QStringList>
@@ -13,11 +14,6 @@
 #include <functional>
 #include <memory>
 #include <vector>
-
-/** A difference between the library and its model. */
-struct Difference {
-    QString text;
-};
 
 /**
  * What the library must do, step by step, described anew from the outside: it goes through the
