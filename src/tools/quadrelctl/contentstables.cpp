@@ -8,10 +8,10 @@
 #include "table.h"
 #include "tool.h"
 
+#include <readabletext.h>
+
 #include <QtCore/QHash>
 #include <QtCore/QStringList>
-
-#include <algorithm>
 
 using namespace QuadrelDocument;
 
