@@ -11,17 +11,18 @@
 
 namespace QuadrelDocument {
 
-/** What is written in one go. */
+/** What is written together. */
 enum class Table {
     /** Serial ports and IO lines. */
     Config,
-    Events,
+    Events, ///< all events
     /** Triggers and time triggers. */
     Triggers
 };
 
 /** "config", "events" or "triggers". */
 QString tableName(Table table);
+/** The sections that the table holds. */
 QVector<Section> sectionsOf(Table table);
 
 /** What a plan may do. */
@@ -45,7 +46,9 @@ struct Plan {
     /** Errors forbid the plan. Of what the unit held before, none is new: those are warnings. */
     Findings findings;
 
+    /** Whether nothing forbids the plan. */
     bool isAllowed() const { return !hasErrors(findings); }
+    /** Whether there is nothing to write. */
     bool isEmpty() const { return tables.isEmpty(); }
 };
 
