@@ -52,7 +52,19 @@ struct Plan {
     bool isEmpty() const { return tables.isEmpty(); }
 };
 
-/** `held` is a whole read of the unit; positions are those of the wanted contents. */
+/**
+ * What has to be written, so that a unit stores what is wanted. `held` is a whole read of the unit;
+ * positions are those of the wanted contents.
+ *
+ * @code
+ * const LoadedFile file = loadFile("hall.yaml");
+ * const Plan plan = makePlan(file.contents, held, {}, file.positions);
+ * for (const Finding& finding : plan.findings)
+ *     out << messageOf(finding, "hall.yaml") << '\n';
+ * if (plan.isAllowed())
+ *     out << differenceText(plan.difference);
+ * @endcode
+ */
 Plan makePlan(const Contents& wanted, const Contents& held, const PlanOptions& options = {},
     const Positions& positions = Positions());
 
