@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
+#include "patience.h"
 #include "simulatedsite.h"
 
 #include <QtCore/QDir>
@@ -11,6 +12,11 @@
 #include <csignal>
 
 namespace {
+
+QByteArray runState(SimulatedSite& site)
+{
+    return ControlTool::contentsOf(site.tool.path(QStringLiteral("site.write-run.yaml")));
+}
 
 const char* const newEvent = "set|events[60]={delay: 500}";
 
@@ -154,9 +160,9 @@ void TestSiteChange::refusesACommand_data()
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("error");
     QTest::newRow("not for a unit") << QStringLiteral("run|--|backups")
-                                    << QStringLiteral("\"backups\" is no command for a unit\n");
+                                    << QStringLiteral("\"backups\" is not a command for a unit\n");
     QTest::newRow("unknown") << QStringLiteral("run|--|x")
-                             << QStringLiteral("\"x\" is no command for a unit\n");
+                             << QStringLiteral("\"x\" is not a command for a unit\n");
     QTest::newRow("unit") << QStringLiteral("run|--|info|--unit|x")
                           << QStringLiteral("the command gets each unit; leave --unit out\n");
     QTest::newRow("none") << QStringLiteral("run") << QStringLiteral("command is required\n");
@@ -284,8 +290,7 @@ void TestSiteChange::stopsAfterFailures()
                                                    "failed     1      u-2\n"
                                                    "not begun  1      u-3\n")),
         qPrintable(result.output));
-    const QByteArray state =
-        ControlTool::contentsOf(site.tool.path(QStringLiteral("site.write-run.yaml")));
+    const QByteArray state = runState(site);
     QVERIFY2(state.contains("name: \"u-1\"\n    state: done"), state.constData());
     QVERIFY2(state.contains("name: \"u-2\"\n    state: failed"), state.constData());
     QVERIFY2(state.contains("name: \"u-3\"\n    state: waiting"), state.constData());
@@ -401,12 +406,14 @@ void TestSiteChange::refusesToResume()
 /** The unit at work is finished, and the next one not begun. */
 void TestSiteChange::finishesUnitsWhenInterrupted()
 {
-    SimulatedSite site(2, {QStringLiteral("--latency"), QStringLiteral("10")});
+    SimulatedSite site(2);
     site.saveDocuments();
     QCOMPARE(site.run(newEvent).exitCode, 0);
+    site.switchOff();
+    site.switchOn({QStringLiteral("--latency"), QStringLiteral("30")});
     Program process;
     site.tool.start(process, site.arguments("write|--jobs|1|--canary|1|--yes"));
-    QVERIFY2(process.waitForError(QStringLiteral("stage 1 of 2\n")), qPrintable(process.errors()));
+    TRY_VERIFY(runState(site).contains("state: at work"));
     QVERIFY(process.sendSignal(SIGINT));
     const ToolResult result = ControlTool::resultOf(process);
     QVERIFY2(result.errors.contains(QStringLiteral(
@@ -431,10 +438,11 @@ void TestSiteChange::endsUnitsWhenInterruptedTwice()
     site.saveDocuments();
     QCOMPARE(site.run(newEvent).exitCode, 0);
     site.switchOff();
-    site.switchOn({QStringLiteral("--latency"), QStringLiteral("20")});
+    // In the middle of the write, for ever.
+    site.switchOn({QStringLiteral("--fault"), QStringLiteral("hang@150")});
     Program process;
-    site.tool.start(process, site.arguments("write|--yes|--canary|1|--batch|1"));
-    QVERIFY2(process.waitForError(QStringLiteral("u-1: planned")), qPrintable(process.errors()));
+    site.tool.start(process, site.arguments("write|--yes|--timeout|600000"));
+    TRY_VERIFY(runState(site).contains("state: at work"));
     QVERIFY(process.sendSignal(SIGINT));
     QVERIFY(process.waitForError(QStringLiteral("interrupted: ")));
     QVERIFY(process.sendSignal(SIGINT));
@@ -446,6 +454,8 @@ void TestSiteChange::endsUnitsWhenInterruptedTwice()
         qPrintable(result.errors));
     QCOMPARE(result.exitCode, 130);
     // Whatever state it was in, the run that goes on makes it whole.
+    site.switchOff();
+    site.switchOn();
     QCOMPARE(site.run("write|--resume|--yes").exitCode, 0);
     QCOMPARE(site.run("diff").exitCode, 0);
 }

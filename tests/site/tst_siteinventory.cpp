@@ -74,7 +74,7 @@ void TestSiteInventory::refusesToAdd_data()
         << QStringLiteral(
                "DIR/site.yaml: inventory:10:14: another unit has the address \"PORT\" too\n");
     QTest::newRow("no name") << QStringLiteral("add|a/b|192.168.1.9")
-                             << QStringLiteral("DIR/site.yaml: inventory:9:11: \"a/b\" is no name");
+                             << QStringLiteral("DIR/site.yaml: inventory:9:11: \"a/b\" is not a name");
 }
 
 void TestSiteInventory::refusesToAdd()
@@ -183,9 +183,10 @@ void TestSiteInventory::refusesUsage_data()
     const QString help = QStringLiteral("Run with --help for more information.\n");
     QTest::newRow("no command") << QString() << QStringLiteral("a command is required\n") + help
                                 << 2;
-    QTest::newRow("misspelt") << QStringLiteral(
-        "stauts") << QStringLiteral("\"stauts\" is no command; did you mean \"status\"?\n") + help
-                              << 2;
+    QTest::newRow("misspelt") << QStringLiteral("stauts")
+                              << QStringLiteral(
+                                     "\"stauts\" is not a command; did you mean \"status\"?\n")
+            + help << 2;
     QTest::newRow("unknown tag") << QStringLiteral("status|--tag|x")
                                  << QStringLiteral("DIR/site.yaml: no unit has the tag \"x\"\n")
                                  << 1;

@@ -18,7 +18,7 @@
 namespace {
 
 constexpr int unitCount = 50;
-/** Slower than the others, so that its power can be pulled in the middle of a write. */
+/** Made slow, so that its power can be pulled in the middle of a write. */
 constexpr int slowUnit = 50;
 constexpr int changedUnit = 7;
 
@@ -43,17 +43,14 @@ public:
 
     static QString addressOf(int unit) { return QStringLiteral("192.168.1.%1").arg(100 + unit); }
 
-    void switchOn(int unit)
+    void switchOn(int unit, const QStringList& more = {})
     {
         auto process = std::make_unique<NamespaceProcess>(*m_hosts.at(index(unit)));
-        QStringList arguments{QStringLiteral("--sample"), QStringLiteral("--discovery"),
+        const QStringList arguments{QStringLiteral("--sample"), QStringLiteral("--discovery"),
             QStringLiteral("--listen"), addressOf(unit), QStringLiteral("--serial"),
             QString::number(310000000 + unit), QStringLiteral("--memory"),
             m_tool.path(QStringLiteral("memory-%1").arg(unit))};
-        if (unit == slowUnit)
-            arguments +=
-                {QStringLiteral("--verbose"), QStringLiteral("--latency"), QStringLiteral("20")};
-        if (!process->launch(QStringLiteral(QUADRELSIM_PATH), arguments)
+        if (!process->launch(QStringLiteral(QUADRELSIM_PATH), arguments + more)
             || process->waitForLine("answering searches").isEmpty())
             qFatal("unit %d does not start: %s", unit, qPrintable(process->errors()));
         m_units.at(index(unit)) = std::move(process);
@@ -184,6 +181,9 @@ void TestSiteWalk::findsKeepsChangesAndMends()
         qPrintable(result.errors));
 
     // Resumed; one unit's power is pulled during its write.
+    building.pullPower(slowUnit);
+    building.switchOn(
+        slowUnit, {QStringLiteral("--verbose"), QStringLiteral("--latency"), QStringLiteral("60")});
     NamespaceProcess resumed(building.ownHost());
     building.start(resumed, Building::siteArguments("write --resume --jobs 4 --retries 0 --yes"));
     QVERIFY(building.unit(slowUnit).waitForError(QStringLiteral(", write ")));

@@ -179,6 +179,11 @@ void TestUnitFaults::repeatsItselfByItsSeed()
     other.addShare(FaultKind::Drop, 0.5);
     QCOMPARE(pattern(faults, 200), pattern(same, 200));
     QVERIFY(pattern(faults, 200) != pattern(other, 200));
+    UnitFaults usual;
+    usual.addShare(FaultKind::Drop, 0.5);
+    UnitFaults zero(0);
+    zero.addShare(FaultKind::Drop, 0.5);
+    QCOMPARE(pattern(usual, 200), pattern(zero, 200));
 
     // A rule for one reply does not move the luck of the others.
     UnitFaults more(12);
@@ -283,7 +288,7 @@ void TestUnitFaults::refusesTexts_data()
     QTest::addColumn<QString>("reason");
     for (const char* text : {"", "drop", "drop@", "drop@x", "drop%", "drop%-1", "@1", "dropp@1",
              "Drop@1", "drop@1 ", "drop:@1", "drop@1%2", "delay:x@1", "delay:-1@1"}) {
-        QTest::newRow(text) << text << "is no fault: write KIND@N or KIND%PERCENT";
+        QTest::newRow(text) << text << "is not a fault: write KIND@N or KIND%PERCENT";
     }
     QTest::newRow("drop:5@1") << "drop:5@1"
                               << "only a delay takes milliseconds";

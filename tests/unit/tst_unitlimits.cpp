@@ -42,6 +42,7 @@ private slots:
     void boundsLateRepliesOfAConnection();
     void boundsLateRepliesWithoutBytes();
     void goesOnAfterLateReplies();
+    void goesOnAfterLateRepliesWithoutBytes();
     void boundsLateDatagrams();
     void answersWhoSendsNoMore_data();
     void answersWhoSendsNoMore();
@@ -289,6 +290,19 @@ void TestUnitLimits::goesOnAfterLateReplies()
     for (int i = 0; i < 20; ++i)
         client.send(largeRead());
     TRY_COMPARE(client.bytes().size(), 20 * 65555);
+}
+
+void TestUnitLimits::goesOnAfterLateRepliesWithoutBytes()
+{
+    constexpr int requests = 20000;
+    // Time enough for all that it takes before the first reply is due.
+    m_server->setLatency(500);
+    m_server->faults().addShare(FaultKind::Drop, 1);
+    UnitClient client(m_server->port());
+    client.socket().write(UnitFrame::readRequest(1, 0, 0).encode().repeated(requests));
+    TRY_COMPARE(m_served->size(), requests);
+    QVERIFY(client.isConnected());
+    QVERIFY(client.bytes().isEmpty());
 }
 
 void TestUnitLimits::boundsLateDatagrams()

@@ -177,6 +177,9 @@ void TestUnitUpgrade::tellsWhatIsWrong_data()
     QTest::newRow("data instead of a start word")
         << 6 << quint32(0x18000000) << QByteArray(10, 'x')
         << "got 78 78 78 78 78 78 78 78 ... at 0x18000000 where 09 72 at 0x18200002 was due";
+    QTest::newRow("as much data as is shown")
+        << 6 << quint32(0x18000000) << QByteArray(8, 'x')
+        << "got 78 78 78 78 78 78 78 78 at 0x18000000 where 09 72 at 0x18200002 was due";
     QTest::newRow("start word") << 6 << quint32(0x18200002) << QByteArray::fromHex("7209")
                                 << "got 72 09 at 0x18200002 where 09 72 at 0x18200002 was due";
     QTest::newRow("second length") << 8 << quint32(0x01F00000) << littleEndian(11)

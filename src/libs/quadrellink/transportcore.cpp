@@ -12,7 +12,7 @@ using namespace QuadrelFrame;
 namespace {
 
 /** More than any datagram, and many frames of a stream. */
-constexpr std::size_t receiveBufferSize = std::size_t{128} * 1024;
+constexpr int receiveBufferSize = 128 * 1024;
 /** What came between two operations is read in so many pieces at most. */
 constexpr int leftoverPieces = 16;
 constexpr int usualUdpRetries = 3;
@@ -50,7 +50,7 @@ TransportCore::TransportCore(
     , m_log(options.log)
     , m_observer(std::move(observer))
     , m_connector(address)
-    , m_buffer(receiveBufferSize)
+    , m_buffer(new char[receiveBufferSize])
 {
 }
 
@@ -127,8 +127,7 @@ void TransportCore::leaveUnusableSocket()
 {
     for (int i = 0; m_socket && i < leftoverPieces; ++i) {
         std::error_code error;
-        const int size =
-            m_socket->receive(m_buffer.data(), static_cast<int>(m_buffer.size()), error);
+        const int size = m_socket->receive(m_buffer.get(), receiveBufferSize, error);
         if (size == 0)
             break;
         takeReceived(size, error);
@@ -233,7 +232,7 @@ void TransportCore::awaitInput(const Deadline& limit)
     if (events.isWoken)
         m_wake.clear();
     if (events.hasInput)
-        size = socket->receive(m_buffer.data(), static_cast<int>(m_buffer.size()), error);
+        size = socket->receive(m_buffer.get(), receiveBufferSize, error);
     m_mutex.lock();
 
     if (size != 0 && socket == m_socket)
@@ -250,9 +249,9 @@ void TransportCore::takeReceived(int size, const std::error_code& error)
         return;
     }
     if (m_socket->isDatagram())
-        m_reader.appendDatagram(m_buffer.data(), size);
+        m_reader.appendDatagram(m_buffer.get(), size);
     else
-        m_reader.append(m_buffer.data(), size);
+        m_reader.append(m_buffer.get(), size);
     takeFrames();
     if (m_reader.fault() != ReplyReader::NoFault)
         takeFault(faultOf(m_reader.fault()));
@@ -412,5 +411,6 @@ LinkFailure TransportCore::faultOf(ReplyReader::Fault fault) const
     if (fault == ReplyReader::WrongChecksum)
         return {LinkError::DamagedReply,
             tr("%1 sent a damaged reply: its checksum is wrong").arg(m_unit)};
-    return {LinkError::NotAReply, tr("%1 sent something that is no reply of a unit").arg(m_unit)};
+    return {
+        LinkError::NotAReply, tr("%1 sent something that is not a reply of a unit").arg(m_unit)};
 }

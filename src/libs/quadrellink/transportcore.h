@@ -24,7 +24,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <vector>
 
 /**
  * Carries frames of an UnPackage to a unit, and the replies back.
@@ -128,7 +127,7 @@ private:
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
     int m_timesSent LINK_GUARDED_BY(m_mutex) = 0;
-    /** The frame is still to go out, or to go out again. */
+    /** The frame has to be sent, or to be sent again. */
     bool m_isUnsent LINK_GUARDED_BY(m_mutex) = false;
     LinkFailure m_lastFailure LINK_GUARDED_BY(m_mutex);
     /** What came instead of a reply, in this exchange. */
@@ -147,6 +146,7 @@ private:
 
     // Of the operation's thread alone.
     UnitConnector m_connector;
-    std::vector<char> m_buffer;
+    /** Of receiveBufferSize bytes, which take no memory until something comes in. */
+    const std::unique_ptr<char[]> m_buffer;
     InputWait m_input;
 };

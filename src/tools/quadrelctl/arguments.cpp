@@ -45,7 +45,7 @@ Words::iterator findCommand(const CLI::App& app, Words::iterator it, Words::iter
         const bool skipsNext = isFollowedByArgument(app, *it) && it + 1 != end;
         it += skipsNext ? 2 : 1;
     }
-    // What follows "--" is no command.
+    // What follows "--" is not a command.
     return it != end && *it == "--" ? end : it;
 }
 

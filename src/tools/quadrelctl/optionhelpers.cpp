@@ -53,7 +53,7 @@ CLI::Validator isUnitAddress()
 {
     return accept(
         [](const QString& text) { return Preferences::user().addressOf(text).has_value(); },
-        Tool::tr("\"%1\" is no address of a unit: tcp://HOST:PORT or udp://HOST:PORT"));
+        Tool::tr("\"%1\" is not an address of a unit: tcp://HOST:PORT or udp://HOST:PORT"));
 }
 
 void addStreamedImage(CLI::App* app, QString& target)
@@ -79,16 +79,20 @@ CLI::Option* addClockTime(CLI::App* app, QString& time)
         Tool::tr("\"now\", or a time like \"2026/11/14  06:05:49\", with two blanks"), time)
         ->type_name("TIME")
         ->check(accept(isClockText,
-            Tool::tr("\"%1\" is no time of the years 2000 to 2099 in the form "
+            Tool::tr("\"%1\" is not a time of the years 2000 to 2099 in the form "
                      "\"2026/11/14  06:05:49\", with two blanks")));
 }
 
-void translate(CLI::App& app)
+void translateHelp(CLI::App& app)
 {
     app.set_help_flag("-h,--help", Tool::tr("Print this help and exit").toStdString());
     const std::string options = Tool::tr("Options").toStdString();
     app.option_defaults()->group(options);
     app.get_help_ptr()->group(options);
+}
+
+void translateLabels(CLI::App& app)
+{
     const auto label = [&app](const char* key, const QString& text) {
         app.get_formatter()->label(key, text.toStdString());
     };

@@ -57,7 +57,7 @@ void addNumber(CLI::App* app, const char* name, const QString& help, const char*
         const std::optional<quint64> number = numberOf(text);
         return number && least <= *number && *number <= most;
     };
-    QString complaint = Tool::tr("\"%1\" is no number from %2 to %3");
+    QString complaint = Tool::tr("\"%1\" is not a number from %2 to %3");
     complaint.replace(QStringLiteral("%2"), QString::number(least));
     complaint.replace(QStringLiteral("%3"), QString::number(most));
     addText(app, name, help, [store](const QString& text) { store(*numberOf(text)); })
@@ -93,12 +93,13 @@ template <typename Options> void addImages(CLI::App* app, Options& options)
         Tool::tr("The upgrade's descriptor; model and version are compared with the unit's"),
         options.descriptorFile);
     addFlag(app, "--force",
-        Tool::tr("Go on with files that look wrong, or with the version that is installed"),
-        options.force);
+        Tool::tr("Accept files that look wrong, or the version that is installed"), options.force);
 }
 
-/** Usage and options in the user's language; subcommands inherit the labels and not the help. */
-void translate(CLI::App& app);
+/** The help option in the user's language, which subcommands do not inherit. */
+void translateHelp(CLI::App& app);
+/** The words around usage and options in the user's language, for all subcommands too. */
+void translateLabels(CLI::App& app);
 
 /** The end of the help; each example is what follows the program's name. */
 void addExamplesTo(CLI::App* app, std::initializer_list<const char*> examples);
@@ -110,7 +111,7 @@ template <typename Options> struct Subcommand {
         : app(app.add_subcommand(name, help.toStdString()))
         , options(std::make_shared<Options>())
     {
-        translate(*this->app);
+        translateHelp(*this->app);
         this->app->group(Tool::tr("Commands").toStdString());
         this->app->fallthrough();
         this->app->callback(

@@ -76,7 +76,7 @@ void addSave(CLI::App& app, CommandLine& line)
 void addRead(CLI::App& app, CommandLine& line)
 {
     const Subcommand<ReadOptions> read(
-        app, line, "read", Tool::tr("Read all that a unit stores"), runRead);
+        app, line, "read", Tool::tr("Read everything that a unit stores"), runRead);
     CLI::Option* unit = addUnit(read.app, read.options->unit);
     CLI::Option* discover = addFlag(read.app, "--discover",
         Tool::tr("Read the only unit that a search of the network finds"), read.options->discover);
@@ -86,7 +86,7 @@ void addRead(CLI::App& app, CommandLine& line)
             throw CLI::RequiredError::Option(1, 1, given, "--unit,--discover");
     });
     addJson(read.app, read.options->json);
-    addOnly(read.app, Tool::tr("Show and save these sections alone: %1"), read.options->only);
+    addOnly(read.app, Tool::tr("Show and save only these sections: %1"), read.options->only);
     addFile(read.app, "--save",
         Tool::tr("Save to a document, .yaml or .json, or to a project file, .xml"),
         read.options->file);
@@ -161,7 +161,7 @@ void addWrite(CLI::App& app, CommandLine& line)
     WriteOptions& options = *write.options;
     addUnit(write.app, options.unit)->required();
     addFile(write.app, "file", Tool::tr("A document or a project file"), options.file)->required();
-    addOnly(write.app, Tool::tr("Write these sections alone: %1"), options.only);
+    addOnly(write.app, Tool::tr("Write only these sections: %1"), options.only);
     addDryRun(write.app, options.dryRun);
     addFlag(write.app, "--other-unit",
         Tool::tr("Write what another unit holds; address, serial number and model stay"),
@@ -249,8 +249,8 @@ void addEdit(CLI::App& app, CommandLine& line)
 
 void addUndo(CLI::App& app, CommandLine& line)
 {
-    const Subcommand<UndoOptions> undo(app, line, "undo",
-        Tool::tr("Bring back what a unit held before its last change from here"), runUndo);
+    const Subcommand<UndoOptions> undo(
+        app, line, "undo", Tool::tr("Undo the last change to a unit from this computer"), runUndo);
     addUnit(undo.app, undo.options->unit)->required();
     addDryRun(undo.app, undo.options->dryRun);
     undo.addExamples({"undo --unit hall --dry-run", "undo --unit hall"});
@@ -259,9 +259,9 @@ void addUndo(CLI::App& app, CommandLine& line)
 void addBackups(CLI::App& app, CommandLine& line)
 {
     const Subcommand<BackupsOptions> backups(app, line, "backups",
-        Tool::tr("List what was kept of units before they were changed"), runBackups);
+        Tool::tr("List the backups that were made before changes"), runBackups);
     BackupsOptions& options = *backups.options;
-    addNumber(backups.app, "--serial", Tool::tr("Those of the unit with this serial number alone"),
+    addNumber(backups.app, "--serial", Tool::tr("Only those of the unit with this serial number"),
         "N", 0, std::numeric_limits<quint64>::max(),
         [&options](quint64 number) { options.serialNumber = number; });
     addJson(backups.app, options.json);
@@ -278,7 +278,8 @@ void addNetwork(CLI::App& app, CommandLine& line)
         addText(network.app, name, help, target)
             ->type_name("A.B.C.D")
             ->required()
-            ->check(accept(QuadrelWorkspace::isIpv4Text, Tool::tr("\"%1\" is no IPv4 address")));
+            ->check(
+                accept(QuadrelWorkspace::isIpv4Text, Tool::tr("\"%1\" is not an IPv4 address")));
     };
     addAddress("--ip", Tool::tr("The new address"), options.ip);
     addAddress("--mask", Tool::tr("The subnet mask"), options.mask);
@@ -359,8 +360,8 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options)
         [&options](quint64 number) { options.timeout = static_cast<int>(number); });
     addNumber(&app, "--retries", Tool::tr("How often a request without an answer is repeated"), "N",
         0, mostRetries, [&options](quint64 number) { options.retries = static_cast<int>(number); });
-    addText(&app, "--log", Tool::tr("Write down each frame in a file; - for standard error"),
-        options.logFile)
+    addText(
+        &app, "--log", Tool::tr("Log each frame to a file; - is standard error"), options.logFile)
         ->type_name("FILE");
     addNumber(&app, "--expect-serial",
         Tool::tr("The serial number that the unit must have; another unit is a failure"), "N", 1,
@@ -369,7 +370,7 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options)
     addNumber(&app, "--expect-model", Tool::tr("The model that the unit must be of, as in 0x7209"),
         "N", 0, std::numeric_limits<quint16>::max(),
         [&options](quint64 number) { options.expectedModel = static_cast<int>(number); });
-    addFlag(&app, "--quiet", Tool::tr("Show results, warnings and errors alone"), options.quiet);
+    addFlag(&app, "--quiet", Tool::tr("Show only results, warnings and errors"), options.quiet);
     addFlag(&app, "--yes", Tool::tr("Do not ask"), options.yes);
     // For the program that runs this one, not for people.
     addFlag(&app, "--report-steps", QString(), options.reportSteps)->group("");
@@ -437,7 +438,8 @@ CommandLine CommandLine::parse(int argc, char** argv)
 {
     CLI::App app(Tool::tr("Configure a control unit over the network.").toStdString());
     app.name("quadrelctl");
-    translate(app);
+    translateHelp(app);
+    translateLabels(app);
     app.set_version_flag("--version",
         ("quadrelctl " + QCoreApplication::applicationVersion()).toStdString(),
         Tool::tr("Print the version and exit").toStdString());
@@ -450,7 +452,7 @@ CommandLine CommandLine::parse(int argc, char** argv)
     const std::vector<std::string> arguments = Arguments::commandFirst(app, argc, argv);
     const Arguments::Command command = Arguments::commandOf(app, arguments);
     if (!command.unknown.empty())
-        return refuse(unknown(Tool::tr("\"%1\" is no command"), toText(command.unknown),
+        return refuse(unknown(Tool::tr("\"%1\" is not a command"), toText(command.unknown),
             Arguments::commandNames(*command.app)));
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

@@ -196,8 +196,9 @@ void takeCommand(const CLI::App& app, SiteRunOptions& options)
         return command->get_name() == name && command->get_option_no_throw("--unit");
     });
     if (commands.empty())
-        throw CLI::ParseError(
-            Tool::tr("\"%1\" is no command for a unit").arg(options.command.first()).toStdString(),
+        throw CLI::ParseError(Tool::tr("\"%1\" is not a command for a unit")
+                                  .arg(options.command.first())
+                                  .toStdString(),
             CLI::ExitCodes::ValidationError);
     const auto takes = [&commands](const char* option) {
         return commands.front()->get_option_no_throw(option) != nullptr;
@@ -280,7 +281,7 @@ void addSite(CLI::App& app, CommandLine& line)
 {
     CLI::App* site =
         app.add_subcommand("site", Tool::tr("Work with the many units of a site").toStdString());
-    translate(*site);
+    translateHelp(*site);
     site->group(Tool::tr("Commands").toStdString());
     site->fallthrough();
     site->require_subcommand(1);
