@@ -3,6 +3,7 @@
 
 #include "mainwindow.h"
 
+#include "dialogs/plandialog.h"
 #include "pages/operationbar.h"
 #include "units/unitpage.h"
 #include "workspace/unitworkspace.h"
@@ -119,6 +120,9 @@ UnitPage* MainWindow::addPage(std::unique_ptr<UnitWorkspace> workspace)
     connect(&shown, &UnitWorkspace::stateChanged, this, &MainWindow::update);
     connect(&shown, &UnitWorkspace::started, this, &MainWindow::update);
     auto* page = new UnitPage(shown, m_tabs);
+    connect(&shown, &UnitWorkspace::planReady, page,
+        [this, page](
+            const QuadrelDocument::Plan& plan, bool isStale) { askToWrite(*page, plan, isStale); });
     m_tabs->setCurrentIndex(m_tabs->addTab(page, QString()));
     update();
     return page;
@@ -286,6 +290,16 @@ void MainWindow::writeCurrent()
 void MainWindow::cancelCurrent()
 {
     currentPage()->workspace().cancel();
+}
+
+void MainWindow::askToWrite(UnitPage& page, const QuadrelDocument::Plan& plan, bool isStale)
+{
+    UnitWorkspace& workspace = page.workspace();
+    auto* dialog = new PlanDialog(workspace.title(), plan, isStale, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, &workspace, [&workspace, plan] { workspace.write(plan); });
+    connect(dialog, &QDialog::rejected, &workspace, &UnitWorkspace::leavePlan);
+    dialog->open();
 }
 
 void MainWindow::switchPage()

@@ -57,6 +57,7 @@ private:
     void readCurrent();
     void writeCurrent();
     void cancelCurrent();
+    void askToWrite(UnitPage& page, const QuadrelDocument::Plan& plan, bool isStale);
     void switchPage();
     void update();
     void retranslate();

@@ -3,8 +3,12 @@
 
 #include "unitpage.h"
 
+#include "pages/comparisonpage.h"
 #include "pages/findingslist.h"
+#include "pages/firmwarepage.h"
+#include "pages/logpage.h"
 #include "pages/operationbar.h"
+#include "pages/overviewpage.h"
 #include "pages/sectiontexts.h"
 #include "pages/tablepage.h"
 #include "workspace/unitworkspace.h"
@@ -33,12 +37,20 @@ UnitPage::UnitPage(UnitWorkspace& workspace, QWidget* parent)
     , m_pages(new QStackedWidget(this))
     , m_splitter(new QSplitter(Qt::Vertical, this))
     , m_findings(new FindingsList(workspace, this))
+    , m_comparison(new ComparisonPage(workspace, this))
+    , m_overview(new OverviewPage(workspace, this))
+    , m_firmware(new FirmwarePage(workspace, this))
+    , m_log(new LogPage(workspace, this))
 {
+    addPage(m_overview, [] { return tr("Overview"); });
     for (const Section section : tableSections) {
         auto* page = new TablePage(workspace, section, this);
         m_tables.insert(section, page);
-        addPage(page);
+        addPage(page, [section] { return sectionTitle(section); });
     }
+    addPage(m_comparison, [] { return tr("Comparison"); });
+    addPage(m_firmware, [] { return tr("Firmware"); });
+    addPage(m_log, [] { return tr("Log"); });
     connect(m_list, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
     connect(m_findings, &FindingsList::activated, this, &UnitPage::showPlace);
 
@@ -54,19 +66,25 @@ UnitPage::UnitPage(UnitWorkspace& workspace, QWidget* parent)
     layout->addWidget(m_list);
     layout->addLayout(right, 1);
     retranslate();
-    showSection(Section::Events);
+    m_list->setCurrentRow(0);
 }
 
-void UnitPage::addPage(QWidget* page)
+void UnitPage::addPage(QWidget* page, const std::function<QString()>& title)
 {
     m_pages->addWidget(page);
+    m_titles.append(title);
     m_list->addItem(QString());
+}
+
+void UnitPage::showPage(const QWidget& page)
+{
+    m_list->setCurrentRow(m_pages->indexOf(const_cast<QWidget*>(&page)));
 }
 
 void UnitPage::showSection(Section section)
 {
-    if (TablePage* page = m_tables.value(section))
-        m_list->setCurrentRow(m_pages->indexOf(page));
+    if (const TablePage* page = m_tables.value(section))
+        showPage(*page);
 }
 
 void UnitPage::showPlace(const Place& place)
@@ -85,8 +103,8 @@ void UnitPage::changeEvent(QEvent* event)
 
 void UnitPage::retranslate()
 {
-    for (auto it = m_tables.constBegin(); it != m_tables.constEnd(); ++it)
-        m_list->item(m_pages->indexOf(it.value()))->setText(sectionTitle(it.key()));
+    for (int row = 0; row < m_titles.size(); ++row)
+        m_list->item(row)->setText(m_titles.at(row)());
     m_list->setAccessibleName(tr("Pages of the unit"));
     const int space = fontMetrics().averageCharWidth() * 4;
     m_list->setFixedWidth(m_list->sizeHintForColumn(0) + space);

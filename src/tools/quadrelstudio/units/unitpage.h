@@ -8,8 +8,14 @@
 #include <QtCore/QMap>
 #include <QtWidgets/QWidget>
 
+#include <functional>
+
+class ComparisonPage;
 class FindingsList;
+class FirmwarePage;
+class LogPage;
 class OperationBar;
+class OverviewPage;
 class QListWidget;
 class QSplitter;
 class QStackedWidget;
@@ -28,6 +34,12 @@ public:
     OperationBar& operationBar() { return *m_bar; }
     /** The table of a section that has one. */
     TablePage& table(QuadrelDocument::Section section) { return *m_tables.value(section); }
+    OverviewPage& overview() { return *m_overview; }
+    ComparisonPage& comparison() { return *m_comparison; }
+    FirmwarePage& firmware() { return *m_firmware; }
+    LogPage& log() { return *m_log; }
+    /** Brings one of the pages to the front. */
+    void showPage(const QWidget& page);
     void showSection(QuadrelDocument::Section section);
     void showPlace(const QuadrelDocument::Place& place);
 
@@ -35,7 +47,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void addPage(QWidget* page);
+    void addPage(QWidget* page, const std::function<QString()>& title);
     void retranslate();
 
     UnitWorkspace& m_workspace;
@@ -45,4 +57,10 @@ private:
     QSplitter* m_splitter;
     FindingsList* m_findings;
     QMap<QuadrelDocument::Section, TablePage*> m_tables;
+    ComparisonPage* m_comparison;
+    OverviewPage* m_overview;
+    FirmwarePage* m_firmware;
+    LogPage* m_log;
+    /** In the order of the list. */
+    QVector<std::function<QString()>> m_titles;
 };

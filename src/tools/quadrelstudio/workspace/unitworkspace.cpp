@@ -33,6 +33,8 @@ UnitWorkspace::UnitWorkspace(const WorkOptions& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
 {
+    QString error;
+    m_options.link.log = FrameLog::toFile(logPath(), error);
     m_checkTimer.setSingleShot(true);
     m_checkTimer.setInterval(pauseBeforeCheck);
     connect(&m_checkTimer, &QTimer::timeout, this, &UnitWorkspace::check);
@@ -139,6 +141,12 @@ bool UnitWorkspace::differsFromUnit() const
     return m_held && !compareContents(*m_held, contents()).isEmpty();
 }
 
+QList<Backup> UnitWorkspace::backups() const
+{
+    const auto& device = m_held ? m_held->device : contents().device;
+    return device ? Backups(m_options.folders.backups).list(device->serialNumber) : QList<Backup>();
+}
+
 void UnitWorkspace::check()
 {
     m_checkTimer.stop();
@@ -154,8 +162,23 @@ void UnitWorkspace::read()
 
 void UnitWorkspace::prepareWriting()
 {
+    PlanOptions options;
+    options.fromProject = formOfFile(m_filePath) == Form::Project;
+    const auto plan = std::make_shared<Plan>();
+    m_plan = plan;
     start(Operation::Prepare,
-        [](UnitWork& unit, const auto& progress) { return unit.read(progress); });
+        [plan, options, wanted = contents()](UnitWork& unit, const auto& progress) {
+            WorkResult result = unit.read(progress);
+            if (result)
+                *plan = makePlan(wanted, result.contents, options);
+            return result;
+        });
+}
+
+void UnitWorkspace::leavePlan()
+{
+    if (m_work && !isBusy())
+        m_work->release();
 }
 
 void UnitWorkspace::write(const Plan& plan)
@@ -241,20 +264,31 @@ void UnitWorkspace::finish(const WorkResult& result)
     const bool isWhole = result
         && (operation == Operation::Read || operation == Operation::Prepare
             || operation == Operation::Write);
+    const bool isStale = isWhole && m_held && !compareContents(*m_held, result.contents).isEmpty();
+    if (result)
+        takeClock(result.contents);
     if (isWhole)
         takeHeld(result.contents);
     if (result && operation == Operation::Read)
         takeRead(result.contents);
+    if (result && operation == Operation::Write && m_filePath.isEmpty())
+        m_document.undoStack().setClean();
     // The next one to work on the unit may be another program.
-    if (operation != Operation::Prepare)
+    if (!result || operation != Operation::Prepare)
         m_work->release();
     emit stateChanged();
     emit finished(operation, result);
-    if (result && operation == Operation::Prepare) {
-        PlanOptions options;
-        options.fromProject = formOfFile(m_filePath) == Form::Project;
-        emit planReady(makePlan(contents(), result.contents, options));
-    }
+    if (result && operation == Operation::Prepare)
+        emit planReady(*m_plan, isStale);
+}
+
+void UnitWorkspace::takeClock(const Contents& contents)
+{
+    if (!contents.clock)
+        return;
+    m_clock = *contents.clock;
+    m_clockTaken = QDateTime::currentDateTime();
+    emit clockChanged();
 }
 
 void UnitWorkspace::takeHeld(const Contents& contents)
@@ -264,8 +298,11 @@ void UnitWorkspace::takeHeld(const Contents& contents)
 }
 
 /** The first read begins the document; a later one is a step that can be undone. */
-void UnitWorkspace::takeRead(const Contents& read)
+void UnitWorkspace::takeRead(const Contents& found)
 {
+    // The clock runs on; it is no part of the document.
+    Contents read = found;
+    read.clock.reset();
     if (contents() == Contents()) {
         m_document.reset(read);
         check();
