@@ -8,6 +8,7 @@
 #include <contentscheck.h>
 #include <projectdocument.h>
 
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
 using namespace QuadrelDocument;
@@ -27,6 +28,12 @@ Findings textFaults(const LoadedFile& file, const QString& path)
                                       : parseDocument(file.text, file.form).findings;
 }
 
+QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(maximumDocumentSize) : QByteArray();
+}
+
 } // namespace
 
 UnitWorkspace::UnitWorkspace(const WorkOptions& options, QObject* parent)
@@ -37,6 +44,13 @@ UnitWorkspace::UnitWorkspace(const WorkOptions& options, QObject* parent)
     m_options.link.log = FrameLog::toFile(logPath(), error);
     m_checkTimer.setSingleShot(true);
     m_checkTimer.setInterval(pauseBeforeCheck);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
+        // A program that replaces the file ends the watch.
+        if (!m_watcher.files().contains(m_filePath) && QFileInfo::exists(m_filePath))
+            m_watcher.addPath(m_filePath);
+        if (isFileChanged())
+            emit fileChanged();
+    });
     connect(&m_checkTimer, &QTimer::timeout, this, &UnitWorkspace::check);
     connect(&m_document, &EditableContents::changed, &m_checkTimer, qOverload<>(&QTimer::start));
     connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &UnitWorkspace::stateChanged);
@@ -98,6 +112,7 @@ QStringList UnitWorkspace::openFile(const QString& path)
     }
     m_filePath = path;
     m_isRestored = false;
+    watchFile();
     m_document.reset(file.contents);
     check();
     emit stateChanged();
@@ -111,9 +126,23 @@ QString UnitWorkspace::saveFile(const QString& path)
         return error;
     m_filePath = path;
     m_isRestored = false;
+    watchFile();
     m_document.undoStack().setClean();
     emit stateChanged();
     return QString();
+}
+
+void UnitWorkspace::watchFile()
+{
+    if (!m_watcher.files().isEmpty())
+        m_watcher.removePaths(m_watcher.files());
+    m_watcher.addPath(m_filePath);
+    m_fileText = bytesOf(m_filePath);
+}
+
+bool UnitWorkspace::isFileChanged() const
+{
+    return !m_filePath.isEmpty() && bytesOf(m_filePath) != m_fileText;
 }
 
 QStringList UnitWorkspace::lossesIn(const QString& path) const

@@ -14,6 +14,7 @@
 #include <unitwork.h>
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QFileSystemWatcher>
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
 #include <QtCore/QTemporaryDir>
@@ -80,6 +81,8 @@ public:
     QStringList openFile(const QString& path);
     /** Saves in the form of the path's ending. The reason of a failure, or an empty text. */
     QString saveFile(const QString& path);
+    /** Whether another program has changed the file since it was opened or saved. */
+    bool isFileChanged() const;
     /** What saving to the path would lose, a line each. */
     QStringList lossesIn(const QString& path) const;
     /** Begins anew with contents that no file has, as those of an autosave. */
@@ -122,6 +125,8 @@ signals:
     /** Title, address, file, or whether there are edits to save. */
     void stateChanged();
     void findingsChanged();
+    /** Another program has changed the file. */
+    void fileChanged();
     void heldChanged();
     void clockChanged();
 
@@ -143,6 +148,7 @@ private:
     void takeClock(const QuadrelDocument::Contents& contents);
     void takeHeld(const QuadrelDocument::Contents& contents);
     void check();
+    void watchFile();
 
     QuadrelWorkspace::WorkOptions m_options;
     QString m_name;
@@ -151,6 +157,9 @@ private:
     QTimer m_checkTimer;
     QuadrelDocument::Findings m_findings;
     QString m_filePath;
+    QFileSystemWatcher m_watcher;
+    /** The file's bytes when it was opened or saved. */
+    QByteArray m_fileText;
     /** Restored contents are nowhere, however few edits there are. */
     bool m_isRestored = false;
 
