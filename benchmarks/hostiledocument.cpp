@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Reads a document or a project file and prints the milliseconds of the processor that this took,
-// or with "memory" behind the file's name the peak of its own memory in KiB.
+// or with "memory" after the file's name the peak of its own memory in KiB.
 #include "ownmemory.h"
 #include "unitdocument.h"
 

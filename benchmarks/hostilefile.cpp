@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
-// Reads a file and prints the milliseconds of the processor that this took, or with "memory" behind
+// Reads a file and prints the milliseconds of the processor that this took, or with "memory" after
 // the file's name the peak of its own memory in KiB.
 #include "ownmemory.h"
 #include "xmlfile.h"

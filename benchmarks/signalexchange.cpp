@@ -49,7 +49,7 @@ public:
             qFatal("an exchange failed: %s", qPrintable(error));
     }
 
-    /** Tells that the operation is over: nobody sleeps who has to be woken again. */
+    /** Says that the operation is over: nobody sleeps who has to be woken again. */
     void finish() { m_orders.put(Order::Rest); }
 
 private:

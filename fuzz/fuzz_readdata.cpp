@@ -31,8 +31,8 @@ UnPackage& makeOperations()
 }
 
 /**
- * The next reaction that the input tells: mostly a sound reply with a payload out of the input.
- * Behind its end come sound replies full of 0, so that every read ends.
+ * The next reaction that the input names: mostly a sound reply with a payload out of the input.
+ * After its end come sound replies full of 0, so that every read ends.
  */
 ScriptedUnit::Reaction nextReaction(FuzzInput& input, const QByteArray& request)
 {
@@ -66,7 +66,7 @@ void checkRegistry()
     require(models->getEventModel()->size() <= 128, "a unit has 128 events at most");
     const int triggers = models->getTriggerModel()->size() + models->getTriggerTimeModel()->size();
     require(triggers <= 2 * 64, "a unit has 64 triggers at most, and each kind walks over them");
-    // The library leaves it behind by design; here it would be a leak.
+    // The library keeps it by design; here it would be a leak.
     registry->deleteDeviceData(device);
     delete models;
 }

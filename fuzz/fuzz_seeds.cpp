@@ -95,7 +95,7 @@ void writeEventListSeeds(const Table& events)
     writeSeed("eventlist", 1, '\0' + QByteArray(1, '\1') + events.records.first());
 }
 
-/** A whole read in which each reply stands behind its form byte. */
+/** A whole read in which each reply follows its form byte. */
 void writeReadSeed(int number, const UnitMemory& memory, const Table& events, const Table& triggers)
 {
     const auto sound = [](const QByteArray& payload) { return '\0' + payload; };

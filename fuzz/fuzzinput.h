@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-/** Hands out the bytes of one input in their order; behind the end everything is 0 or empty. */
+/** Hands out the bytes of one input in their order; after the end everything is 0 or empty. */
 class FuzzInput {
 public:
     FuzzInput(const std::uint8_t* data, std::size_t size)

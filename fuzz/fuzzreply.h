@@ -12,7 +12,7 @@
 /**
  * A reply made of an input, and the data length that was asked for.
  *
- * The first byte tells how: bit 0 set takes the rest as a whole frame, else it is a payload behind
+ * The first byte says how: bit 0 set takes the rest as a whole frame, else it is a payload after
  * a head that passes the frame checks; bit 1 set takes the data length from the next two bytes.
  */
 struct FuzzReply {

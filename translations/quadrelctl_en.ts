@@ -17,5 +17,12 @@
             <numerusform>Write %n changes to %1?</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1, %n byte(s)</source>
+        <translation>
+            <numerusform>%1, %n byte</numerusform>
+            <numerusform>%1, %n bytes</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

@@ -798,7 +798,7 @@ Examples:</source>
         <translation>设备将会重启，并保留地址 %1。</translation>
     </message>
     <message>
-        <source>The unit was told to restart with its default address.</source>
+        <source>The unit was asked to restart with its default address.</source>
         <translation>已通知设备以默认地址重启。</translation>
     </message>
     <message>
@@ -827,9 +827,11 @@ Examples:</source>
         <source>Written and read back. &quot;quadrelctl undo --unit %1&quot; takes it back.</source>
         <translation>已写入并回读。用 “quadrelctl undo --unit %1” 可撤销。</translation>
     </message>
-    <message>
-        <source>%1, %2 bytes</source>
-        <translation>%1，%2 字节</translation>
+    <message numerus="yes">
+        <source>%1, %n byte(s)</source>
+        <translation>
+            <numerusform>%1，%n 字节</numerusform>
+        </translation>
     </message>
     <message>
         <source>New version</source>

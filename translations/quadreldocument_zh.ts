@@ -59,11 +59,11 @@
         <translation>命令、描述与名称共占 %1 字节；最多允许 %2 字节</translation>
     </message>
     <message>
-        <source>there are %1 triggers and %2 time triggers; a unit has room for %3 together</source>
-        <translation>有 %1 个触发和 %2 个定时触发；设备合计最多容纳 %3 个</translation>
+        <source>%1 records with time triggers are too many; %2 are allowed</source>
+        <translation>连同定时触发共 %1 条记录，过多；最多允许 %2 条</translation>
     </message>
     <message>
-        <source>it is missing, and a unit can&apos;t be told so; high or low is allowed</source>
+        <source>it is missing, and a unit can&apos;t store that; high or low is allowed</source>
         <translation>缺少此值，而设备无法保存这种情况；允许 high 或 low</translation>
     </message>
     <message>
@@ -323,7 +323,7 @@
         <translation>%1：不存在</translation>
     </message>
     <message>
-        <source>%1: a record stands in braces, such as {delay: 500}</source>
+        <source>%1: a record is written in braces, such as {delay: 500}</source>
         <translation>%1：记录须写在花括号中，例如 {delay: 500}</translation>
     </message>
     <message>

@@ -78,7 +78,7 @@ Options readOptions(const QCoreApplication& application)
         QStringLiteral("Measure only the rows whose name matches <expression>."),
         QStringLiteral("expression"));
     parser.setApplicationDescription(
-        QStringLiteral("Measures the library against what stands beside it. Ends with exit code 1 "
+        QStringLiteral("Measures the library against the alternatives. Ends with exit code 1 "
                        "if a limit is missed."));
     parser.addOptions({json, rows});
     parser.addHelpOption();

@@ -5,6 +5,7 @@
 
 #include "unitaddresses.h"
 #include "unitblocks.h"
+#include "unittexts.h"
 
 namespace QuadrelUnit {
 
@@ -68,7 +69,7 @@ UnitAnswer ControlUnit::answer(const UnitFrame& request)
         return write(request);
     UnitAnswer answer;
     answer.reply = UnitFrame::replyTo(request, read(request.address, request.dataLength));
-    // Readers of the block take the number of infra-red ports from the byte behind it.
+    // Readers of the block take the number of infra-red ports from the byte after it.
     if (request.address == Address::information && request.dataLength == Address::informationLength)
         answer.reply.steerTrailer(settings().infraredPorts);
     return answer;
@@ -110,10 +111,10 @@ QString ControlUnit::refusal(const UnitFrame& request) const
     if (UnitUpgrade::isImage(request.address)
         || m_memory.hasRoomFor(request.address, request.payload.size()))
         return QString();
-    return QStringLiteral("a write of %1 bytes at 0x%2 is over the memory limit of %3 bytes")
-        .arg(request.payload.size())
+    return QStringLiteral("a write of %1 at 0x%2 is over the memory limit of %3")
+        .arg(bytesText(request.payload.size()))
         .arg(request.address, 8, 16, QLatin1Char('0'))
-        .arg(m_memory.limit());
+        .arg(bytesText(m_memory.limit()));
 }
 
 void ControlUnit::writeMemory(quint32 address, const QByteArray& data, UnitAnswer& answer)

@@ -38,7 +38,8 @@ struct UnitAnswer {
  */
 class ControlUnit {
 public:
-    /** A unit as it leaves the works; `settings` is also what a reset to the default restores. */
+    /** A unit with its factory settings; `settings` is also what a reset to the default restores.
+     */
     explicit ControlUnit(const UnitSettings& settings = UnitSettings());
 
     UnitAnswer answer(const UnitFrame& request);

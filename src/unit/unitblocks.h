@@ -35,7 +35,7 @@ using EventIds = std::vector<quint8>;
 struct EventRecord {
     quint8 id;
     QByteArray command;
-    /** At most 127 characters; a name may follow behind "$$". */
+    /** At most 127 characters; a name may follow after "$$". */
     QString description;
 
     /** 512 bytes. */

@@ -6,7 +6,7 @@
 #include <QtCore/QByteArray>
 #include <QtCore/QtEndian>
 
-/** How numbers stand in a unit's memory. */
+/** How numbers are stored in a unit's memory. */
 namespace QuadrelUnit {
 
 /** The bytes of an integer, the lowest first. */

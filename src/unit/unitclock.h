@@ -28,7 +28,7 @@ public:
     /** Sets the clock. Six bytes that are no date and time change nothing: the result is false. */
     bool setCell(const QByteArray& cell);
 
-    /** The most that a clock can be ahead of UTC or behind it: 200 years, in milliseconds. */
+    /** The most that a clock can be ahead of UTC, or late: 200 years, in milliseconds. */
     static constexpr qint64 largestLead = Q_INT64_C(200) * 366 * 24 * 3600 * 1000;
 
     /** Milliseconds that the clock is ahead of UTC since it was set; nothing if it never was. */

@@ -15,7 +15,7 @@ struct DiscoveryReply {
 
     /** The tag by which a search knows a unit. */
     QByteArray name = "Zorbe:3100";
-    /** What stands behind the name. */
+    /** What follows the name. */
     QByteArray payload;
     /** Zero bytes in front of everything. */
     int zeros = 0;

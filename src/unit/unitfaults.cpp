@@ -170,7 +170,7 @@ UnitDelivery UnitFaults::faulty(const UnitFrame& reply, const UnitFault& fault)
     return delivery;
 }
 
-// One byte behind the head is turned over: the frame keeps its bounds and only its CRC tells.
+// One byte after the head is inverted: the frame keeps its bounds and only its CRC is wrong.
 QByteArray UnitFaults::corrupted(QByteArray frame)
 {
     const int position =

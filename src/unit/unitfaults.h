@@ -20,7 +20,7 @@ struct UnitDelivery {
     QList<QByteArray> pieces;
     /** Milliseconds to wait before the first piece. */
     int delay = 0;
-    /** Close the connection behind the last piece. */
+    /** Close the connection after the last piece. */
     bool closes = false;
     /** The name of the fault that made it so; empty for a good reply. */
     QString fault;
@@ -55,7 +55,7 @@ struct UnitFault {
 };
 
 /**
- * The faults that a unit is told to make.
+ * The faults that a unit is asked to make.
  *
  * A fault strikes the n-th reply, counted from 1 over all connections, or a share of the replies at
  * random; a lost request counts as the reply that it would have had. The same seed and the same
@@ -72,7 +72,7 @@ public:
     /** `share` runs from 0, never, to 1, always. */
     void addShare(FaultKind kind, double share, int delay = defaultDelay);
     /**
-     * Adds the fault that `text` tells: KIND@N or KIND%PERCENT, where a delay may be followed by
+     * Adds the fault that `text` names: KIND@N or KIND%PERCENT, where a delay may be followed by
      * its milliseconds, as in "delay:250@3". False, and a reason in `error`, for any other text.
      */
     bool add(const QString& text, QString* error);

@@ -8,7 +8,7 @@
 
 namespace QuadrelUnit {
 
-/** One request or reply, taken apart. Its layout in bytes stands in docs/frame-format.md. */
+/** One request or reply, taken apart. Its layout in bytes is in docs/frame-format.md. */
 struct UnitFrame {
     quint8 kind = 0;
     quint8 label = 0;
@@ -27,7 +27,7 @@ struct UnitFrame {
     bool isReadRequest() const;
     bool isWriteRequest() const;
 
-    /** Chooses the reserved field so that the byte behind the payload, the CRC's low one, is
+    /** Chooses the reserved field so that the byte after the payload, the CRC's low one, is
      * `byte`. */
     void steerTrailer(quint8 byte);
 

@@ -5,6 +5,7 @@
 
 #include "framechecksum.h"
 #include "quadrelframe.h"
+#include "unittexts.h"
 
 namespace QuadrelUnit {
 
@@ -27,10 +28,10 @@ UnitFrame copyOf(const FrameView& view)
 QString requestError(const UnitFrame& frame)
 {
     if (frame.isReadRequest() && !frame.payload.isEmpty())
-        return QStringLiteral("a read request carries %1 bytes").arg(frame.payload.size());
+        return QStringLiteral("a read request carries %1").arg(bytesText(frame.payload.size()));
     if (frame.isWriteRequest() && frame.payload.size() != frame.dataLength)
-        return QStringLiteral("a write request of %1 bytes carries %2")
-            .arg(frame.dataLength)
+        return QStringLiteral("a write request of %1 carries %2")
+            .arg(bytesText(frame.dataLength))
             .arg(frame.payload.size());
     return QString();
 }
@@ -103,11 +104,12 @@ std::optional<UnitFrame> UnitFrameReader::datagram(const QByteArray& bytes, QStr
         return std::nullopt;
     }
     if (!frame) {
-        *error = QStringLiteral("the frame ends after %1 bytes").arg(bytes.size());
+        *error = QStringLiteral("the frame ends after %1").arg(bytesText(bytes.size()));
         return std::nullopt;
     }
     if (reader.pendingBytes() > 0) {
-        *error = QStringLiteral("%1 bytes follow the frame").arg(reader.pendingBytes());
+        *error =
+            QStringLiteral("the frame is followed by %1").arg(bytesText(reader.pendingBytes()));
         return std::nullopt;
     }
     return frame;

@@ -51,7 +51,7 @@ UnitListener::UnitListener(QObject* parent)
 
 UnitListener::~UnitListener()
 {
-    // The connections end with the listener, and would tell it so in the midst of its own end.
+    // The connections end with the listener, and would notify it during its own end.
     for (auto it = m_connections.cbegin(); it != m_connections.cend(); ++it)
         it.key()->disconnect(this);
 }

@@ -11,7 +11,7 @@
 namespace QuadrelUnit {
 
 /**
- * The 32-bit address space of a unit. Bytes never written read as 0 and take no room; behind the
+ * The 32-bit address space of a unit. Bytes never written read as 0 and take no room; after the
  * last address comes the first.
  *
  * A copy shares its pages with the original until one of them is written, so that copying is quick.

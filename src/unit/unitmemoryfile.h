@@ -14,7 +14,7 @@
 namespace QuadrelUnit {
 
 /**
- * Keeps a unit's memory and clock in a file. docs/simulated-unit.md tells the format.
+ * Keeps a unit's memory and clock in a file. docs/simulated-unit.md describes the format.
  *
  * Changes are gathered for a moment and then saved as a whole, by another thread while the unit
  * serves on: the file on disk is always the old one or the new one.
@@ -45,7 +45,7 @@ public slots:
 
 signals:
     void saved();
-    /** The same failure is told once until a save succeeds. What was noted is tried again. */
+    /** The same failure is reported once until a save succeeds. What was noted is tried again. */
     void failed(const QString& error);
 
 private:

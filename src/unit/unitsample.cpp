@@ -27,7 +27,7 @@ QByteArray modbus(int line, const char* hex)
     return serialCommand(line, true, QByteArray::fromHex(hex));
 }
 
-/** A command as it stands on the unit: IO, infra-red, relay and control commands. */
+/** A command as the unit stores it: IO, infra-red, relay and control commands. */
 QByteArray raw(const char* hex)
 {
     return QByteArray::fromHex(hex);

@@ -35,7 +35,7 @@ quint8 byteAt(const QByteArray& bytes, int offset)
     return static_cast<quint8>(bytes.at(offset));
 }
 
-// The last octet of an address stands first on the unit.
+// The last octet of an address comes first on the unit.
 void putAddress(QByteArray& bytes, int offset, const FourBytes& address)
 {
     std::reverse_copy(address.begin(), address.end(), bytes.begin() + offset);

@@ -21,7 +21,7 @@ QString fourBytesText(const FourBytes& bytes);
 /** The version that follows `version` when a unit counts its upgrades: the last number goes up. */
 FourBytes followingVersion(const FourBytes& version);
 
-/** What a unit says about itself, as it leaves the works. */
+/** What a unit says about itself, with its factory settings. */
 struct UnitSettings {
     quint16 model = 0x7209;
     FourBytes version = {1, 0, 0, 0};
@@ -34,7 +34,7 @@ struct UnitSettings {
     quint8 serialPorts = 9;
     quint8 ioLines = 12;
     quint8 relays = 8;
-    /** Stands behind the information block, not in it. */
+    /** Comes after the information block, not in it. */
     quint8 infraredPorts = 4;
 
     /** The 13 bytes of the network cell. */

@@ -5,6 +5,7 @@
 
 #include "unitaddresses.h"
 #include "unitbytes.h"
+#include "unittexts.h"
 
 #include <QtCore/QtEndian>
 
@@ -94,7 +95,7 @@ UnitUpgrade::Outcome UnitUpgrade::begin(const QByteArray& data)
     m_addressed.clear();
     m_streamed.clear();
     if (data.size() != 4)
-        return breakOff(QStringLiteral("a length word of %1 bytes").arg(data.size()));
+        return breakOff(QStringLiteral("a length word of %1").arg(bytesText(data.size())));
     m_totalSize = qFromLittleEndian<quint32>(data.constData());
     if (m_totalSize > m_limit)
         return breakOff(QStringLiteral("an upgrade of %1 bytes is over the limit of %2")
@@ -116,8 +117,8 @@ UnitUpgrade::Outcome UnitUpgrade::takeAddressedSize(quint32 address, const QByte
                 .arg(shown(data), hexAddress(address), hexAddress(Address::upgradeSize)));
     m_addressedSize = qFromLittleEndian<quint32>(data.constData());
     if (m_addressedSize > m_totalSize)
-        return breakOff(QStringLiteral("an image of %1 bytes in an upgrade of %2")
-                            .arg(m_addressedSize)
+        return breakOff(QStringLiteral("an image of %1 in an upgrade of %2")
+                            .arg(bytesText(m_addressedSize))
                             .arg(m_totalSize));
     return advance();
 }
@@ -138,10 +139,10 @@ UnitUpgrade::Outcome UnitUpgrade::takeData(QByteArray& image, quint32 imageSize,
     const quint32 missing = imageSize - static_cast<quint32>(image.size());
     const int due = static_cast<int>(std::min<quint32>(missing, chunkLength));
     if (address != expectedAddress || data.size() != due)
-        return breakOff(QStringLiteral("got %1 bytes at %2 where %3 bytes of image at %4 were due")
-                            .arg(data.size())
+        return breakOff(QStringLiteral("got %1 at %2 instead of %3 of image at %4")
+                            .arg(bytesText(data.size()))
                             .arg(hexAddress(address))
-                            .arg(due)
+                            .arg(bytesText(due))
                             .arg(hexAddress(expectedAddress)));
     image.append(data);
     return static_cast<quint32>(image.size()) == imageSize ? advance() : Taken;

@@ -20,11 +20,11 @@ class UnitUpgrade {
 public:
     /** What a write did. */
     enum Outcome {
-        /** It is no business of an upgrade. */
+        /** It has nothing to do with an upgrade. */
         Elsewhere,
-        /** It was in its place, or follows a break that was told already. */
+        /** It was in its place, or follows a break that was reported already. */
         Taken,
-        /** It was out of its place: the upgrade takes no effect, problem() tells why. */
+        /** It was out of its place: the upgrade takes no effect, problem() says why. */
         Broken,
         /** It was the last one, and both images are whole. */
         Complete

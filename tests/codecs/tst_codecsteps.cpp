@@ -69,7 +69,7 @@ QString description(const QByteArray& bytes)
     return QString::fromUtf8(utf8().fromUnicode(text).constData());
 }
 
-/** The text between the first "ID:" and the first ")" behind it, with no test of the searches. */
+/** The text between the first "ID:" and the first ")" after it, with no test of the searches. */
 int idOf(const QString& item)
 {
     const int start = item.indexOf(QStringLiteral("ID:"), 0, Qt::CaseSensitive);
@@ -585,7 +585,7 @@ void TestCodecSteps::readsEveryDelay()
 
 void TestCodecSteps::readsEveryKind()
 {
-    // The bytes that decide, with every length around the limit and a description behind.
+    // The bytes that decide, with every length around the limit and a description after.
     for (int length = 5; length <= 9; ++length) {
         for (const int recordClass : {0x20, 0x24, 0x25, 0xA5, 0x21}) {
             for (int subclass = 0; subclass < 256; ++subclass) {

@@ -107,7 +107,7 @@ void TestDescriptionText::stores_data()
     QTest::newRow("chinese") << 0 << "灯" << slotOf(hex("02 706f"));
     QTest::newRow("empty at the end") << 512 << QString() << slotOf({}, 513);
     QTest::newRow("past the end") << 511 << "A" << QByteArray(511, '\0') + hex("02 0041");
-    QTest::newRow("far behind") << 520 << "A" << QByteArray(520, '\0') + hex("02 0041");
+    QTest::newRow("far after") << 520 << "A" << QByteArray(520, '\0') + hex("02 0041");
 }
 
 void TestDescriptionText::stores()

@@ -47,7 +47,7 @@ void TestEventIdList::findsTheIdOfAnItem_data()
     row("(ID:1)(ID:2)", 1);
     row(")(ID:4)", 4);
     row("(id:4)", 0);
-    // No ")" behind the mark: the whole rest.
+    // No ")" after the mark: the whole rest.
     row("ID:7", 7);
     row(")ID:7", 7);
     row("ID:7x", 0);

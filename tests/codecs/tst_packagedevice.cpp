@@ -197,7 +197,7 @@ void TestPackageDevice::shortFramesReadAsFarAsTheyGo()
 
 void TestPackageDevice::readsInfraRedPortsBehindThePayload()
 {
-    // With a frame of the announced length, the number stands where the trailer begins.
+    // With a frame of the announced length, the number is where the trailer begins.
     QByteArray frame = replyFrame(deviceDataType, deviceBlock().left(deviceDataLength));
     QCOMPARE(frame.size(), 52);
     frame[50] = 7;

@@ -300,7 +300,7 @@ void TestPackageEvent::longTextsGrowTheBlock()
                  .at(4),
         '\xFE');
 
-    // The length byte is the last of the slot, and then the first behind it.
+    // The length byte is the last of the slot, and then the first after it.
     for (const int length : {508, 509, 600, 70000}) {
         const QByteArray command(length, '\x4C');
         bytes = PackageEvent::createEventPackage(
@@ -467,7 +467,7 @@ void TestPackageEvent::shortFramesReadAsZeros()
 void TestPackageEvent::descriptionsRunIntoTheTrailer()
 {
     // The longest command leaves the slot 189 bytes, and the description claims 255. The trailer's
-    // bytes are read like any others, and behind them there is nothing but zeros.
+    // bytes are read like any others, and after them there is nothing but zeros.
     QByteArray bytes = block(1, QByteArray(319, '\x20')).left(323);
     bytes[322] = '\xFF';
     for (int i = 0; i < 94; ++i)

@@ -290,7 +290,7 @@ void TestPackageTimeTrigger::writesLists()
         '\x02' + slotOf(hex("0000 4c0100 a504 02 240307 0805 ffffff 08 01 03 00"))
             + slotOf(hex("0000 4c0100 a504 00 241231 2359 250102 23 02 0307 04 0041 0042")));
 
-    // Blocks that outgrow their slot stand back to back all the same.
+    // Blocks that outgrow their slot are back to back all the same.
     once.setTriggerInstruction(QString(300, QLatin1Char('A')));
     model.setTriggerInfo({once, once});
     const QByteArray bytes = PackageTimeTrigger::createTimeTriggerListPackage(model);
@@ -547,7 +547,7 @@ void TestPackageTimeTrigger::shortFramesReadAsZeros()
     TriggerChecks::checkShortFrames<TriggerTimeModel>(
         PackageTimeTrigger::createTimeTriggerPackage(info), parse);
 
-    // The tail may be announced behind the end of the frame.
+    // The tail may be announced after the end of the frame.
     TriggerTimeModel model;
     QString error;
     QVERIFY(parse(replyFrame(triggerDataType, hex("3c01 4c0100 a504"), slotSize), model, error));

@@ -468,7 +468,7 @@ void TestPackageTrigger::shortFramesReadAsZeros()
             QStringLiteral("aa 01 02"), QStringLiteral("(ID:3);(ID:7)"), QStringLiteral("AB"))),
         parse);
 
-    // The tail may be announced behind the end of the frame.
+    // The tail may be announced after the end of the frame.
     TriggerModel model;
     QString error;
     QVERIFY(parse(replyFrame(triggerDataType, hex("3c01 4c0100 2510"), slotSize), model, error));

@@ -651,24 +651,24 @@ void TestDiscovery::reply_data()
     const QByteArray longText(3000, 'x');
 
     row("tag alone", "Zorbe:3100", true, true, "Zorbe:3100");
-    row("text behind the tag", "Zorbe:3100;rack 7", true, true, "Zorbe:3100;rack 7");
+    row("text after the tag", "Zorbe:3100;rack 7", true, true, "Zorbe:3100;rack 7");
     row("tag at offset 1", "xZorbe:3100", true, true, "xZorbe:3100");
     row("tag in the middle", "My name is Zorbe:3100.", true, true, "My name is Zorbe:3100.");
-    row("tag far behind", longText + "Zorbe:3100", true, true, longText + "Zorbe:3100");
-    row("tag behind a broken one", "Zorbe:31Zorbe:3100", true, true, "Zorbe:31Zorbe:3100");
+    row("tag far after", longText + "Zorbe:3100", true, true, longText + "Zorbe:3100");
+    row("tag after a broken one", "Zorbe:31Zorbe:3100", true, true, "Zorbe:31Zorbe:3100");
     row("tag at the end of the largest datagram", QByteArray(65497, 'x') + "Zorbe:3100", true, true,
         QByteArray(65497, 'x') + "Zorbe:3100");
     row("longer number", "Zorbe:31007", true, true, "Zorbe:31007");
     row("bytes that are no text", "\xFF\x01Zorbe:3100\x80", true, true, "\xFF\x01Zorbe:3100\x80");
 
-    row("zero byte behind the tag", QByteArray("Zorbe:3100\0abc", 14), true, true, "Zorbe:3100");
+    row("zero byte after the tag", QByteArray("Zorbe:3100\0abc", 14), true, true, "Zorbe:3100");
     row("zero byte at the end", QByteArray("Zorbe:3100\0", 11), true, true, "Zorbe:3100");
     row("zero byte before the tag", QByteArray("ab\0Zorbe:3100", 13), true, true, "ab");
     row("zero byte first", QByteArray("\0Zorbe:3100", 11), true, true, "");
-    row("zero byte behind the family", QByteArray("Zorbe:\0003100", 11), false, true, "Zorbe:");
+    row("zero byte after the family", QByteArray("Zorbe:\0003100", 11), false, true, "Zorbe:");
 
     row("family alone", "Zorbe:", false, true, "Zorbe:");
-    row("family far behind", longText + "Zorbe:", false, true, longText + "Zorbe:");
+    row("family far after", longText + "Zorbe:", false, true, longText + "Zorbe:");
     row("another model", "Zorbe:2200", false, true, "Zorbe:2200");
     row("number cut short", "Zorbe:310", false, true, "Zorbe:310");
     row("space before the number", "Zorbe: 3100", false, true, "Zorbe: 3100");
@@ -795,7 +795,7 @@ void TestDiscovery::firstReplyWins()
     unit.send("Zorbe:3100 first", hostAddress);
     TRY_COMPARE(search.found().size(), 1);
     const serverData first = search.found().first();
-    // The clock must have moved, or a renewed time couldn't be told from the old one.
+    // The clock must have moved, or a renewed time would look like the old one.
     TRY_VERIFY(QDateTime::currentMSecsSinceEpoch() > first.lastSeen);
 
     unit.send("Zorbe:3100 second, and longer", hostAddress);
@@ -1141,7 +1141,7 @@ void TestDiscovery::searchFromHandlerOfResult()
     TRY_COMPARE(search.found().size(), 1);
 }
 
-// A handler may search again: what it starts must not be stopped behind its back.
+// A handler may search again: what it starts must not be stopped without its knowledge.
 void TestDiscovery::broadcastsStopBeforeTheResult()
 {
     joinHost();

@@ -11,7 +11,7 @@
 #include <type_traits>
 
 /**
- * What can be told without a search. A search broadcasts on every interface of the machine, so no
+ * What can be tested without a search. A search broadcasts on every interface of the machine, so no
  * test here may start one; tst_discovery does, in networks of its own.
  */
 class TestSearchDevice : public QObject {

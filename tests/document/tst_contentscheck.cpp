@@ -68,7 +68,8 @@ void TestContentsCheck::findsFaultsOfDocuments_data()
               "08:05, eventIds: [2]}\n",
         "FILE:5:87: timeTriggers[0].eventIds: there is no event 2; only those in \"events\" are "
         "allowed");
-    row("events not told", format + "triggers: [{kind: COM, line: COM A-1, eventIds: [99]}]\n", "");
+    row("events not given", format + "triggers: [{kind: COM, line: COM A-1, eventIds: [99]}]\n",
+        "");
     row("doubled ids",
         format + events
             + "  - {id: 1, delay: 10}\n  - {id: 1, delay: 10}\ntriggers:\n  - {id: 4, kind: COM, "
@@ -93,8 +94,8 @@ void TestContentsCheck::findsFaultsOfDocuments_data()
             + QByteArray("  - {repeat: EVERYDAY, startDate: 2024/03/07, endDate: forever, time: "
                          "08:05, eventIds: [1]}\n")
                   .repeated(25),
-        "FILE:4:1: triggers: there are 40 triggers and 25 time triggers; a unit has room for 64 "
-        "together");
+        "FILE:4:1: triggers: 65 records with time triggers are too many; 64 are "
+        "allowed");
     row("COM D-3 and COM D-4",
         format + events
             + "triggers:\n  - {kind: COM, line: COM D-3, eventIds: [1]}\n  - {id: 1, kind: "
@@ -105,7 +106,7 @@ void TestContentsCheck::findsFaultsOfDocuments_data()
         "FILE:6:37: triggers[1].line: COM D-4 is read back as another line; COM A-1 to COM D-2 are "
         "allowed");
     row("no level", format + events + "triggers:\n  - {kind: IO, line: IO A-1, eventIds: [1]}\n",
-        "FILE:5:5: triggers[0].parameter: it is missing, and a unit can't be told so; high or low "
+        "FILE:5:5: triggers[0].parameter: it is missing, and a unit can't store that; high or low "
         "is allowed");
     row("lines beyond the device",
         format + device + events

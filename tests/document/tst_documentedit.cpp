@@ -71,7 +71,7 @@ QString changedLines(const QByteArray& before, const QByteArray& after)
 
 } // namespace
 
-/** Changes to a document's text that leave the rest of it as it stands. */
+/** Changes to a document's text that leave the rest of it as it is. */
 class TestDocumentEdit : public QObject {
     Q_OBJECT
 
@@ -242,7 +242,7 @@ void TestDocumentEdit::refuses_data()
     QTest::newRow("a section") << "events=[]"
                                << "events: only records and fields can be set, such as events[8]";
     QTest::newRow("no record") << "events[40]=5"
-                               << "events[40]: a record stands in braces, such as {delay: 500}";
+                               << "events[40]: a record is written in braces, such as {delay: 500}";
     QTest::newRow("unknown key")
         << "events[40]={colour: red}"
         << "events[40].colour: there is no such field; there are id, name, type, isHex, delay, "

@@ -37,7 +37,7 @@ QString messagesOf(const Findings& findings)
 
 const QByteArray format = "format: quadrel-unit/1\n";
 
-/** An event in two lines, behind the format. */
+/** An event in two lines, after the format. */
 QByteArray eventText(const QByteArray& fields)
 {
     return format + "events:\n  - {id: 8, " + fields + "}\n";
@@ -233,8 +233,8 @@ void TestUnitDocument::fitsTheSchema_data()
     odd.triggers->append(Trigger{12, TriggerKind::ComModbus, unknownLine, {}, {}, {}, {}});
     odd.timeTriggers->append(TimeTrigger{7, Repeat::Once, QStringLiteral("20165/165/165"),
         QStringLiteral("200/00/00"), {8}, QStringLiteral("165:99"), {255}, {}});
-    QTest::newRow("what a unit can't be told as JSON") << "json" << odd;
-    QTest::newRow("what a unit can't be told as YAML") << "yaml" << odd;
+    QTest::newRow("what a unit can't store as JSON") << "json" << odd;
+    QTest::newRow("what a unit can't store as YAML") << "yaml" << odd;
 }
 
 /** Other programs read what is written, and find it as the published schema says. */
@@ -674,7 +674,7 @@ void TestUnitDocument::savesAndLoads()
     }
 }
 
-/** What a wrong value leaves behind is no second fault. */
+/** What a wrong value leads to is no second fault. */
 void TestUnitDocument::reportsFaultsOnce()
 {
     const QTemporaryDir folder;

@@ -227,9 +227,9 @@ void TestGuardedXml::refusesTooDeep_data()
     QTest::newRow("many, never closed") << QByteArray("<a>").repeated(many);
     QTest::newRow("before a mistake") << nested(1001) + "</b>";
     QTest::newRow("with attributes") << QByteArray("<a b='/>'>").repeated(many);
-    QTest::newRow("behind comments") << QByteArray("<a><!-- </a> -->").repeated(many);
-    QTest::newRow("behind sections") << QByteArray("<a><![CDATA[</a>]]>").repeated(many);
-    QTest::newRow("behind instructions") << QByteArray("<a><?p </a>?>").repeated(many);
+    QTest::newRow("after comments") << QByteArray("<a><!-- </a> -->").repeated(many);
+    QTest::newRow("after sections") << QByteArray("<a><![CDATA[</a>]]>").repeated(many);
+    QTest::newRow("after instructions") << QByteArray("<a><?p </a>?>").repeated(many);
     QTest::newRow("with texts") << QByteArray("<a>text &amp; text").repeated(many);
     QTest::newRow("within undeclared entities") << QByteArray("<a c='&b;'>&b;").repeated(many);
     QTest::newRow("in an entity") << withType(
@@ -297,7 +297,7 @@ void TestGuardedXml::countsNoParenthesesOutsideTheProlog_data()
     QTest::newRow("text at once") << "<a>" + parentheses + "</a>";
     QTest::newRow("text of a section") << "<a><![CDATA[" + parentheses + "]]></a>";
     QTest::newRow("attribute of a child") << "<a><b c='" + parentheses + "'/></a>";
-    // The root's start tag and the text behind it meet at the edge of a piece of 1,024 bytes.
+    // The root's start tag and the text after it meet at the edge of a piece of 1,024 bytes.
     for (int blanks = 1010; blanks < 1030; ++blanks) {
         QTest::newRow(qPrintable(QStringLiteral("after %1 blanks").arg(blanks)))
             << QByteArray(" ").repeated(blanks) + "<a>" + parentheses + "</a>";
@@ -370,7 +370,7 @@ void TestGuardedXml::refusesTooLarge_data()
         "<r>" + QByteArray("<a b='&e;'/>").repeated(20000) + "</r>");
     row("never closed", longText, "<a>" + references);
 
-    row("behind entities of entities", "&f;'><!ENTITY f '" + longText, manyReferences);
+    row("after entities of entities", "&f;'><!ENTITY f '" + longText, manyReferences);
     row("references made of character references", "&#38;f;'><!ENTITY f '" + longText,
         manyReferences);
     QTest::newRow("defaults of attributes") << withType(
@@ -405,12 +405,12 @@ void TestGuardedXml::refusesTooLarge_data()
 
     // The parser gets pieces of 1 KB: the entities and the references to them come in the same.
     const QByteArray endsWithPiece(100 * 1024 - int(sizeof("<!DOCTYPE a [<!ENTITY e '") - 1), 'x');
-    QTest::newRow("references just behind the entity") << withType(
+    QTest::newRow("references just after the entity") << withType(
         "<!ENTITY e '" + endsWithPiece + "'>", "<a>" + QByteArray("&e;").repeated(300) + "</a>");
-    QTest::newRow("open references just behind the entity")
+    QTest::newRow("open references just after the entity")
         << withType("<!ENTITY e '" + endsWithPiece.chopped(6) + "&#38;e'>",
                "<a>&e" + QByteArray(900, ';') + "</a>");
-    QTest::newRow("entities just behind the entity") << withType("<!ENTITY e '" + endsWithPiece
+    QTest::newRow("entities just after the entity") << withType("<!ENTITY e '" + endsWithPiece
             + "'><!ENTITY f '" + QByteArray("&#38;e;").repeated(30) + "'><!ENTITY g '"
             + QByteArray("&#38;f;").repeated(30) + "'>",
         "<a>&g;</a>");

@@ -1070,11 +1070,12 @@ void TestXmlFile::readerSucceeds_data()
         QTest::addRow("%s, UTF-8 mark", name) << kind << "\xEF\xBB\xBF" + project(good) << 1;
         QTest::addRow("%s, Latin-1", name)
             << kind << "<?xml version='1.0' encoding='ISO-8859-1'?>" + project(good) << 1;
-        const QString text = QString::fromUtf8(project(good));
-        QTest::addRow("%s, UTF-16", name)
-            << kind
-            << "\xFF\xFE" + QByteArray(reinterpret_cast<const char*>(text.utf16()), text.size() * 2)
-            << 1;
+        QByteArray littleEndian("\xFF\xFE");
+        for (const QChar character : QString::fromUtf8(project(good))) {
+            littleEndian.append(static_cast<char>(character.cell()));
+            littleEndian.append(static_cast<char>(character.row()));
+        }
+        QTest::addRow("%s, UTF-16", name) << kind << littleEndian << 1;
         QTest::addRow("%s, entity", name) << kind
                                           << "<!DOCTYPE a [<!ENTITY e '"
                 + QByteArray(good).replace("'", "&#39;") + "'>]>" + project("&e;")
@@ -1104,9 +1105,9 @@ void TestXmlFile::parserMessageIsTheReason_data()
     QTest::newRow("open element") << QByteArray("<DataPackage>");
     QTest::newRow("crossed") << QByteArray("<a><b></a></b>");
     QTest::newRow("two roots") << QByteArray("<a/><b/>");
-    QTest::newRow("mistake behind the section")
+    QTest::newRow("mistake after the section")
         << project(section(Kind::Events, eventRecord("1")) + "<a>");
-    QTest::newRow("mistake behind the version")
+    QTest::newRow("mistake after the version")
         << QByteArray("<Update><ModuleID>m</ModuleID><Version>v</Version></update>");
     QTest::newRow("recursive entities")
         << QByteArray("<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>");
@@ -1566,7 +1567,7 @@ void TestXmlFile::eventLimitCountsReadRecordsOnly()
     QByteArray records;
     for (int id = 1; id <= 128; ++id)
         records += "<Odd/><!-- c -->" + eventRecord(QByteArray::number(id));
-    // Behind the limit nothing is looked at, not even an id.
+    // After the limit nothing is looked at, not even an id.
     records += eventRecord("1") + eventRecord("500");
 
     const QList<EventInfo> events = eventsIn(project(section(Kind::Events, records)));
@@ -2105,7 +2106,7 @@ void TestXmlFile::triggerCountIsLogged()
         QStringLiteral("static bool XmlFile::readTriggerXmlFile(const QString&, TriggerModel&, "
                        "QString&)"));
 
-    // All child nodes count, also behind the limit of the reader.
+    // All child nodes count, also after the limit of the reader.
     {
         const LogRecorder recorder;
         triggersIn(

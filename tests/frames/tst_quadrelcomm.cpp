@@ -93,7 +93,7 @@ void TestQuadrelComm::makesReadRequests_data()
                              << hex("5144524c 01 01 0000 00000000 00000000 0000 073f");
     QTest::newRow("largest") << 255 << 0xFFFFFFFFU << 0xFFFFU
                              << hex("5144524c 01 ff 0000 00000000 ffffffff ffff ebbe");
-    // The field has 16 bits: the unit is asked for the rest, and the reply's length tells.
+    // The field has 16 bits: the unit is asked for the rest, and the reply's length says so.
     QTest::newRow("beyond 16 bits")
         << 1 << 0U << 0x10020U << hex("5144524c 01 01 0000 00000000 00000000 2000 341c");
     QTest::newRow("beyond 16 bits, nothing left")

@@ -231,7 +231,7 @@ void TestQuadrelctl::speaksALanguage_data()
     row("Chinese of another place", "zh_TW.UTF-8", {info, unit}, true);
     row("another language", "de_DE.UTF-8", {info, unit}, false);
     row("option before the command", "en_US.UTF-8", {option, zh, info, unit}, true);
-    row("option behind the command", "zh_CN.UTF-8", {info, unit, option, en}, false);
+    row("option after the command", "zh_CN.UTF-8", {info, unit, option, en}, false);
     row("option with =", "zh_CN.UTF-8", {option + QStringLiteral("=en"), info, unit}, false);
 }
 
@@ -572,8 +572,8 @@ void TestQuadrelctl::setsTheClock_data()
     // What is shown of the time lasts longer than the patience of the tests.
     QTest::addColumn<QString>("time");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("as told") << QStringLiteral("2026/11/14  16:50:49")
-                             << QStringLiteral("2026/11/14 16:5");
+    QTest::newRow("as given") << QStringLiteral("2026/11/14  16:50:49")
+                              << QStringLiteral("2026/11/14 16:5");
     QTest::newRow("a year of one digit")
         << QStringLiteral("2005/02/03  00:00:00") << QStringLiteral("205/02/03 00:0");
     QTest::newRow("a leap day") << QStringLiteral("2028/02/29  23:50:00")

@@ -157,7 +157,7 @@ void TestQuadrelsim::reportsItsSettings()
     QCOMPARE(client.read(0xF0000000, 32),
         QByteArray::fromHex("3412 04030201 ffffffffffffffff 01 0700000a 000000ff 0100000a"
                             "00 00 04 08 ff"));
-    // Four ports and eight lines have their settings; the ones behind have none.
+    // Four ports and eight lines have their settings; the others have none.
     QCOMPARE(
         client.read(0xF0001000 + 3 * 7, 14), QByteArray::fromHex("00c20100080100 00000000000000"));
     QCOMPARE(client.read(0xF0001100 + 7 * 2, 4), QByteArray::fromHex("01000000"));
@@ -332,13 +332,13 @@ void TestQuadrelsim::tellsOfTenRefusalsASecond()
     for (int i = 0; i < refusals; ++i)
         client.writeDatagram("garbage", QHostAddress::LocalHost, port);
     QVERIFY(simulator.waitForError(QStringLiteral(" more of the like in this second\n")));
-    int told = 0;
+    int reported = 0;
     int keptBack = 0;
     const QRegularExpression summary(
         QStringLiteral("^quadrelsim: (\\d+) more of the like in this second$"));
     // All of it may take more than a second on a busy machine.
     const auto count = [&] {
-        told = 0;
+        reported = 0;
         keptBack = 0;
         const QStringList lines = simulator.errors().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
         for (const QString& line : lines) {
@@ -346,13 +346,13 @@ void TestQuadrelsim::tellsOfTenRefusalsASecond()
             if (match.hasMatch())
                 keptBack += match.captured(1).toInt();
             else
-                told += line.endsWith(QStringLiteral("; datagram dropped")) ? 1 : 1000;
+                reported += line.endsWith(QStringLiteral("; datagram dropped")) ? 1 : 1000;
         }
-        return told + keptBack;
+        return reported + keptBack;
     };
     TRY_COMPARE(count(), refusals);
-    QVERIFY(told >= 10);
-    QVERIFY(told < refusals / 2);
+    QVERIFY(reported >= 10);
+    QVERIFY(reported < refusals / 2);
 }
 
 void TestQuadrelsim::servesOnWithoutAReaderOfItsErrors_data()
@@ -381,7 +381,7 @@ void TestQuadrelsim::servesOnWithoutAReaderOfItsErrors()
             m_directory.path()}));
     const QByteArray beginning = "listening on 127.0.0.1:";
     Client client(shell.waitForLine(beginning).mid(beginning.size()).toUShort());
-    // Each request is told in a line of some 60 bytes, and a pipe takes 64 KiB.
+    // Each request is reported in a line of some 60 bytes, and a pipe takes 64 KiB.
     for (int i = 0; i < 3000; ++i)
         QCOMPARE(client.read(0xF0000000, 32), UnitSettings().informationBlock());
     QCOMPARE(shell.stop(SIGTERM), 0);
@@ -422,7 +422,7 @@ void TestQuadrelsim::limitsItsMemory()
     QCOMPARE(written, 256 - 2);
     QVERIFY(client.waitForClosed());
     QVERIFY(simulator.waitForError(
-        QStringLiteral(": a write of 1 bytes at 0x100fe000 is over the memory limit of 1048576 "
+        QStringLiteral(": a write of 1 byte at 0x100fe000 is over the memory limit of 1048576 "
                        "bytes; connection dropped\n")));
     Client again(port);
     QCOMPARE(again.read(0x10000000, 1), QByteArray("x"));
@@ -611,7 +611,7 @@ void TestQuadrelsim::tellsEachRequest()
     QVERIFY(simulator.errors().contains(
         peer + QStringLiteral("label 1, read 512 bytes at 0xf0020001\n")));
     QVERIFY(simulator.errors().contains(
-        peer + QStringLiteral("label 2, write 1 bytes at 0xf0020000, fault: wrong-label\n")));
+        peer + QStringLiteral("label 2, write 1 byte at 0xf0020000, fault: wrong-label\n")));
     QVERIFY(simulator.errors().contains(QStringLiteral("quadrelsim: going down\n")));
 }
 

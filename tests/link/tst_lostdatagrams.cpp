@@ -29,7 +29,7 @@ LinkOptions withRetries(int retries)
     return options;
 }
 
-/** A unit over UDP that loses what it is told to, and counts the writes that reach it. */
+/** A unit over UDP that loses what it is asked to, and counts the writes that reach it. */
 class LossyUnit {
 public:
     explicit LossyUnit(quint32 seed)

@@ -38,7 +38,7 @@ constexpr int longWait = 20000;
 constexpr int shortWait = 1000;
 const QString noError = QStringLiteral("no error");
 
-/** An UnPackage on a worker thread, behind the transport. */
+/** An UnPackage on a worker thread, with the transport. */
 class Operations : public QObject {
 public:
     Operations(int wait, const UnitAddress& address)
@@ -104,7 +104,7 @@ private:
         return m_results.size() == 1 ? m_results.first() : m_results.join(QStringLiteral(" and "));
     }
 
-    /** Each read leaves the models of the one before it behind. */
+    /** Each read leaves the models of the one before it. */
     static void forgetDevice()
     {
         DeviceManagerModel* registry = DeviceManagerModel::Instance();
@@ -205,7 +205,11 @@ private:
     std::vector<std::thread> m_threads;
 };
 
+using Wake = std::function<void(UnPackage&)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Wake)
 
 class TestUnitTransport : public QObject {
     Q_OBJECT
@@ -220,10 +224,17 @@ private slots:
     void takesFramesInPieces();
     void takesSeveralFramesAtOnce();
     void dropsLateReplies();
-    void wakesAnOperationThatSleepsLate_data();
-    void wakesAnOperationThatSleepsLate();
-    void tellsAFailureToAnOperationThatSleepsLate();
+    void givesAReplyThatCameBeforeTheWait_data();
+    void givesAReplyThatCameBeforeTheWait();
+    void givesAFailureThatCameBeforeTheWait();
     void wakesNobodyAfterTheOperation();
+    void isWokenByTheApplication_data();
+    void isWokenByTheApplication();
+    void keepsTheWaitOfTheUnPackage();
+    void givesTheUnPackageItsWaitBack();
+    void dropsWhatCameBetweenOperations_data();
+    void dropsWhatCameBetweenOperations();
+    void seesThatTheUnitHasClosed();
     void isRefused_data();
     void isRefused();
     void givesUpOnAnUnknownHost();
@@ -361,7 +372,7 @@ void TestUnitTransport::takesFramesInPieces()
 
 void TestUnitTransport::takesSeveralFramesAtOnce()
 {
-    // Replies of other labels come along with the right one, in front and behind.
+    // Replies of other labels come along with the right one, before it and after it.
     OddUnit unit([](QTcpSocket& socket, const QByteArray& request) {
         QByteArray other = request;
         other[5] = static_cast<char>(other.at(5) + 1);
@@ -388,24 +399,24 @@ void TestUnitTransport::dropsLateReplies()
     QCOMPARE(operations.readDevice(), noError);
 }
 
-void TestUnitTransport::wakesAnOperationThatSleepsLate_data()
+void TestUnitTransport::givesAReplyThatCameBeforeTheWait_data()
 {
     readsOverBothProtocols_data();
 }
 
-void TestUnitTransport::wakesAnOperationThatSleepsLate()
+void TestUnitTransport::givesAReplyThatCameBeforeTheWait()
 {
     QFETCH(int, protocol);
     SampleUnit sample;
     Operations operations(longWait, sample.address(static_cast<UnitAddress::Protocol>(protocol)));
-    // The reply is in before the operation can sleep, at each exchange of a whole read.
+    // At each exchange of a whole read.
     connect(
         &operations.unit(), &UnPackage::signal_sendPackage, &operations.unit(),
         [&operations] { operations.transport().awaitLastReply(); }, Qt::DirectConnection);
     QCOMPARE(operations.run(ReadDataType), noError);
 }
 
-void TestUnitTransport::tellsAFailureToAnOperationThatSleepsLate()
+void TestUnitTransport::givesAFailureThatCameBeforeTheWait()
 {
     OddUnit unit([](QTcpSocket& socket, const QByteArray&) { socket.disconnectFromHost(); });
     Operations operations(longWait, unit.address());
@@ -425,6 +436,99 @@ void TestUnitTransport::wakesNobodyAfterTheOperation()
     QString error;
     QVERIFY(!operations.unit().waitResponsed(QStringLiteral("alone"), error));
     QCOMPARE(error, QStringLiteral("alone超时！"));
+}
+
+void TestUnitTransport::isWokenByTheApplication_data()
+{
+    QTest::addColumn<Wake>("wake");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("failure") << Wake([](UnPackage& unit) { unit.setError(QStringLiteral("stop")); })
+                             << QStringLiteral("stop");
+    QTest::newRow("bare wake") << Wake([](UnPackage& unit) { unit.quitWaitDelay(); }) << noError;
+    QTest::newRow("reply") << Wake([](UnPackage& unit) { unit.setRecvPackage(QByteArray()); })
+                           << noError;
+}
+
+/** Again and again: a wake that comes before the operation waits is lost. */
+void TestUnitTransport::isWokenByTheApplication()
+{
+    QFETCH(Wake, wake);
+    QFETCH(QString, error);
+    OddUnit unit([](QTcpSocket&, const QByteArray&) {});
+    Operations operations(-1, unit.address());
+    QTimer timer;
+    connect(&timer, &QTimer::timeout, this, [&] { wake(operations.unit()); });
+    timer.start(5);
+    QCOMPARE(operations.run(BackwordWriteType), error);
+}
+
+void TestUnitTransport::keepsTheWaitOfTheUnPackage()
+{
+    writeSettingsBeside("[Communication]\ntimeout=50\n");
+    const OddUnit unit([](QTcpSocket&, const QByteArray&) {});
+    UnPackage unPackage;
+    LinkOptions options;
+    options.timeout = longWait;
+    const UnitTransport transport(&unPackage, unit.address(), options);
+    QString error;
+    QVERIFY(!unPackage.backwordread(error));
+    QCOMPARE(error, QStringLiteral("校时回读超时！"));
+}
+
+void TestUnitTransport::givesTheUnPackageItsWaitBack()
+{
+    writeSettingsBeside("[Communication]\ntimeout=0\n");
+    UnPackage unPackage;
+    {
+        const UnitTransport transport(&unPackage, UnitAddress());
+    }
+    QString error;
+    QVERIFY(!unPackage.waitResponsed(QStringLiteral("alone"), error));
+    QCOMPARE(error, QStringLiteral("alone超时！"));
+    unPackage.quitWaitDelay();
+}
+
+void TestUnitTransport::dropsWhatCameBetweenOperations_data()
+{
+    QTest::addColumn<QByteArray>("stream");
+    QTest::addColumn<int>("connections");
+    const QByteArray late = replyTo(UnitFrame::readRequest(0, 0xF0000000, 32).encode());
+    QTest::newRow("late reply") << late << 1;
+    QTest::newRow("half a reply") << late.left(25) << 2;
+    QTest::newRow("no reply") << QByteArray("HTTP/1.1 400 Bad Request\r\n\r\n") << 2;
+}
+
+void TestUnitTransport::dropsWhatCameBetweenOperations()
+{
+    QFETCH(QByteArray, stream);
+    QFETCH(int, connections);
+    QTcpSocket* connection = nullptr;
+    OddUnit unit([&connection](QTcpSocket& socket, const QByteArray& request) {
+        connection = &socket;
+        socket.write(replyTo(request));
+    });
+    int connected = 0;
+    connect(&unit, &QTcpServer::newConnection, this, [&connected] { ++connected; });
+    Operations operations(longWait, unit.address());
+    QCOMPARE(operations.readDevice(), noError);
+    connection->write(stream);
+    connection->flush();
+    QCOMPARE(operations.readDevice(), noError);
+    QCOMPARE(connected, connections);
+}
+
+void TestUnitTransport::seesThatTheUnitHasClosed()
+{
+    QTcpSocket* connection = nullptr;
+    OddUnit unit([&connection](QTcpSocket& socket, const QByteArray& request) {
+        connection = &socket;
+        socket.write(replyTo(request));
+    });
+    Operations operations(longWait, unit.address());
+    QCOMPARE(operations.readDevice(), noError);
+    QVERIFY(operations.transport().isConnected());
+    connection->disconnectFromHost();
+    TRY_VERIFY(!operations.transport().isConnected());
 }
 
 void TestUnitTransport::isRefused_data()

@@ -155,14 +155,14 @@ ModelManagement* selectedModels()
     return registry->getDeviceData(registry->getCurrentSelectDevice());
 }
 
-/** Each read of a unit leaves the aggregate of the one before behind; here someone remembers it. */
+/** Each read of a unit keeps the aggregate of the one before; here someone remembers it. */
 void rememberSelectedModels()
 {
     static auto* const remembered = new QVector<ModelManagement*>;
     remembered->append(selectedModels());
 }
 
-/** An operations object with its own wait time, the log of its signals and a unit behind it. */
+/** An operations object with its own wait time, the log of its signals and a unit. */
 class Bench {
 public:
     explicit Bench(const Memory& memory = Memory(), int timeout = -1)
@@ -274,6 +274,8 @@ private slots:
     void waitBareWake();
     void waitEarlyReplyIsLost();
     void waitWithoutLimit();
+    void waitOfTheLink_data();
+    void waitOfTheLink();
     void registryOfItsOwn();
     void errorStaysUntilNextRun();
     void sendPackage();
@@ -566,12 +568,68 @@ void TestUnPackage::waitWithoutLimit()
     QCOMPARE(error, QStringLiteral("配置参数超时！"));
 }
 
+void TestUnPackage::waitOfTheLink_data()
+{
+    QTest::addColumn<bool>("isWoken");
+    QTest::addColumn<QString>("failure");
+    QTest::addColumn<QString>("error");
+    const QString before = QStringLiteral("before");
+    const QString broken = QStringLiteral("线路故障");
+    QTest::newRow("answered") << true << QString() << before;
+    QTest::newRow("failed") << true << broken << broken;
+    QTest::newRow("out of time") << false << QString() << QStringLiteral("配置参数超时！");
+    QTest::newRow("failed, but out of time") << false << broken << QStringLiteral("配置参数超时！");
+}
+
+void TestUnPackage::waitOfTheLink()
+{
+    QFETCH(bool, isWoken);
+    QFETCH(QString, failure);
+    QFETCH(QString, error);
+    struct Wait : ReplyWait {
+        bool await(int milliseconds) override
+        {
+            waits.append(milliseconds);
+            if (!failure.isEmpty())
+                UnPackageAccess::setFailure(*operations, failure);
+            return isWoken;
+        }
+        void wake() override { ++wakes; }
+
+        UnPackage* operations = nullptr;
+        bool isWoken = false;
+        QString failure;
+        QList<int> waits;
+        int wakes = 0;
+    };
+    writeSettingsBeside("[Communication]\ntimeout=70\n");
+    UnPackage operations;
+    Wait wait;
+    wait.operations = &operations;
+    wait.isWoken = isWoken;
+    wait.failure = failure;
+    const UnPackageLink link{&wait, nullptr};
+    UnPackageAccess::setLink(operations, &link);
+
+    // On one thread: nobody else wakes it.
+    QString result = QStringLiteral("before");
+    QCOMPARE(operations.sendConfig(result), error == result);
+    QCOMPARE(result, error);
+    QCOMPARE(wait.waits, (isWoken && failure.isEmpty() ? QList<int>{70, 70} : QList<int>{70}));
+    QCOMPARE(wait.wakes, 0);
+    operations.quitWaitDelay();
+    operations.setRecvPackage(QByteArray());
+    operations.setError(QString());
+    QCOMPARE(wait.wakes, 3);
+}
+
 void TestUnPackage::registryOfItsOwn()
 {
     selectDevice(QStringLiteral("10.0.0.1"));
     DeviceManagerModel registry;
     Bench bench(makeMemory(3, 2, 1));
-    UnPackageAccess::setRegistry(*bench.operations, &registry);
+    const UnPackageLink link{nullptr, &registry};
+    UnPackageAccess::setLink(*bench.operations, &link);
     bench.run(ReadDataType);
     DeviceModel device = registry.getCurrentSelectDevice();
     QCOMPARE(device.getIP(), QStringLiteral("10.0.0.7"));
@@ -582,7 +640,7 @@ void TestUnPackage::registryOfItsOwn()
     DeviceManagerModel* const shared = DeviceManagerModel::Instance();
     QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.1"));
 
-    UnPackageAccess::setRegistry(*bench.operations, nullptr);
+    UnPackageAccess::setLink(*bench.operations, nullptr);
     bench.run(ReadDataType);
     QCOMPARE(shared->getCurrentSelectDevice().getIP(), QStringLiteral("10.0.0.7"));
 }
@@ -904,7 +962,7 @@ void TestUnPackage::configNumberIsNotChecked()
     QFETCH(int, ports);
     QFETCH(int, lines);
     QFETCH(QStringList, traffic);
-    // A unit gives what its 16-bit length field can tell.
+    // A unit gives what its 16-bit length field can hold.
     Bench bench([](const RecordedRequest& request, int) {
         return ScriptedUnit::reply(
             replyFrame(request.address, QByteArray(int(request.length & 0xFFFF), '\0')));
@@ -1897,7 +1955,7 @@ void TestUnPackage::faults()
     QFETCH(int, operation);
     QFETCH(int, step);
     QFETCH(int, fault);
-    const Operation told = faultOperations().at(operation);
+    const Operation faulty = faultOperations().at(operation);
     bool armed = true;
     bool write = false;
     const auto script = [&](const RecordedRequest& request, int number) {
@@ -1914,7 +1972,7 @@ void TestUnPackage::faults()
     const bool reachesTheStep = succeedsWithAWait([&](int wait) {
         bench = std::make_unique<Bench>(script, fault == NoReply ? wait : -1);
         placeInputs(*bench->operations);
-        bench->run(told.type);
+        bench->run(faulty.type);
         return bench->unit->frames().size() > step;
     });
     QVERIFY(reachesTheStep);
@@ -1923,10 +1981,10 @@ void TestUnPackage::faults()
         QRegularExpression(QStringLiteral("^(errored|readFinished|finshed)")));
     QCOMPARE(closings.size(), 1);
     QCOMPARE(bench->log->entries.last(), closings.first());
-    const QString text = faultText(static_cast<Fault>(fault), told.steps.at(step), write);
+    const QString text = faultText(static_cast<Fault>(fault), faulty.steps.at(step), write);
     if (text.isEmpty()) {
         QVERIFY(!closings.first().startsWith(QStringLiteral("errored")));
-        QCOMPARE(bench->unit->frames().size(), told.steps.size());
+        QCOMPARE(bench->unit->frames().size(), faulty.steps.size());
     } else {
         QCOMPARE(closings.first(), QStringLiteral("errored:") + text);
         QCOMPARE(bench->unit->frames().size(), step + 1);
@@ -2013,17 +2071,17 @@ void TestUnPackage::labelsTranslated_data()
 void TestUnPackage::labelsTranslated()
 {
     QFETCH(int, index);
-    const auto& told = labelledOperations[index];
-    const QString label = QString::fromUtf8(told.label);
+    const auto& labelled = labelledOperations[index];
+    const QString label = QString::fromUtf8(labelled.label);
     writeSettingsBeside("[Communication]\ntimeout=0\n");
     UnPackage operations;
     QString error;
-    QVERIFY(!(operations.*told.operation)(error));
+    QVERIFY(!(operations.*labelled.operation)(error));
     QCOMPARE(error, label + QStringLiteral("超时！"));
 
     ContextTranslator translator;
     QVERIFY(QCoreApplication::installTranslator(&translator));
-    QVERIFY(!(operations.*told.operation)(error));
+    QVERIFY(!(operations.*labelled.operation)(error));
     QCOMPARE(error, QStringLiteral("UnPackage|") + label + QStringLiteral("UnPackage|超时！"));
 }
 

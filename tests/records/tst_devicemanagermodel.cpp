@@ -18,7 +18,7 @@ namespace {
 /**
  * What the registry's map is expected to do, written apart from the framework's map: a red-black
  * tree whose search goes right at every key that differs and left at a key that is equal. Nodes are
- * told by their index, 0 is the sentinel.
+ * known by their index, 0 is the sentinel.
  */
 class EdgeTree {
 public:
@@ -236,7 +236,7 @@ private:
     int m_root = 0;
 };
 
-/** A device told from the others by its serial number. */
+/** A device that differs from the others by its serial number. */
 DeviceModel device(int number)
 {
     DeviceModel device;

@@ -166,7 +166,7 @@ void TestModelManagement::eventName_data()
     row("[事件(ID:012)]", twelve);
     row("ID:99)", none);
 
-    // What stands between "ID:" and ")" is converted as it is.
+    // What is between "ID:" and ")" is converted as it is.
     row("ID: 7 )", seven);
     row("ID:+7)", seven);
     row("ID:-4)", minusFour);
@@ -177,7 +177,7 @@ void TestModelManagement::eventName_data()
     row("ID:7.0)", zero);
     row("ID:99999999999)", zero);
 
-    // Only the first "ID:" counts, and only a ")" behind it.
+    // Only the first "ID:" counts, and only a ")" after it.
     row("ID:7)ID:3)", seven);
     row("ID:x)ID:3)", zero);
     row("ID:ID:3)", zero);

@@ -10,8 +10,8 @@
 #include <QtNetwork/QNetworkDatagram>
 #include <QtNetwork/QUdpSocket>
 
-/** The discovery port of a unit, inside a namespace: it keeps what it hears and says what it is
- * told. */
+/** The discovery port of a unit, inside a namespace: it keeps what it hears and says what it
+ * is given. */
 class DiscoveredUnit : public QObject {
 public:
     explicit DiscoveredUnit(const NetworkNamespace& network,

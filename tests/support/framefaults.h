@@ -15,7 +15,7 @@ using Parser = std::function<bool(uint, const QByteArray&, int, QString&)>;
 
 /**
  * The three tests that every parser makes of a reply first, in their order. Each frame has all the
- * later faults too, and the error that stood there is replaced.
+ * later faults too, and the error that was there is replaced.
  */
 inline void checkFrameFaults(const Parser& parse, uint dataType, int dataLength,
     const QString& otherLengthMessage = QStringLiteral("数据包长度与实际的数据包长度不一致！"))

@@ -136,7 +136,7 @@ inline QVector<HostileFile> hostileFiles(int size)
         {"entity left open, in an attribute",
             withType(open, filledXml(size, ";", "<a b='&e;", "'/>"))},
         {"references", withType("<!ENTITY e '" + longText + "'>", filledXml(size, "&e;"))},
-        {"references just behind the entity",
+        {"references just after the entity",
             withType("<!ENTITY e '" + QByteArray(240 * 1024 - 25, 'x') + "'>",
                 "<a>" + QByteArray("&e;").repeated(300) + "</a>")},
         {"entities", withType(numbered(size / 20, "<!ENTITY e", " ''>"), "<a/>")},

@@ -25,7 +25,7 @@ public:
     /** Of the processor, so that what else the machine does has no part in it. */
     double processorSeconds() const { return double(std::clock() - m_clock) / CLOCKS_PER_SEC; }
 
-    /** 0 where the peak can't be told: sanitizers keep memory of their own. */
+    /** 0 where the peak can't be measured: sanitizers keep memory of their own. */
     double peakMegabytes() const
     {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

@@ -9,7 +9,7 @@
 /** A reply with the given data length field, which may lie about the payload. */
 inline QByteArray replyFrame(quint32 dataType, const QByteArray& payload, int dataLength)
 {
-    // Nobody may read head or trailer for more than what stands in them.
+    // Nobody may read head or trailer for more than what is in them.
     QByteArray frame(12, '\x5A');
     frame.append(6, '\0');
     qToLittleEndian<quint32>(dataType, frame.data() + 12);

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-/** The sample unit's contents; its trigger without an event, which no unit can be told, is left
+/** The sample unit's contents; its trigger without an event, which no unit can store, is left
  * out. */
 inline QuadrelDocument::Contents sampleContents()
 {

@@ -15,7 +15,7 @@
 #include <thread>
 
 /**
- * Stands in for transport and unit: answers each frame from a thread of its own, as `script` tells,
+ * Replaces transport and unit: answers each frame from a thread of its own, as `script` says,
  * in the careful way. The script runs on that thread and gets the frame and its number from 0.
  */
 class ScriptedUnit {

@@ -10,7 +10,7 @@
 
 /**
  * Writes down every signal of an operations object but the frames, in the order of their emission:
- * the name without "signal_", and the arguments behind a colon.
+ * the name without "signal_", and the arguments after a colon.
  */
 class SignalLog : public QObject {
 public:

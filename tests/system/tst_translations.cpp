@@ -71,7 +71,7 @@ QStringList placesOf(const QString& text)
     return places;
 }
 
-/** The words that stand in project files or are compared with what a unit or a file says. */
+/** The words that are in project files or are compared with what a unit or a file says. */
 QStringList fileWords()
 {
     QStringList words{QStringLiteral("Hex"), QStringLiteral("ASCII"), QStringLiteral("Deal"),

@@ -158,9 +158,9 @@ void TestControlUnit::keepsWhatIsWritten_data()
     QTest::newRow("last event") << quint32(0xF0020001 + 127 * 512) << 512;
     QTest::newRow("remark") << quint32(0x18201000) << 90;
     QTest::newRow("anywhere") << quint32(0x12345678) << 65535;
-    QTest::newRow("right behind the information block") << quint32(0xF0000020) << 5;
+    QTest::newRow("right after the information block") << quint32(0xF0000020) << 5;
     QTest::newRow("right before the clock") << quint32(0x02000001) << 16;
-    QTest::newRow("right behind the clock") << quint32(0x02000017) << 5;
+    QTest::newRow("right after the clock") << quint32(0x02000017) << 5;
 }
 
 void TestControlUnit::keepsWhatIsWritten()

@@ -66,7 +66,7 @@ bool isChinese(const QString& text)
     return text.contains(QRegularExpression(QStringLiteral("[\\x{4e00}-\\x{9fff}]")));
 }
 
-/** Where the count of events stands in a trigger. */
+/** Where the count of events is in a trigger. */
 int tailOffset(const QByteArray& trigger)
 {
     return 2 + (byteAt(trigger, 0) | byteAt(trigger, 1) << 8);
@@ -218,10 +218,11 @@ void TestUnitBlocks::samplesEveryKindOfTrigger()
     for (int i = 0; i < count; ++i) {
         const QByteArray trigger = memory.read(0xF0010001 + static_cast<quint32>(i * 512), 512);
         const bool isTime = byteAt(trigger, 5) == 0xA5;
-        // The class, and what tells plain data from Modbus, high from low, or the repeat modes.
+        // The class, and what distinguishes plain data from Modbus, high from low, or the repeat
+        // modes.
         const int detail = isTime ? 7 : byteAt(trigger, 5) == 0x25 ? 9 : 11;
         kinds.insert(trigger.mid(5, 2).toHex() + trigger.mid(detail, 1).toHex());
-        // Time triggers stand behind all others.
+        // Time triggers come after all others.
         QVERIFY(isTime || !isTimePart);
         isTimePart = isTime;
 

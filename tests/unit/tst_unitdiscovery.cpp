@@ -7,6 +7,8 @@
 #include <QtNetwork/QNetworkDatagram>
 #include <QtTest/QtTest>
 
+#include <set>
+
 using namespace QuadrelUnit;
 
 class TestUnitDiscovery : public QObject {
@@ -97,6 +99,10 @@ void TestUnitDiscovery::makesGarbage()
     QCOMPARE(garbage.size(), 65507);
     QVERIFY(!garbage.contains("Zorbe"));
     QVERIFY(garbage.count(garbage.at(0)) < 1000);
+    // All of 0x80 to 0xFF, and none below.
+    const std::set<quint8> bytes(garbage.begin(), garbage.end());
+    QCOMPARE(bytes.size(), std::size_t(128));
+    QCOMPARE(int(*bytes.begin()), 0x80);
     QCOMPARE(reply.garbageDatagram(), garbage);
 }
 

@@ -179,6 +179,11 @@ void TestUnitFaults::repeatsItselfByItsSeed()
     other.addShare(FaultKind::Drop, 0.5);
     QCOMPARE(pattern(faults, 200), pattern(same, 200));
     QVERIFY(pattern(faults, 200) != pattern(other, 200));
+    UnitFaults usual;
+    usual.addShare(FaultKind::Drop, 0.5);
+    UnitFaults zero(0);
+    zero.addShare(FaultKind::Drop, 0.5);
+    QCOMPARE(pattern(usual, 200), pattern(zero, 200));
 
     // A rule for one reply does not move the luck of the others.
     UnitFaults more(12);

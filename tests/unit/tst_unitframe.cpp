@@ -312,7 +312,9 @@ void TestUnitFrame::readsDatagrams_data()
     QTest::newRow("good") << read << QString();
     QTest::newRow("empty") << QByteArray() << QStringLiteral("the frame ends after 0 bytes");
     QTest::newRow("short") << read.left(19) << QStringLiteral("the frame ends after 19 bytes");
-    QTest::newRow("long") << read + "abc" << QStringLiteral("3 bytes follow the frame");
+    QTest::newRow("long") << read + "abc" << QStringLiteral("the frame is followed by 3 bytes");
+    QTest::newRow("one too long") << read + "a"
+                                  << QStringLiteral("the frame is followed by 1 byte");
     QTest::newRow("garbage") << QByteArray("abc")
                              << QStringLiteral("the bytes do not begin as a frame does");
 }

@@ -42,6 +42,7 @@ private slots:
     void boundsLateRepliesOfAConnection();
     void boundsLateRepliesWithoutBytes();
     void goesOnAfterLateReplies();
+    void goesOnAfterLateRepliesWithoutBytes();
     void boundsLateDatagrams();
     void answersWhoSendsNoMore_data();
     void answersWhoSendsNoMore();
@@ -113,7 +114,7 @@ void TestUnitLimits::refusesClientsBeyondItsMaximum()
         QStringLiteral(
             "2 clients are connected; further ones are refused until one of them leaves"));
 
-    // One that leaves makes room, and the next time is told again.
+    // One that leaves makes room, and the next time is reported again.
     second.reset();
     TRY_COMPARE(m_server->connectionCount(), 1);
     UnitClient fourth(m_server->port());
@@ -291,6 +292,19 @@ void TestUnitLimits::goesOnAfterLateReplies()
     TRY_COMPARE(client.bytes().size(), 20 * 65555);
 }
 
+void TestUnitLimits::goesOnAfterLateRepliesWithoutBytes()
+{
+    constexpr int requests = 20000;
+    // Time enough for all that it takes before the first reply is due.
+    m_server->setLatency(500);
+    m_server->faults().addShare(FaultKind::Drop, 1);
+    UnitClient client(m_server->port());
+    client.socket().write(UnitFrame::readRequest(1, 0, 0).encode().repeated(requests));
+    TRY_COMPARE(m_served->size(), requests);
+    QVERIFY(client.isConnected());
+    QVERIFY(client.bytes().isEmpty());
+}
+
 void TestUnitLimits::boundsLateDatagrams()
 {
     m_server->setLatency(hour);
@@ -379,7 +393,7 @@ void TestUnitLimits::refusesWritesBeyondItsMemory()
     const QString peer = client.peer();
     const UnitFrame request = UnitFrame::writeRequest(1, 0x1000, "x");
     const QString reason = QStringLiteral(
-        ": a write of 1 bytes at 0x00001000 is over the memory limit of 8192 bytes; ");
+        ": a write of 1 byte at 0x00001000 is over the memory limit of 8192 bytes; ");
     client.send(request);
     TRY_VERIFY(client.isClosed());
     QVERIFY(client.bytes().isEmpty());

@@ -214,7 +214,7 @@ void TestUnitMemoryFile::tellsOfAFailedSave()
     QVERIFY(failed.wait(patience));
     QCOMPARE(failed.first().first().toString(), error);
 
-    // What failed is not saved yet: it is tried again at the end, and told again.
+    // What failed is not saved yet: it is tried again at the end, and reported again.
     error.clear();
     QVERIFY(!file.saveNoted(&error));
     QCOMPARE(error, failed.first().first().toString());

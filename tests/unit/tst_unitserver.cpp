@@ -493,16 +493,22 @@ void TestUnitServer::waitsForItsPort()
     // The port is taken the moment the unit leaves it.
     connect(m_server.get(), &UnitServer::wentDown, &squatter,
         [&] { squatter.listen(QHostAddress::LocalHost, m_server->port()); });
-    UnitClient client(m_server->port());
-    client.send(reset(true));
-    TRY_VERIFY(!notices.isEmpty());
-    QVERIFY(squatter.isListening());
-    QVERIFY(notices[0][0].toString().startsWith(
-        QStringLiteral("cannot listen on 127.0.0.1:%1: ").arg(m_server->port())));
-    QVERIFY(notices[0][0].toString().endsWith(QStringLiteral("; trying again")));
-    QVERIFY(back.isEmpty());
-    squatter.close();
-    TRY_COMPARE(back.size(), 1);
+    for (int restart = 0; restart < 2; ++restart) {
+        UnitClient client(m_server->port());
+        client.send(reset(true));
+        TRY_COMPARE(notices.size(), restart + 1);
+        QVERIFY(squatter.isListening());
+        const QString notice = notices[restart][0].toString();
+        QVERIFY(notice.startsWith(
+            QStringLiteral("cannot listen on 127.0.0.1:%1: ").arg(m_server->port())));
+        QVERIFY(notice.endsWith(QStringLiteral("; trying again")));
+        // It tries again in the meantime, and does not say so again.
+        QTest::qWait(350);
+        QCOMPARE(notices.size(), restart + 1);
+        QCOMPARE(back.size(), restart);
+        squatter.close();
+        TRY_COMPARE(back.size(), restart + 1);
+    }
 }
 
 void TestUnitServer::restartsAfterAnUpgrade()

@@ -170,13 +170,16 @@ void TestUnitUpgrade::tellsWhatIsWrong_data()
         << "got 02 00 02 00 at 0x01f00008 where 02 00 01 00 at 0x01f00008 was due";
     QTest::newRow("second chunk first")
         << 4 << quint32(0x06000800) << QByteArray(2048, 'x')
-        << "got 2048 bytes at 0x06000800 where 2048 bytes of image at 0x06000000 were due";
+        << "got 2048 bytes at 0x06000800 instead of 2048 bytes of image at 0x06000000";
     QTest::newRow("too much")
         << 5 << quint32(0x06000800) << QByteArray(2, 'x')
-        << "got 2 bytes at 0x06000800 where 1 bytes of image at 0x06000800 were due";
+        << "got 2 bytes at 0x06000800 instead of 1 byte of image at 0x06000800";
     QTest::newRow("data instead of a start word")
         << 6 << quint32(0x18000000) << QByteArray(10, 'x')
         << "got 78 78 78 78 78 78 78 78 ... at 0x18000000 where 09 72 at 0x18200002 was due";
+    QTest::newRow("as much data as is shown")
+        << 6 << quint32(0x18000000) << QByteArray(8, 'x')
+        << "got 78 78 78 78 78 78 78 78 at 0x18000000 where 09 72 at 0x18200002 was due";
     QTest::newRow("start word") << 6 << quint32(0x18200002) << QByteArray::fromHex("7209")
                                 << "got 72 09 at 0x18200002 where 09 72 at 0x18200002 was due";
     QTest::newRow("second length") << 8 << quint32(0x01F00000) << littleEndian(11)
@@ -203,7 +206,7 @@ void TestUnitUpgrade::startsAnewAfterABreak()
     QList<UpgradeWrite> broken = writes;
     broken.removeAt(4);
     QCOMPARE(run(upgrade, broken), UnitUpgrade::Broken);
-    // The rest of the broken one is let pass, and is told of no more.
+    // The rest of the broken one is accepted without a further report.
     QCOMPARE(upgrade.write(0x06001000, "x"), UnitUpgrade::Taken);
     QCOMPARE(upgrade.write(0x18200002, "xy"), UnitUpgrade::Taken);
     QCOMPARE(run(upgrade, writes), UnitUpgrade::Complete);

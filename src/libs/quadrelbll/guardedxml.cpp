@@ -17,7 +17,7 @@ namespace {
 
 /**
  * Counts the open parentheses of a content model, as in <!ELEMENT a ((b))>: the parser recurses for
- * each of them, too. None of the characters that start the count anew can stand in a model.
+ * each of them, too. None of the characters that start the count anew can be in a model.
  */
 class OpenParentheses {
 public:
@@ -34,7 +34,7 @@ public:
 
 private:
     // More than a source holds at once, so that it has met the root's start tag before it could
-    // take the text behind that tag for a model.
+    // take the text after that tag for a model.
     static constexpr int maximum = 2048;
 
     void count(QChar c)
@@ -97,7 +97,7 @@ class Entities {
 public:
     int count() const { return m_count; }
 
-    /** The parser tells of the first declaration of a name only, which is the one that counts. */
+    /** The parser reports the first declaration of a name only, which is the one that counts. */
     void declare(const QString& name, const QString& value)
     {
         const int number = numberOf(name);
@@ -209,7 +209,7 @@ private:
     qint64 m_growth = 0;
 };
 
-/** Stands between the parser and the DOM's own handler, and stops the parser at the limits. */
+/** Sits between the parser and the DOM's own handler, and stops the parser at the limits. */
 class ParserGuard : public QXmlContentHandler, public QXmlDTDHandler, public QXmlDeclHandler {
 public:
     explicit ParserGuard(const RefusalTexts& texts)
@@ -455,7 +455,7 @@ bool setContentGuarded(
         return false;
     }
 
-    // Only its own reader tells the DOM whether an undeclared entity stood in an attribute, where
+    // Only its own reader informs the DOM whether an undeclared entity was in an attribute, where
     // the DOM drops it. The document is known to be shallow now and may be parsed without a guard.
     if (guard.sawSkippedEntity() && device.seek(0))
         return document.setContent(&device, false, error, &line, &column);

@@ -93,7 +93,7 @@ QByteArray eventBlock(EventInfo& event)
     RecordBlock block;
     block.storeByte(idOffset, event.getEventId());
 
-    // Without a command the description has nothing to stand behind, and overwrites the id.
+    // Without a command the description has nothing to follow, and overwrites the id.
     int descriptionOffset = 0;
     if (hasCommand(event.getEventType())) {
         const QByteArray command = commandOf(event);
@@ -112,7 +112,7 @@ struct Command {
     int start;
     int length;
 
-    /** 0 behind the command's end. */
+    /** 0 after the command's end. */
     quint8 byteAt(int offset) const
     {
         return offset < length ? frame.payloadByte(start + offset) : 0;

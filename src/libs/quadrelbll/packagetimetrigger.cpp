@@ -103,7 +103,7 @@ void storeEndDate(RecordBlock& block, const QString& date)
         storeDate(block, endDateOffset, date);
 }
 
-/** The one time of day of a trigger stands in both stamps. */
+/** The one time of day of a trigger is in both stamps. */
 void storeTime(RecordBlock& block, const QString& time)
 {
     const QVector<QStringRef> items = time.splitRef(QLatin1Char(':'));

@@ -28,7 +28,7 @@ constexpr ReplyFrame::FaultTexts frameFaults = {
     QT_TRANSLATE_NOOP("PackageTrigger", "数据包长度与实际的数据包长度不一致！"),
 };
 
-// The two bytes behind the record class.
+// The two bytes after the record class.
 constexpr quint8 serialClassByte = 0x03;
 constexpr quint8 inputClassByte = 0x02;
 constexpr quint8 bodyMark = 0x52;
@@ -70,7 +70,7 @@ QByteArray parameterBytes(TriggerInfo& trigger)
     return trigger.getTriggerProtocolType() ? QByteArray::fromHex(parameter) : parameter;
 }
 
-/** Stores the body of a serial trigger behind its length, which is the result. */
+/** Stores the body of a serial trigger after its length, which is the result. */
 int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
 {
     const bool modbus = trigger.getTriggerType() == TriggerInfo::COM_MODBUS;
@@ -84,7 +84,7 @@ int storeSerialBody(RecordBlock& block, TriggerInfo& trigger)
     return serialBodyLength + parameter.size();
 }
 
-/** Stores the body of an IO trigger behind its length, which is the result. */
+/** Stores the body of an IO trigger after its length, which is the result. */
 int storeInputBody(RecordBlock& block, TriggerInfo& trigger, const QString& highLevelText)
 {
     const bool high = trigger.getTriggerParameter() == highLevelText;

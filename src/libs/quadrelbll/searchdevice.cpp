@@ -41,7 +41,7 @@ bool isPlainLoopback(const QHostAddress& address)
 
 } // namespace
 
-// Nothing is matched with it yet. The constructor gives it the pattern, so it stands before the
+// Nothing is matched with it yet. The constructor gives it the pattern, so it comes before the
 // singleton: both are made while the library is loaded, in this order.
 static QByteArrayMatcher frameHeadMatcher; // clazy:exclude=non-pod-global-static
 

@@ -16,6 +16,7 @@
 #include "protocolcreate.h"
 #include "replyframe.h"
 #include "settingsfile.h"
+#include "unpackageaccess.h"
 
 #include <QtCore/QDeadlineTimer>
 #include <QtCore/QMutexLocker>
@@ -56,9 +57,14 @@ constexpr ushort upgradeStartWord = 0x7209;
 /** Of all control words of an upgrade, which count for its progress as the images do. */
 constexpr int upgradeControlBytes = 36;
 
-DeviceManagerModel& orSingleton(DeviceManagerModel* registry)
+DeviceManagerModel& registryOf(const UnPackageLink* link)
 {
-    return registry ? *registry : *DeviceManagerModel::Instance();
+    return link && link->registry ? *link->registry : *DeviceManagerModel::Instance();
+}
+
+ReplyWait* waitOf(const UnPackageLink* link)
+{
+    return link ? link->wait : nullptr;
 }
 
 /** Lets `store` put working copies into the selected device's models, and keeps those. */
@@ -195,10 +201,7 @@ void UnPackage::sendPackage(QByteArray package)
 
 bool UnPackage::waitResponsed(QString label, QString& error)
 {
-    m_mutex.lock();
-    const bool woken = m_waitCondition.wait(&m_mutex, QDeadlineTimer(m_timeout));
-    m_mutex.unlock();
-    if (!woken) {
+    if (!sleepUntilWoken()) {
         error = label + tr("超时！");
         return false;
     }
@@ -207,6 +210,14 @@ bool UnPackage::waitResponsed(QString label, QString& error)
         return false;
     }
     return true;
+}
+
+bool UnPackage::sleepUntilWoken()
+{
+    if (ReplyWait* const wait = waitOf(m_link))
+        return wait->await(m_timeout);
+    const QMutexLocker locker(&m_mutex);
+    return m_waitCondition.wait(&m_mutex, QDeadlineTimer(m_timeout));
 }
 
 void UnPackage::setRecvPackage(QByteArray package)
@@ -224,6 +235,8 @@ void UnPackage::setError(QString error)
 
 void UnPackage::quitWaitDelay()
 {
+    if (ReplyWait* const wait = waitOf(m_link))
+        wait->wake();
     const QMutexLocker locker(&m_mutex);
     m_waitCondition.wakeAll();
 }
@@ -234,7 +247,7 @@ void UnPackage::slot_runReadPackage(DataPackageType type)
     m_hasError = false;
     m_recvPackage.clear();
     QString error = QLatin1String("");
-    const DeviceModel device = orSingleton(m_registry).getCurrentSelectDevice();
+    const DeviceModel device = registryOf(m_link).getCurrentSelectDevice();
     if (runOperation(type, error))
         emitFinished(type, device);
     else
@@ -273,7 +286,7 @@ void UnPackage::emitFinished(DataPackageType type, const DeviceModel& device)
 {
     switch (type) {
     case ReadDataType:
-        Q_EMIT signal_readFinished(orSingleton(m_registry).getCurrentSelectDevice());
+        Q_EMIT signal_readFinished(registryOf(m_link).getCurrentSelectDevice());
         break;
     case UpgradeDeviceType:
         Q_EMIT signal_finshedUpgrade(m_upgradeName);
@@ -328,8 +341,8 @@ bool UnPackage::readDeviceParameter(QString& error)
     // models of an earlier read.
     auto* models = new ModelManagement(nullptr);
     models->setDeviceModel(m_deviceModel);
-    orSingleton(m_registry).setCurrentSelectDevice(m_deviceModel);
-    orSingleton(m_registry).setDeviceData(m_deviceModel, models);
+    registryOf(m_link).setCurrentSelectDevice(m_deviceModel);
+    registryOf(m_link).setDeviceData(m_deviceModel, models);
     Q_EMIT signal_updateDeviced();
     return true;
 }
@@ -343,7 +356,7 @@ bool UnPackage::sendConfig(QString& error)
     if (!writeBlock(ioAddress, ioBlock, tr("配置参数"), error))
         return false;
 
-    updateRegistry(orSingleton(m_registry),
+    updateRegistry(registryOf(m_link),
         [this](ModelManagement& models) { models.setConfigModel(m_configModel); });
     Q_EMIT signal_updateConfiged();
     return true;
@@ -360,7 +373,7 @@ bool UnPackage::readConfigParameter(QString& error)
         || !readPart(ioAddress, bytesOf(m_ioNumber, m_ioLength)))
         return false;
 
-    updateRegistry(orSingleton(m_registry),
+    updateRegistry(registryOf(m_link),
         [this](ModelManagement& models) { models.setConfigModel(m_configModel); });
     Q_EMIT signal_updateConfiged();
     return true;
@@ -394,13 +407,13 @@ bool UnPackage::sendEvent(QString& error)
         || !writeRecords(eventTableAddress, count, encode, error))
         return false;
 
-    updateRegistry(orSingleton(m_registry),
+    updateRegistry(registryOf(m_link),
         [this](ModelManagement& models) { models.setEventModel(m_eventModel); });
     Q_EMIT signal_updateEvented();
     return true;
 }
 
-/** A count cell with the records right behind it. */
+/** A count cell with the records right after it. */
 struct UnPackage::RecordTable {
     unsigned int countAddress;
     int countLength;
@@ -440,13 +453,13 @@ bool UnPackage::readEventParameter(QString& error)
             &PackageEvent::parseEventPackage, m_eventModel, error))
         return false;
 
-    updateRegistry(orSingleton(m_registry),
+    updateRegistry(registryOf(m_link),
         [this](ModelManagement& models) { models.setEventModel(m_eventModel); });
     Q_EMIT signal_updateEvented();
     return true;
 }
 
-/** All triggers stand in front of all time triggers. */
+/** All triggers come before all time triggers. */
 QByteArray UnPackage::encodeTableEntry(int index)
 {
     const int triggers = m_triggerModel.size();
@@ -464,7 +477,7 @@ bool UnPackage::sendTrigger(QString& error)
         || !writeRecords(triggerTableAddress, total, encode, error))
         return false;
 
-    updateRegistry(orSingleton(m_registry), [this](ModelManagement& models) {
+    updateRegistry(registryOf(m_link), [this](ModelManagement& models) {
         models.setTriggerModel(m_triggerModel);
         models.setTriggerTimeModel(m_timeTriggerModel);
     });
@@ -487,7 +500,7 @@ bool UnPackage::readTriggerParameter(QString& error)
         return false;
 
     numberRecords(m_triggerModel);
-    updateRegistry(orSingleton(m_registry),
+    updateRegistry(registryOf(m_link),
         [this](ModelManagement& models) { models.setTriggerModel(m_triggerModel); });
     Q_EMIT signal_updateTriggered();
     return true;
@@ -502,7 +515,7 @@ bool UnPackage::readTimeTriggerParameter(QString& error)
         return false;
 
     numberRecords(m_timeTriggerModel);
-    updateRegistry(orSingleton(m_registry),
+    updateRegistry(registryOf(m_link),
         [this](ModelManagement& models) { models.setTriggerTimeModel(m_timeTriggerModel); });
     Q_EMIT signal_updateTimeTriggered();
     return true;

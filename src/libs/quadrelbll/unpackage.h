@@ -17,7 +17,7 @@
 #include <QtCore/QString>
 #include <QtCore/QWaitCondition>
 
-class DeviceManagerModel;
+struct UnPackageLink;
 
 /**
  * What UnPackage::slot_runReadPackage runs, and the signal that closes it on success. Any other
@@ -322,9 +322,10 @@ public Q_SLOTS:
     void slot_SendQuadrelNetWork(QString oldIp, QString newIp, QString subnet, QString gateway);
 
 private:
-    /** Internal: lets the link lift the wait of its own object, and give it a registry. */
+    /** Internal: lets the link await replies in place of the object, and give it a registry. */
     friend class UnPackageAccess;
 
+    Q_DECL_HIDDEN bool sleepUntilWoken();
     bool runOperation(DataPackageType type, QString& error);
     void emitFinished(DataPackageType type, const DeviceModel& device);
     bool readEverything(QString& error);
@@ -382,8 +383,8 @@ private:
     DeviceModel m_deviceModel;
     QString m_upgradeName;
     QString m_timingCheck;
-    /** Null for the one of the process. */
-    DeviceManagerModel* m_registry = nullptr;
+    /** Internal; null for an object that has its own wait and the registry of the process. */
+    const UnPackageLink* m_link = nullptr;
 
     static UnPackage* m_unPackageInstance;
 };

@@ -77,7 +77,7 @@ struct TriggerWords {
     const QString io = XmlFile::tr("IO");
     const QString eventOpening = XmlFile::tr("事件(");
     const QString eventClosing = XmlFile::tr(")");
-    // Of an event text these characters are never written, wherever they stand.
+    // Of an event text these characters are never written, wherever they are.
     const QRegExp notWritten{QStringLiteral("[事件()]")};
 
     // The position of a label is the value of its line.

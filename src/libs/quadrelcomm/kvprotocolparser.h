@@ -18,7 +18,7 @@ class KVProtocolParser {
 public:
     /**
      * A request for `length` bytes at `address`, marked with `label`. Only the low 16 bits of the
-     * length travel: the reply to a longer one tells another length than was asked for.
+     * length travel: the reply to a longer one gives another length than was asked for.
      */
     static PackageRequestProto3rd* Get_CommonRead(
         unsigned char label, unsigned int address, unsigned int length);

@@ -11,7 +11,7 @@ public:
     PackageRequestProto3rd() = default;
     explicit PackageRequestProto3rd(QByteArray frame);
 
-    /** The complete frame of the request, ready to go out as it stands. */
+    /** The complete frame of the request, ready to be sent. */
     QByteArray ParseSendRequest() const;
 
 private:

@@ -222,10 +222,8 @@ private:
         const int timeTriggers = m_contents.timeTriggers ? m_contents.timeTriggers->size() : 0;
         if (triggers + timeTriggers > Limit::tableEntries)
             fail({triggers > 0 ? Section::Triggers : Section::TimeTriggers, -1, {}},
-                Text::tr("there are %1 triggers and %2 time triggers; a unit has room for %3 "
-                         "together")
-                    .arg(triggers)
-                    .arg(timeTriggers)
+                Text::tr("%1 records with time triggers are too many; %2 are allowed")
+                    .arg(triggers + timeTriggers)
                     .arg(Limit::tableEntries));
     }
 
@@ -243,7 +241,7 @@ private:
         checkLine(place("line"), trigger);
         if (trigger.kind == TriggerKind::Io && !trigger.level)
             fail(place("parameter"),
-                Text::tr("it is missing, and a unit can't be told so; high or low is allowed"));
+                Text::tr("it is missing, and a unit can't store that; high or low is allowed"));
         if (trigger.parameter.size() > Limit::parameterBytes)
             fail(place("parameter"),
                 Text::tr("%1 bytes are too many; %2 are allowed")

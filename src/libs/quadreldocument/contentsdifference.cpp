@@ -163,7 +163,7 @@ private:
     Difference m_difference;
 };
 
-/** A value as a line shows it: what is free text stands in quotes. */
+/** A value as a line shows it: what is free text is quoted. */
 QString shownValue(Section section, const QString& key, const QString& value)
 {
     const QVector<Field>& fields = fieldsOf(section);

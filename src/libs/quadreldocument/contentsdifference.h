@@ -40,7 +40,7 @@ struct RecordChange {
     QString path;
     /** All that differs; for Added and Removed all that the record holds. */
     QVector<FieldChange> fields;
-    /** A changed record that stands at another place too. */
+    /** A changed record that is at another place too. */
     bool isMoved = false;
 };
 

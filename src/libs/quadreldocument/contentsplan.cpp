@@ -170,7 +170,7 @@ private:
             || (isOld && (!isWritten(finding) || finding.severity == Severity::Warning));
     }
 
-    /** The same fault of the same record, wherever the record stands now. */
+    /** The same fault of the same record, wherever the record is now. */
     bool isSame(const Finding& before, const Finding& after) const
     {
         const Section section = after.place.section;
@@ -309,20 +309,20 @@ private:
         keepModbus(places);
     }
 
-    /** Puts each Modbus trigger that the file does not show behind the one that it followed. */
+    /** Puts each Modbus trigger that the file does not show after the one that it followed. */
     void keepModbus(QVector<int> places)
     {
-        int behind = -1;
+        int before = -1;
         for (int i = 0; i < places.size(); ++i) {
             const Trigger& held = m_held.triggers->at(i);
             if (places.at(i) < 0 && held.kind == TriggerKind::ComModbus) {
-                m_result.triggers->insert(behind + 1, held);
+                m_result.triggers->insert(before + 1, held);
                 for (int& place : places)
-                    place += place > behind ? 1 : 0;
-                places[i] = behind + 1;
+                    place += place > before ? 1 : 0;
+                places[i] = before + 1;
             }
             if (places.at(i) >= 0)
-                behind = places.at(i);
+                before = places.at(i);
         }
         number(m_result.triggers);
     }

@@ -26,7 +26,7 @@ QVector<Section> sectionsOf(Table table);
 
 /** What a plan may do. */
 struct PlanOptions {
-    /** The only tables to write; empty: all that the wanted contents tell of. */
+    /** The only tables to write; empty: all that the wanted contents have. */
     QVector<Table> only;
     /** Write contents of a unit with another serial number or model. */
     bool otherUnit = false;

@@ -467,7 +467,7 @@ QVector<Record> ContentsReader::readRecords(Section section, const DocumentNode&
     return records;
 }
 
-/** Ports and lines stand where their numbers say. */
+/** Ports and lines are where their numbers say. */
 template <typename Record>
 QVector<Record> ContentsReader::readNumbered(Section section, const DocumentNode& node)
 {

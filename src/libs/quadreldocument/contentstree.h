@@ -37,11 +37,11 @@ QString documentFormat();
 DocumentNode treeOf(const Contents& contents);
 /** How many records the section has; 0 if it is absent. */
 int recordCount(const Contents& contents, Section section);
-/** Whether the contents tell of the section at all. */
+/** Whether the contents have the section at all. */
 bool hasSection(const Contents& contents, Section section);
-/** A record of a section as it stands in a document. */
+/** A record of a section as it is in a document. */
 DocumentNode recordNode(const Contents& contents, Section section, int index);
-/** What a YAML document says behind bytes in hexadecimal; empty where they hold no words. */
+/** What a YAML document says after bytes in hexadecimal; empty where they hold no words. */
 QString commentOf(const QByteArray& bytes);
 
 /** The contents that a tree describes, with all that is wrong with it. */

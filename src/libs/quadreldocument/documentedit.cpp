@@ -339,7 +339,7 @@ private:
         change(start, end, bytes);
     }
 
-    /** Brings the comment behind bytes up to date, unless somebody wrote another; gives its end. */
+    /** Brings the comment after bytes up to date, unless somebody wrote another; gives its end. */
     int withComment(const QString& key, const DocumentNode& old, const DocumentNode& value,
         QByteArray& bytes) const
     {
@@ -505,7 +505,7 @@ DocumentNode& requireRecord(EditableText& text, const Path& path)
     return *record;
 }
 
-/** The number of the kind follows from the command; where the record tells it, it is kept right. */
+/** The number of the kind follows from the command; where the record has it, it is kept right. */
 void updateType(EditableText& text, const Path& path)
 {
     const QString key = QStringLiteral("type");
@@ -529,7 +529,7 @@ void setField(EditableText& text, const Path& path, const QString& key, const Do
         text.removeField(path, rival);
 }
 
-/** The record that stands in braces, with its number first. */
+/** The record in braces, with its number first. */
 DocumentNode recordFrom(const Path& path, const QString& value)
 {
     const DocumentNode given = readValue(path, value);
@@ -537,7 +537,7 @@ DocumentNode recordFrom(const Path& path, const QString& value)
     const QString number = QString::number(*path.number);
     if (given.kind != DocumentNode::Kind::Mapping)
         throw EditRefusal{
-            Text::tr("%1: a record stands in braces, such as {delay: 500}").arg(path.text)};
+            Text::tr("%1: a record is written in braces, such as {delay: 500}").arg(path.text)};
     if (given.member(key) && given.member(key)->value.value != number)
         throw EditRefusal{Text::tr("%1: the record says %2 %3")
                               .arg(path.text, key, given.member(key)->value.value)};
@@ -692,7 +692,7 @@ QByteArray withComments(const QByteArray& text, const Findings& findings)
     QByteArray result;
     for (int i = 0; i < lines.size(); ++i) {
         for (const Finding& finding : findings) {
-            // What stands nowhere is said at the top.
+            // What has no place is said at the top.
             if (qMax(1, finding.position.line) == i + 1)
                 result += commentMark() + messageOf(finding).toUtf8() + '\n';
         }

@@ -9,7 +9,7 @@
 #include <QtCore/QString>
 
 /**
- * Changes to a document's text that leave the rest of it, comments and order too, as it stands.
+ * Changes to a document's text that leave the rest of it, comments and order too, as it is.
  *
  * A path is a section, a record or a field: `events`, `events[8]`, `events[8].description`,
  * `serialPorts[2].baudRate`, `device.ip`. In brackets is the id, port or line that the document

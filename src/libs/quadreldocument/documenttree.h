@@ -28,7 +28,7 @@ struct DocumentNode {
     std::vector<DocumentNode> items;
     /** In the order of the text. */
     std::vector<Member> members;
-    /** What a YAML text says behind the value. */
+    /** What a YAML text says after the value. */
     QString comment;
 
     /** The bytes of the text from the first to the one after the last. */
@@ -59,7 +59,7 @@ struct DocumentNode::Member {
     DocumentNode value;
 };
 
-/** Equal in what they say, wherever they stand and whatever is commented. */
+/** Equal in what they say, wherever they are and whatever is commented. */
 bool operator==(const DocumentNode& left, const DocumentNode& right);
 
 /** Ends the reading of a text. */
@@ -109,7 +109,7 @@ DocumentNode readJson(const QByteArray& text);
 /** The mapping as a whole text, records in lines of their own. */
 QByteArray yamlText(const DocumentNode& mapping);
 QByteArray jsonText(const DocumentNode& value);
-/** The value in one line: valid wherever a value stands. */
+/** The value in one line: valid wherever a value may be. */
 QString yamlInline(const DocumentNode& value);
 QString jsonInline(const DocumentNode& value);
 /** The start of a text in quotes and without control characters, fit for a message. */

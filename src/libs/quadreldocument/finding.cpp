@@ -26,7 +26,7 @@ template <typename Records> QString shownId(const std::optional<Records>& record
     return QString::number(isThere ? records->at(index).id : index);
 }
 
-/** What stands in brackets for a record. */
+/** What is in brackets for a record. */
 QString shownNumber(const Place& place, const Contents& contents)
 {
     switch (place.section) {

@@ -26,7 +26,7 @@ struct Place {
     QString field;
 };
 
-/** Where something stands in a text, both counted from 1 in characters; 0: nowhere. */
+/** Where something is in a text, both counted from 1 in characters; 0: nowhere. */
 struct Position {
     int line = 0;
     int column = 0;
@@ -34,7 +34,7 @@ struct Position {
 bool operator<(const Position& left, const Position& right);
 bool operator==(const Position& left, const Position& right);
 
-/** Where the parts of contents stand in the text that they were read from. */
+/** Where the parts of contents are in the text that they were read from. */
 class Positions {
 public:
     void insert(const Place& place, Position position);
@@ -69,7 +69,7 @@ constexpr int maximumFindings = 1000;
 QString pathOf(const Place& place, const Contents& contents);
 
 bool hasErrors(const Findings& findings);
-/** Into the order of the text; what stands nowhere comes first. */
+/** Into the order of the text; what has no place comes first. */
 void sortByPosition(Findings& findings);
 
 /**

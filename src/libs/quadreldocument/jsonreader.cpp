@@ -15,7 +15,7 @@ namespace QuadrelDocument {
 namespace {
 
 /**
- * The framework's reader of JSON says neither where a value stands nor that a key is doubled, and
+ * The framework's reader of JSON says neither where a value is nor that a key is doubled, and
  * forgets the order.
  */
 class JsonReader {

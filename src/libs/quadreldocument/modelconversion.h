@@ -16,7 +16,7 @@
  *
  * There are two ways back. asRead() gives the models that a read of a unit with these contents
  * fills, for the library's files and for tables. toSend() gives those that make the library write a
- * unit that reads back as these contents: a name goes out behind the description, and a delay off
+ * unit that reads back as these contents: a name is sent after the description, and a delay off
  * the grid of 10 ms as its command bytes.
  */
 namespace QuadrelDocument {

@@ -119,7 +119,7 @@ public:
 private:
     Position positionHere()
     {
-        // Behind a text the reader has looked at the bracket that ends it.
+        // After a text the reader has looked at the bracket that ends it.
         const int offset = static_cast<int>(m_xml.characterOffset());
         const bool isAhead =
             offset > 0 && offset <= m_text.size() && m_text.at(offset - 1) == QLatin1Char('<');
@@ -135,7 +135,7 @@ private:
             m_result.findings.append({severity, {}, position, path, text});
     }
 
-    /** What stands where only elements are looked for. */
+    /** What is where only elements are looked for. */
     enum class Strays { Allowed, Refused };
 
     /**
@@ -299,7 +299,7 @@ private:
         return false;
     }
 
-    /** Takes down where a value stands. */
+    /** Notes where a value is. */
     void place(const Record& record, const Place& place, const char* element)
     {
         m_result.positions.insert({place.section, -1, {}}, record.position);
@@ -475,7 +475,7 @@ private:
         place(record, {Section::Triggers, index, QStringLiteral("description")}, "Instruction");
     }
 
-    /** The library writes such a record without the elements that tell the others apart. */
+    /** The library writes such a record without the elements that distinguish the others. */
     static bool isModbus(const Record& record)
     {
         return record.values.size() == 4 && !record.value("TriggerType") && !record.value("COM")
@@ -557,7 +557,7 @@ private:
                     .arg(shownText(value->text)));
     }
 
-    /** Items with an id behind "ID:"; a name may stand before it. */
+    /** Items with an id after "ID:"; a name may come before it. */
     void checkEventList(const Record& record, const QString& path)
     {
         static const QRegularExpression form(QStringLiteral("\\A[^;]*?ID:([0-9]{1,3})\\z"));

@@ -17,9 +17,9 @@ namespace {
 /** How much a field says about which record this is. */
 int weightOf(const QString& field)
 {
-    static const QStringList telling{QStringLiteral("parameter"), QStringLiteral("time"),
+    static const QStringList distinctive{QStringLiteral("parameter"), QStringLiteral("time"),
         QStringLiteral("eventIds"), QStringLiteral("description")};
-    return telling.contains(field) ? 2 : 1;
+    return distinctive.contains(field) ? 2 : 1;
 }
 
 struct Pair {

@@ -27,7 +27,7 @@ bool isDirection(ushort unit)
         || (unit >= 0x2066 && unit <= 0x2069);
 }
 
-/** Whether every reader of YAML and every terminal takes the character as it stands. */
+/** Whether every reader of YAML and every terminal takes the character as it is. */
 bool isPlain(QChar character)
 {
     const ushort unit = character.unicode();
@@ -102,7 +102,7 @@ bool hasRecords(const DocumentNode& node)
         [](const DocumentNode& item) { return item.kind == DocumentNode::Kind::Mapping; });
 }
 
-/** What stands behind "key:". */
+/** What follows "key:". */
 QString yamlValue(const DocumentNode& node, int indentation)
 {
     const int inner = indentation + yamlIndentation;

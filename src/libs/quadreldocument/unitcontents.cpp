@@ -53,7 +53,7 @@ std::optional<char> escapedCharacter(QChar letter)
     return std::nullopt;
 }
 
-/** The byte of the escape whose letter stands at `position`, which moves to the last of it. */
+/** The byte of the escape whose letter is at `position`, which moves to the last of it. */
 std::optional<char> escapeAt(const QString& text, int& position)
 {
     if (position >= text.size())

@@ -80,7 +80,7 @@ Event normalEvent(Event event);
 enum class TriggerKind { Com, ComModbus, Io };
 enum class Level { Low, High };
 
-/** The line of a trigger that its source does not tell; see Trigger::line. */
+/** The line of a trigger that its source does not give; see Trigger::line. */
 constexpr int unknownLine = -1;
 /** The lines of each kind: A-1 to D-4. */
 constexpr int triggerLineCount = 16;
@@ -129,7 +129,7 @@ struct TimeTrigger {
 };
 bool operator==(const TimeTrigger& left, const TimeTrigger& right);
 
-/** What a unit stores, or as much of it as a file says: what is absent is not told. */
+/** What a unit stores, or as much of it as a file says: what is absent is not described. */
 struct Contents {
     std::optional<Device> device;
     std::optional<QVector<SerialPort>> serialPorts;
@@ -186,7 +186,7 @@ std::optional<QByteArray> bytesOfHex(const QString& text);
 /** The bytes as text: Latin-1 with the escapes \\ \r \n \t \0 \xHH for what is no printable ASCII.
  */
 QString escapedText(const QByteArray& bytes);
-/** The bytes of such a text, in which other characters up to U+00FF may stand as they are. */
+/** The bytes of such a text, in which other characters up to U+00FF may be as they are. */
 std::optional<QByteArray> bytesOfEscapedText(const QString& text);
 
 /** The date as a unit reports it; nothing if it does not exist or lies outside 2000 to 2099. */

@@ -55,7 +55,7 @@ struct LoadedFile {
     Positions positions;
     /** Of the text and of the contents, in the order of the file. */
     Findings findings;
-    /** The text as it stands in the file. */
+    /** The text as it is in the file. */
     QByteArray text;
 };
 
@@ -69,7 +69,7 @@ LoadedFile loadFile(const QString& path);
  * Saves contents in the form that the ending says, without the clock. The file is made beside
  * `path` and then takes its place, so that a failure leaves an older file as it was; a link stays a
  * link. Returns the reason of a failure, or an empty text. What a project file loses on the way is
- * for lossesInProject() to tell.
+ * for lossesInProject() to report.
  */
 QString saveFile(const QString& path, const Contents& contents);
 

@@ -184,13 +184,13 @@ private:
         return at(node.start) == '[' || at(node.start) == '{';
     }
 
-    /** The parser says of nothing that it stands where the next thing is. */
+    /** The parser says of nothing that it is where the next thing is. */
     static bool isMissing(const DocumentNode& node)
     {
         return node.kind == DocumentNode::Kind::Scalar && !node.isQuoted && node.value.isEmpty();
     }
 
-    /** Behind the colon of a key, which stands ahead of `next`; `next` for a key without one. */
+    /** After the colon of a key, which is before `next`; `next` for a key without one. */
     int afterColon(int keyStart, int next) const
     {
         const auto end = m_text.begin() + qMin(next, m_text.size());
@@ -198,7 +198,7 @@ private:
         return colon == end ? next : static_cast<int>(colon - m_text.begin()) + 1;
     }
 
-    /** Behind the closing bracket that follows the last value. */
+    /** After the closing bracket that follows the last value. */
     int endOfFlow(int offset) const
     {
         while (offset < m_text.size() && at(offset) != ']' && at(offset) != '}')
@@ -251,7 +251,7 @@ private:
         throw Refusal{start, Text::tr("the text that starts here has no closing quote")};
     }
 
-    /** The lines of a text behind | or > are those that stand as far to the right as its first. */
+    /** The lines of a text after | or > are those that are as far to the right as its first. */
     int endOfBlock(int start) const
     {
         int end = lineEnd(start);
@@ -293,7 +293,7 @@ private:
 };
 
 /**
- * The parser keeps what stands in brackets until it knows whether it is a key. These characters
+ * The parser keeps what is in brackets until it knows whether it is a key. These characters
  * bound how much that can be.
  */
 void refuseTooManyValues(const QByteArray& text)

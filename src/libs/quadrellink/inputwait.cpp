@@ -8,8 +8,6 @@
 #include <utility>
 
 #include <poll.h>
-#include <pthread.h>
-#include <sched.h>
 
 using namespace std::chrono_literals;
 
@@ -55,11 +53,10 @@ bool InputWait::waitAwake(pollfd (&waited)[2], Clock::duration limit)
     if (now >= m_awakeUntil)
         return false;
     const auto end = now + std::min(limit, m_awakeUntil - now);
-    for (bool isFirst = true; poll(waited, 2, 0) == 0 && now < end; isFirst = false) {
+    while (poll(waited, 2, 0) == 0 && now < end) {
         std::this_thread::yield();
         const auto before = std::exchange(now, Clock::now());
-        // The first lets the operation run, which was given a reply just now.
-        m_isProcessorNeeded |= !isFirst && now - before > emptyYield;
+        m_isProcessorNeeded |= now - before > emptyYield;
     }
     return true;
 }
@@ -79,15 +76,4 @@ void InputWait::noteInput()
         m_repliesWhereNeeded = 0;
         m_naps = naps;
     }
-}
-
-void InputWait::follow(int processor)
-{
-    if (processor == m_processor)
-        return;
-    m_processor = processor;
-    cpu_set_t processors;
-    CPU_ZERO(&processors);
-    CPU_SET(processor, &processors);
-    pthread_setaffinity_np(pthread_self(), sizeof processors, &processors);
 }

@@ -11,12 +11,11 @@
 #include <poll.h>
 
 /**
- * How the thread that receives waits for a reply. Of that thread alone.
+ * How an operation waits for a reply. Of one thread at a time.
  *
  * To wake a thread on an idle processor takes longer than a whole exchange with a unit on this
- * machine. While replies follow each other fast, the thread therefore stays awake, on the processor
- * of the operation: that one is awake then, too. Where others have work for the processor, it
- * sleeps: they keep it awake, and need it.
+ * machine. While replies follow each other fast, the thread therefore stays awake. Where others
+ * have work for the processor, it sleeps: they keep it awake, and need it.
  */
 class InputWait {
 public:
@@ -31,11 +30,6 @@ public:
     /** Waits on two descriptors, of which the second may be -1, but no longer than `limit`. */
     Events wait(int wake, int socket, Clock::duration limit);
 
-    /** Moves the thread to the processor on which the operation runs. */
-    void follow(int processor);
-    /** Nothing is awaited any more: the next wait sleeps. */
-    void rest() { m_awakeUntil = {}; }
-
 private:
     bool waitAwake(pollfd (&waited)[2], Clock::duration limit);
     void noteInput();
@@ -48,5 +42,4 @@ private:
     int m_repliesWhereNeeded = 0;
     /** Replies that the thread still sleeps for. */
     int m_naps = 0;
-    int m_processor = -1;
 };

@@ -60,11 +60,11 @@ UnitResult OperationRunner::run(const UnitRequest& request)
 
     // One for each operation, so that it holds this unit and nothing else.
     DeviceManagerModel registry;
-    UnPackageAccess::setRegistry(m_unPackage, &registry);
+    m_binding.setRegistry(&registry);
     placeInputs(*request.m_inputs);
     m_clock.clear();
     result.failure = operate(request, registry);
-    UnPackageAccess::setRegistry(m_unPackage, nullptr);
+    m_binding.setRegistry(nullptr);
 
     const DeviceModel device = registry.getCurrentSelectDevice();
     const std::unique_ptr<ModelManagement> models(registry.getDeviceData(device));

@@ -21,10 +21,10 @@ class OperationRunner {
     Q_DECLARE_TR_FUNCTIONS(UnitSession)
 
 public:
-    /** `progress` is called on a thread of the transport, and must not block it. */
+    /** `progress` is called on the thread of run(). */
     using ProgressHandler = std::function<void(const UnitProgress&)>;
 
-    /** Throws std::system_error if there is no free descriptor or thread. */
+    /** Throws std::system_error if there is no free descriptor. */
     OperationRunner(
         const UnitAddress& address, const LinkOptions& options, ProgressHandler progress);
 

@@ -4,7 +4,10 @@
 #include "transportbinding.h"
 
 TransportBinding::TransportBinding(UnPackage& unPackage, TransportCore& core)
+    : m_unPackage(unPackage)
+    , m_link{&core, nullptr}
 {
+    UnPackageAccess::setLink(unPackage, &m_link);
     const auto handleDirectly = [&](auto signal, auto handler) {
         m_connections.push_back(
             QObject::connect(&unPackage, signal, &unPackage, handler, Qt::DirectConnection));
@@ -22,6 +25,7 @@ TransportBinding::TransportBinding(UnPackage& unPackage, TransportCore& core)
 
 TransportBinding::~TransportBinding()
 {
+    UnPackageAccess::setLink(m_unPackage, nullptr);
     for (const QMetaObject::Connection& connection : m_connections)
         QObject::disconnect(connection);
 }

@@ -20,6 +20,11 @@ public:
     TransportBinding(const TransportBinding&) = delete;
     TransportBinding& operator=(const TransportBinding&) = delete;
 
+    /** Where operations keep what they read; null for the registry of the process. */
+    void setRegistry(DeviceManagerModel* registry) { m_link.registry = registry; }
+
 private:
+    UnPackage& m_unPackage;
+    UnPackageLink m_link;
     std::vector<QMetaObject::Connection> m_connections;
 };

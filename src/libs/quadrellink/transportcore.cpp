@@ -3,27 +3,18 @@
 
 #include "transportcore.h"
 
-#include "unpackage.h"
-#include "workerthread.h"
-
 #include <algorithm>
 
 #include <sched.h>
 
 using namespace QuadrelFrame;
-using namespace std::chrono_literals;
 
 namespace {
 
-/**
- * Until a wake is repeated. Few are lost, and a pause that is shorter than the system's tick makes
- * an exchange half as long again: the timer has to be set for it.
- */
-constexpr std::chrono::milliseconds wakePause = 4ms;
-/** After a wake was lost, the operation is given time to sleep in so many exchanges. */
-constexpr int exchangesAfterLostWake = 1000;
 /** More than any datagram, and many frames of a stream. */
-constexpr std::size_t receiveBufferSize = std::size_t{128} * 1024;
+constexpr int receiveBufferSize = 128 * 1024;
+/** What came between two operations is read in so many pieces at most. */
+constexpr int leftoverPieces = 16;
 constexpr int usualUdpRetries = 3;
 
 int retriesOf(const UnitAddress& address, int retries)
@@ -59,20 +50,8 @@ TransportCore::TransportCore(
     , m_log(options.log)
     , m_observer(std::move(observer))
     , m_connector(address)
-    , m_buffer(receiveBufferSize)
+    , m_buffer(new char[receiveBufferSize])
 {
-    m_thread = startWorkerThread([this] { work(); });
-}
-
-TransportCore::~TransportCore()
-{
-    {
-        const LinkLock lock(m_mutex);
-        m_isStopping = true;
-    }
-    m_cancel.raise();
-    m_wake.raise();
-    m_thread.join();
 }
 
 void TransportCore::cancel() noexcept
@@ -88,6 +67,12 @@ void TransportCore::resume() noexcept
     m_cancel.clear();
 }
 
+void TransportCore::wake()
+{
+    m_isWoken = true;
+    m_wake.raise();
+}
+
 void TransportCore::disconnectUnit()
 {
     const LinkLock lock(m_mutex);
@@ -97,7 +82,7 @@ void TransportCore::disconnectUnit()
 bool TransportCore::isConnected() const
 {
     const LinkLock lock(m_mutex);
-    return m_socket != nullptr;
+    return m_socket && !m_socket->isAtEnd();
 }
 
 LinkFailure TransportCore::lastFailure() const
@@ -110,74 +95,74 @@ LinkFailure TransportCore::lastFailure() const
 
 void TransportCore::sendFrame(const QByteArray& frame)
 {
-    const std::shared_ptr<UnitSocket> socket = beginExchange(frame);
-    if (!socket)
-        return;
-    std::error_code error;
-    const int sent = socket->sendNow(frame.constData(), frame.size(), error);
-    if (sent == frame.size())
-        m_wasSent = true;
-    else
-        handOver(socket, std::max(sent, 0));
+    const LinkLock lock(m_mutex);
+    beginExchange(frame);
+    while (m_isUnsent)
+        goOn();
 }
 
-/** The connection, if there is one; else the core's thread makes it, and sends the frame. */
-std::shared_ptr<UnitSocket> TransportCore::beginExchange(const QByteArray& frame)
+void TransportCore::beginExchange(const QByteArray& frame)
 {
-    const LinkLock lock(m_mutex);
-    const bool isFirst = m_phase == Phase::Idle || m_phase == Phase::Trailing;
-    if (isFirst) {
+    if (m_phase == Phase::Idle || m_phase == Phase::Trailing) {
+        m_phase = Phase::Idle;
         m_lastFailure = LinkFailure();
         leaveUnusableSocket();
     }
     m_phase = Phase::Awaiting;
+    m_outcome.reset();
     m_wasSent = false;
-    ++m_number;
-    m_processor = sched_getcpu();
     m_mishap = LinkFailure();
     m_exchange = Exchange(frame);
     m_deadline = Deadline(m_timeout);
     m_sentAt = Clock::now();
     m_triesLeft = m_exchange.mayRepeat() ? m_retries : 0;
     m_timesSent = 1;
-    m_unsentFrom = m_socket ? -1 : 0;
+    m_isUnsent = true;
     if (m_log)
         m_log->add(m_unit, FrameLog::Sent, frame);
-    // Between exchanges the core's thread looks by itself; it sleeps longer between operations.
-    const bool isCoresTurn = m_isCancelled || !m_socket;
-    if (isFirst || isCoresTurn)
-        m_wake.raise();
-    return isCoresTurn ? nullptr : m_socket;
-}
-
-/** What does not go out at once is the core's to send, or to fail with. */
-void TransportCore::handOver(const std::shared_ptr<UnitSocket>& socket, int sent)
-{
-    const LinkLock lock(m_mutex);
-    if (socket != m_socket)
-        return;
-    if (m_phase == Phase::Awaiting) {
-        m_unsentFrom = sent;
-        m_wake.raise();
-    } else if (sent > 0) {
-        // The exchange was given up meanwhile; half a frame makes the next one unreadable.
-        dropSocket();
-    }
 }
 
 /** An operation before may have left it in mid-frame, or the unit may have closed it since. */
 void TransportCore::leaveUnusableSocket()
 {
-    if (m_socket && (m_unsentFrom >= 0 || m_reader.isMidFrame() || m_socket->isAtEnd()))
+    for (int i = 0; m_socket && i < leftoverPieces; ++i) {
+        std::error_code error;
+        const int size = m_socket->receive(m_buffer.get(), receiveBufferSize, error);
+        if (size == 0)
+            break;
+        takeReceived(size, error);
+    }
+    if (m_reader.isMidFrame())
         dropSocket();
+}
+
+bool TransportCore::await(int milliseconds)
+{
+    const Deadline limit(milliseconds);
+    const LinkLock lock(m_mutex);
+    m_isWoken = false;
+    while (!m_outcome && !m_isWoken && !limit.isOver())
+        goOn(limit);
+    const bool isOver = !m_outcome && !m_isWoken;
+    handIn();
+    return !isOver;
+}
+
+void TransportCore::handIn()
+{
+    if (!m_outcome)
+        return;
+    if (m_outcome->error.isEmpty())
+        UnPackageAccess::setReply(m_unPackage, m_outcome->reply);
+    else
+        UnPackageAccess::setFailure(m_unPackage, m_outcome->error);
+    m_outcome.reset();
 }
 
 void TransportCore::finishOperation()
 {
     const LinkLock lock(m_mutex);
-    // A wait that ran out by itself may have ended before its reply is handed in.
-    while (m_outcome)
-        m_settled.wait(m_mutex);
+    m_outcome.reset();
     m_phase = m_phase == Phase::Awaiting ? Phase::Trailing : Phase::Idle;
 }
 
@@ -187,36 +172,28 @@ bool TransportCore::awaitLastReply()
     if (!isAwaited())
         return false;
     while (isAwaited())
-        m_settled.wait(m_mutex);
+        goOn();
     return !m_lastFailure;
 }
 
-// On the core's thread.
-
-void TransportCore::work()
+/** Does what comes next; waits for input, but not beyond `limit`, if there is nothing else. */
+void TransportCore::goOn(const Deadline& limit)
 {
-    const LinkLock lock(m_mutex);
-    while (!m_isStopping) {
-        if (m_outcome)
-            handIn();
-        else if (m_isCancelled && isAwaited())
-            fail(cancelled());
-        else if (isAwaited() && m_deadline.isOver())
-            runOutOfTime();
-        else if (isAwaited() && m_unsentFrom >= 0)
-            transmit();
-        else
-            awaitInput();
-    }
+    if (m_isCancelled && isAwaited())
+        fail(cancelled());
+    else if (isAwaited() && m_deadline.isOver())
+        runOutOfTime();
+    else if (isAwaited() && m_isUnsent)
+        transmit();
+    else
+        awaitInput(limit);
 }
 
-/** Connects if there is no connection, and sends what is not out of the frame. */
+/** Connects if there is no connection, and sends the frame. */
 void TransportCore::transmit()
 {
-    const std::uint64_t number = m_number;
     const Exchange exchange = m_exchange;
     const Deadline deadline = m_deadline;
-    const int sent = m_unsentFrom;
     std::shared_ptr<UnitSocket> socket = m_socket;
     const bool isNew = !socket;
     std::error_code error;
@@ -225,7 +202,7 @@ void TransportCore::transmit()
     if (isNew)
         socket = m_connector.connectNext(deadline, m_cancel, error);
     if (socket)
-        error = socket->send(exchange.frame(), sent, deadline, m_cancel);
+        error = socket->send(exchange.frame(), deadline, m_cancel);
     m_mutex.lock();
 
     if (isNew) {
@@ -233,53 +210,33 @@ void TransportCore::transmit()
         m_reader = ReplyReader();
         m_isHeard = false;
     }
-    // The operation may have given up meanwhile, and even another may have begun.
-    if (number != m_number)
-        return;
-    m_unsentFrom = -1;
-    if (!error)
-        m_wasSent = true;
-    else if (isAwaited())
+    m_isUnsent = false;
+    // Half a frame would make the next one unreadable.
+    if (error)
         loseConnection(failureOf(error));
     else
-        dropSocket();
+        m_wasSent = true;
 }
 
-void TransportCore::awaitInput()
+void TransportCore::awaitInput(const Deadline& limit)
 {
     const std::shared_ptr<UnitSocket> socket = m_socket;
-    const std::uint64_t number = m_number;
-    const bool wasDelivered = m_phase == Phase::Delivered;
-    const Clock::duration limit = untilNextAct();
-    const int processor = m_processor;
-    if (m_phase == Phase::Idle)
-        m_input.rest();
+    const Clock::duration time =
+        isAwaited() ? std::min(limit.left(), m_deadline.left()) : limit.left();
     int size = 0;
     std::error_code error;
 
     m_mutex.unlock();
-    if (processor >= 0)
-        m_input.follow(processor);
     const InputWait::Events events =
-        m_input.wait(m_wake.descriptor(), socket ? socket->descriptor() : -1, limit);
+        m_input.wait(m_wake.descriptor(), socket ? socket->descriptor() : -1, time);
     if (events.isWoken)
         m_wake.clear();
     if (events.hasInput)
-        size = socket->receive(m_buffer.data(), static_cast<int>(m_buffer.size()), error);
+        size = socket->receive(m_buffer.get(), receiveBufferSize, error);
     m_mutex.lock();
 
     if (size != 0 && socket == m_socket)
         takeReceived(size, error);
-    if (wasDelivered && m_phase == Phase::Delivered && number == m_number)
-        repeatWake();
-}
-
-/** Without an end where there is nothing to do but to receive. */
-TransportCore::Clock::duration TransportCore::untilNextAct() const
-{
-    if (m_phase == Phase::Delivered)
-        return wakePause;
-    return isAwaited() ? m_deadline.left() : Clock::duration::max();
 }
 
 void TransportCore::takeReceived(int size, const std::error_code& error)
@@ -292,9 +249,9 @@ void TransportCore::takeReceived(int size, const std::error_code& error)
         return;
     }
     if (m_socket->isDatagram())
-        m_reader.appendDatagram(m_buffer.data(), size);
+        m_reader.appendDatagram(m_buffer.get(), size);
     else
-        m_reader.append(m_buffer.data(), size);
+        m_reader.append(m_buffer.get(), size);
     takeFrames();
     if (m_reader.fault() != ReplyReader::NoFault)
         takeFault(faultOf(m_reader.fault()));
@@ -354,7 +311,7 @@ void TransportCore::loseConnection(const LinkFailure& failure)
     m_mishap = failure;
     // A refused datagram has reached no unit.
     if (isNextAddressFree)
-        m_unsentFrom = 0;
+        m_isUnsent = true;
     else if (!wasConnected || isRefused || !sendAgain())
         fail(failure);
 }
@@ -375,51 +332,11 @@ bool TransportCore::sendAgain()
     // A stream would only carry it to where the first one is stuck.
     if (m_socket && (!m_socket->isDatagram() || (!m_isHeard && m_connector.hasMore())))
         dropSocket();
-    m_unsentFrom = 0;
+    m_isUnsent = true;
     m_deadline = Deadline(m_timeout);
     if (m_log)
         m_log->add(m_unit, FrameLog::Sent, m_exchange.frame());
     return true;
-}
-
-/**
- * Not under the mutex: the operation wakes up at once, and needs it for its next frame. The next
- * operation can't begin before the outcome is gone.
- */
-void TransportCore::handIn()
-{
-    const Outcome outcome = *m_outcome;
-    m_mutex.unlock();
-    if (outcome.error.isEmpty())
-        m_unPackage.setRecvPackage(outcome.reply);
-    else
-        m_unPackage.setError(outcome.error);
-    m_mutex.lock();
-    m_outcome.reset();
-    m_settled.notify_all();
-    if (m_exchangesToGiveWay > 0)
-        giveWay();
-}
-
-/** Lets an operation sleep that was given its reply too early, and wakes it again. */
-void TransportCore::giveWay()
-{
-    if (m_phase != Phase::Delivered)
-        return;
-    const std::uint64_t number = m_number;
-    --m_exchangesToGiveWay;
-    m_mutex.unlock();
-    std::this_thread::yield();
-    m_mutex.lock();
-    if (m_phase == Phase::Delivered && number == m_number)
-        m_unPackage.quitWaitDelay();
-}
-
-/** A wake was lost, or the operation has not come to its next frame yet. */
-void TransportCore::repeatWake()
-{
-    m_unPackage.quitWaitDelay();
-    m_exchangesToGiveWay = exchangesAfterLostWake;
 }
 
 bool TransportCore::isAwaited() const
@@ -430,19 +347,15 @@ bool TransportCore::isAwaited() const
 void TransportCore::fail(const LinkFailure& failure)
 {
     m_lastFailure = failure;
-    // Half a frame makes the next one unreadable.
-    if (m_unsentFrom > 0)
-        dropSocket();
     settle({QByteArray(), failure.text});
 }
 
 void TransportCore::settle(const Outcome& outcome)
 {
-    m_unsentFrom = -1;
+    m_isUnsent = false;
     if (m_phase == Phase::Awaiting)
         m_outcome = outcome;
-    m_phase = m_phase == Phase::Awaiting ? Phase::Delivered : Phase::Idle;
-    m_settled.notify_all();
+    m_phase = m_phase == Phase::Awaiting ? Phase::Settled : Phase::Idle;
 }
 
 void TransportCore::dropSocket()

@@ -13,6 +13,7 @@
 #include "unitaddress.h"
 #include "unitconnector.h"
 #include "unitsocket.h"
+#include "unpackageaccess.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QCoreApplication>
@@ -20,45 +21,34 @@
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <thread>
-#include <vector>
-
-class UnPackage;
 
 /**
  * Carries frames of an UnPackage to a unit, and the replies back.
  *
- * A frame goes out on the thread of the operation, straight from sendFrame(). Whatever may take
- * time is done by a thread of the core: it connects, receives, watches the time limit and sends
- * again.
- *
- * An operation's wait has no predicate, so a reply that is handed in before the operation sleeps
- * wakes nobody. The wake is therefore repeated until the next frame or the end of the operation has
- * come: under the mutex, which each new frame takes first, so that a wake which belongs to one
- * exchange can never reach the next.
+ * All of it is done by the thread of the operation: sendFrame() connects and sends, and await(),
+ * where the operation would sleep, receives, watches the time limit and sends again. A reply needs
+ * no second thread that way, and can't come too early.
  */
-class TransportCore {
+class TransportCore : public ReplyWait {
     Q_DECLARE_TR_FUNCTIONS(UnitTransport)
 
 public:
-    /** Called for each reply that is taken, before it is handed in; on the core's thread. */
+    /** Called for each reply that is taken, before it is handed in. */
     using Observer = std::function<void(const Exchange&, const QuadrelFrame::FrameView& reply)>;
 
-    /** Throws std::system_error if there is no free descriptor or thread. */
+    /** Throws std::system_error if there is no free descriptor. */
     TransportCore(UnPackage& unPackage, const UnitAddress& address, const LinkOptions& options,
         Observer observer = {});
-    ~TransportCore();
     TransportCore(const TransportCore&) = delete;
     TransportCore& operator=(const TransportCore&) = delete;
 
     // On the thread of the operation.
 
     void sendFrame(const QByteArray& frame);
+    bool await(int milliseconds) override;
     void finishOperation();
     /**
      * After an operation that did not await its last reply: waits until it is there, within the
@@ -73,6 +63,7 @@ public:
     /** Lets operations go on after cancel(). */
     void resume() noexcept;
 
+    void wake() override;
     void disconnectUnit();
     bool isConnected() const;
     bool wasSent() const { return m_wasSent; }
@@ -81,10 +72,10 @@ public:
 private:
     /** Of an operation, and of the exchange that it is at. */
     enum class Phase {
-        Idle,      ///< no operation runs, and no reply is awaited
-        Awaiting,  ///< the operation awaits the reply to its frame
-        Delivered, ///< it was given a reply or a failure, and has not gone on yet
-        Trailing   ///< the operation is over, and the reply to its last frame is still to come
+        Idle,     ///< no operation runs, and no reply is awaited
+        Awaiting, ///< the operation awaits the reply to its frame
+        Settled,  ///< there is a reply or a failure for it
+        Trailing  ///< the operation is over, and the reply to its last frame is still to come
     };
     /** What the operation is given: a reply, or the text of a failure. */
     struct Outcome {
@@ -93,13 +84,12 @@ private:
     };
     using Clock = Deadline::Clock;
 
-    std::shared_ptr<UnitSocket> beginExchange(const QByteArray& frame);
-    void handOver(const std::shared_ptr<UnitSocket>& socket, int sent);
+    void beginExchange(const QByteArray& frame) LINK_REQUIRES(m_mutex);
     void leaveUnusableSocket() LINK_REQUIRES(m_mutex);
 
-    void work();
+    void goOn(const Deadline& limit = Deadline(-1)) LINK_REQUIRES(m_mutex);
     void transmit() LINK_REQUIRES(m_mutex);
-    void awaitInput() LINK_REQUIRES(m_mutex);
+    void awaitInput(const Deadline& limit) LINK_REQUIRES(m_mutex);
     void takeReceived(int size, const std::error_code& error) LINK_REQUIRES(m_mutex);
     void takeFrames() LINK_REQUIRES(m_mutex);
     void takeReply(const QuadrelFrame::FrameView& reply) LINK_REQUIRES(m_mutex);
@@ -107,9 +97,6 @@ private:
     void loseConnection(const LinkFailure& failure) LINK_REQUIRES(m_mutex);
     void runOutOfTime() LINK_REQUIRES(m_mutex);
     void handIn() LINK_REQUIRES(m_mutex);
-    void giveWay() LINK_REQUIRES(m_mutex);
-    void repeatWake() LINK_REQUIRES(m_mutex);
-    Clock::duration untilNextAct() const LINK_REQUIRES(m_mutex);
 
     bool isAwaited() const LINK_REQUIRES(m_mutex);
     bool sendAgain() LINK_REQUIRES(m_mutex);
@@ -130,24 +117,18 @@ private:
     const std::shared_ptr<FrameLog> m_log;
     const Observer m_observer;
 
+    /** Of the operation's thread, unless it waits: others only ask how things are. */
     mutable LinkMutex m_mutex;
-    std::condition_variable_any m_settled;
     Phase m_phase LINK_GUARDED_BY(m_mutex) = Phase::Idle;
     /** Until the operation has been given it. */
     std::optional<Outcome> m_outcome LINK_GUARDED_BY(m_mutex);
     Exchange m_exchange LINK_GUARDED_BY(m_mutex);
-    /** Of the frames sent: a wake belongs to one of them. */
-    std::uint64_t m_number LINK_GUARDED_BY(m_mutex) = 0;
-    /** On which the operation runs; negative if that is not known. */
-    int m_processor LINK_GUARDED_BY(m_mutex) = -1;
     Deadline m_deadline LINK_GUARDED_BY(m_mutex){-1};
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
     int m_timesSent LINK_GUARDED_BY(m_mutex) = 0;
-    /** How much of the frame is out; negative while none of it waits to go out. */
-    int m_unsentFrom LINK_GUARDED_BY(m_mutex) = -1;
-    int m_exchangesToGiveWay LINK_GUARDED_BY(m_mutex) = 0;
-    bool m_isStopping LINK_GUARDED_BY(m_mutex) = false;
+    /** The frame is still to go out, or to go out again. */
+    bool m_isUnsent LINK_GUARDED_BY(m_mutex) = false;
     LinkFailure m_lastFailure LINK_GUARDED_BY(m_mutex);
     /** What came instead of a reply, in this exchange. */
     LinkFailure m_mishap LINK_GUARDED_BY(m_mutex);
@@ -159,12 +140,13 @@ private:
 
     std::atomic<bool> m_wasSent{false};
     std::atomic<bool> m_isCancelled{false};
+    std::atomic<bool> m_isWoken{false};
     WakeSignal m_wake;
     WakeSignal m_cancel;
 
-    // Of the core's thread alone.
+    // Of the operation's thread alone.
     UnitConnector m_connector;
-    std::vector<char> m_buffer;
+    /** Of receiveBufferSize bytes, which take no memory until something comes in. */
+    const std::unique_ptr<char[]> m_buffer;
     InputWait m_input;
-    std::thread m_thread;
 };

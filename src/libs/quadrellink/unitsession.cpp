@@ -132,7 +132,7 @@ UnitResult UnitSession::Private::await(const ProgressHandler& progress)
     }
 }
 
-// On the worker's thread, and the transport's.
+// On the worker's thread.
 
 void UnitSession::Private::work()
 {

@@ -160,9 +160,10 @@ int UnitSocket::sendNow(const char* bytes, int size, std::error_code& error)
 }
 
 std::error_code UnitSocket::send(
-    const QByteArray& frame, int sent, const Deadline& deadline, const WakeSignal& cancel)
+    const QByteArray& frame, const Deadline& deadline, const WakeSignal& cancel)
 {
     std::error_code error;
+    int sent = 0;
     while (sent < frame.size()) {
         const int count = sendNow(frame.constData() + sent, frame.size() - sent, error);
         if (count < 0)

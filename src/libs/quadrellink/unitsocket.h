@@ -31,8 +31,8 @@ std::vector<Endpoint> findEndpoints(const UnitAddress& address, const Deadline& 
     const WakeSignal& cancel, std::error_code& error);
 
 /**
- * A connected socket. Shared between the thread that sends and the one that receives, and closed
- * with its last owner, so that neither can ever use a descriptor that has become another's.
+ * A connected socket. Shared, and closed with its last owner, so that nobody can ever use a
+ * descriptor that has become another's.
  */
 class UnitSocket {
 public:
@@ -49,11 +49,9 @@ public:
     int descriptor() const { return m_descriptor; }
     bool isDatagram() const { return m_protocol == UnitAddress::Udp; }
 
-    /** Sends as much as goes out at once. The number of bytes; negative on failure. */
-    int sendNow(const char* bytes, int size, std::error_code& error);
-    /** Sends all, from `sent` on. */
+    /** Sends all of it. */
     std::error_code send(
-        const QByteArray& frame, int sent, const Deadline& deadline, const WakeSignal& cancel);
+        const QByteArray& frame, const Deadline& deadline, const WakeSignal& cancel);
     /** Receives without waiting. The number of bytes, 0 if there are none; negative on failure. */
     int receive(char* buffer, int size, std::error_code& error);
     /** Whether the other side has closed the connection, with nothing left to read. */
@@ -62,6 +60,9 @@ public:
     void shutDown();
 
 private:
+    /** Sends as much as goes out at once. The number of bytes; negative on failure. */
+    int sendNow(const char* bytes, int size, std::error_code& error);
+
     int m_descriptor;
     UnitAddress::Protocol m_protocol;
 };

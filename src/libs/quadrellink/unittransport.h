@@ -18,8 +18,11 @@ class UnPackage;
  * themselves.
  *
  * A reply is taken for the frame in flight by its label, its address and its length; late and
- * repeated replies are dropped. A failure ends the exchange with UnPackage::setError() and a text
- * that names the unit. The connection is made when a frame needs one, and made anew after a loss.
+ * repeated replies are dropped. A failure ends the exchange with a text that names the unit. The
+ * connection is made when a frame needs one, and made anew after a loss.
+ *
+ * All of this happens on the thread of the operation, in place of the UnPackage's own wait, so that
+ * no reply comes too early. setError() and quitWaitDelay() of other threads still end the wait.
  *
  * The time limit of LinkOptions and the wait of the UnPackage both count: let the wait be longer
  * than all tries together, or -1, lest the operation ends while the transport tries again.
@@ -30,7 +33,7 @@ class QUADRELLINK_EXPORT UnitTransport {
 public:
     /**
      * Serves `unPackage`, which must outlive this object. Throws std::system_error if there is no
-     * free descriptor or thread.
+     * free descriptor.
      */
     UnitTransport(
         UnPackage* unPackage, const UnitAddress& address, const LinkOptions& options = {});
@@ -65,7 +68,7 @@ public:
 
     /** Whether the last frame has gone out, be it answered or not. */
     bool wasSent() const;
-    /** The last failure handed to UnPackage::setError(); none if the last operation had none. */
+    /** The last failure that the UnPackage was given; none if the last operation had none. */
     LinkFailure lastFailure() const;
 
 private:

@@ -46,7 +46,7 @@ struct UnitRunState {
  *         reason: "tcp://192.168.1.22:3801 does not answer"
  */
 struct RunState {
-    /** The command with its options, to tell one run from another. */
+    /** The command with its options, to distinguish one run from another. */
     QString command;
     /** In UTC. */
     QDateTime begun;

@@ -78,7 +78,7 @@ LoadedSite parseSite(const QByteArray& text, const QString& path);
 struct Selection {
     /** Units with one of the tags; empty: with any or none. */
     QStringList tags;
-    /** Units with such a name, in which "*" and "?" stand for any letters; empty: with any. */
+    /** Units with such a name, in which "*" and "?" match any letters; empty: with any. */
     QStringList names;
     /** Units with such a name are left out. */
     QStringList excluded;

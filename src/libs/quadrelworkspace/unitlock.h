@@ -57,7 +57,7 @@ public:
      */
     bool takeSerial(quint64 serialNumber, QString& error);
 
-    /** The one that stood in the way when the last call returned false, if it is known. */
+    /** The one that was in the way when the last call returned false, if it is known. */
     const std::optional<LockHolder>& holder() const { return m_holder; }
 
 private:

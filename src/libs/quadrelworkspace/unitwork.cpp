@@ -304,7 +304,7 @@ private:
     std::atomic<bool> m_isAborted{false};
     /** What is being done; of the operation that runs, or ran last. */
     WorkProgress m_step;
-    /** The unit has told its serial number, and is ours. */
+    /** The unit has reported its serial number, and is ours. */
     bool m_isClaimed = false;
     /** What the unit holds, from the last read to the next change. */
     std::optional<Contents> m_held;

@@ -15,7 +15,7 @@
 namespace Arguments {
 
 /**
- * The arguments of the program with the command first: each option may stand before or after it.
+ * The arguments of the program with the command first: each option may come before or after it.
  * "help" and "help COMMAND" become "--help" and "COMMAND --help".
  */
 std::vector<std::string> commandFirst(const CLI::App& app, int argc, char** argv);

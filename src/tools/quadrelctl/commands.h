@@ -168,5 +168,5 @@ struct CompleteOptions {
     /** Of "paths". */
     QString file;
 };
-/** For the shells: prints what may stand at a place of the command line, a word to a line. */
+/** For the shells: prints what may be at a place of the command line, a word to a line. */
 void runComplete(const CompleteOptions& options);

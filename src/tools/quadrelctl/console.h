@@ -9,7 +9,7 @@
 
 /**
  * What the program says. All of it is UTF-8, whatever the locale, and none of it does anything to a
- * terminal but stand there: see visibleLines().
+ * terminal but are shown: see visibleLines().
  */
 namespace Console {
 

@@ -143,13 +143,18 @@ void addOnly(CLI::App* app, const QString& help, QStringList& names)
         ->check(CLI::IsMember(allowed));
 }
 
-/** Usage and options in the user's language; subcommands inherit the labels and not the help. */
-void translate(CLI::App& app)
+/** The help option in the user's language, which subcommands do not inherit. */
+void translateHelp(CLI::App& app)
 {
     app.set_help_flag("-h,--help", Tool::tr("Print this help and exit").toStdString());
     const std::string options = Tool::tr("Options").toStdString();
     app.option_defaults()->group(options);
     app.get_help_ptr()->group(options);
+}
+
+/** The words around usage and options in the user's language, for all subcommands too. */
+void translateLabels(CLI::App& app)
+{
     const auto label = [&app](const char* key, const QString& text) {
         app.get_formatter()->label(key, text.toStdString());
     };
@@ -167,7 +172,7 @@ template <typename Options> struct Subcommand {
         : app(app.add_subcommand(name, help.toStdString()))
         , options(std::make_shared<Options>())
     {
-        translate(*this->app);
+        translateHelp(*this->app);
         this->app->group(Tool::tr("Commands").toStdString());
         this->app->fallthrough();
         this->app->callback(
@@ -564,7 +569,8 @@ CommandLine CommandLine::parse(int argc, char** argv)
 {
     CLI::App app(Tool::tr("Configure a control unit over the network.").toStdString());
     app.name("quadrelctl");
-    translate(app);
+    translateHelp(app);
+    translateLabels(app);
     app.set_version_flag("--version",
         ("quadrelctl " + QCoreApplication::applicationVersion()).toStdString(),
         Tool::tr("Print the version and exit").toStdString());

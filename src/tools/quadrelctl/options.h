@@ -7,7 +7,7 @@
 
 /**
  * The command that the command line asks for. Empty if there is nothing to run: help was printed,
- * or the usage was wrong and was explained; `exitCode` then tells which.
+ * or the usage was wrong and was explained; `exitCode` then says which.
  */
 struct CommandLine {
     std::function<void()> command;

@@ -25,6 +25,6 @@ void runReset(const ResetOptions& options)
     }
     unit.run(UnitRequest::reset(!options.defaultAddress));
     Console::remark(options.defaultAddress
-            ? Tool::tr("The unit was told to restart with its default address.")
+            ? Tool::tr("The unit was asked to restart with its default address.")
             : Tool::tr("The unit restarts and keeps its address."));
 }

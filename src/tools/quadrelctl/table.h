@@ -17,7 +17,7 @@ QStringList wrapText(const QString& text, int width);
 /** Rows of text in aligned columns. */
 class Table {
 public:
-    /** Without headings the rows stand alone. */
+    /** Without headings the rows are alone. */
     explicit Table(const QStringList& headings = QStringList());
 
     void addRow(const QStringList& cells);

@@ -30,7 +30,7 @@ UpgradeImages loadImages(const UpgradeOptions& options)
 
 QString sizeText(const QString& path, const QByteArray& image)
 {
-    return Tool::tr("%1, %2 bytes").arg(path, QString::number(image.size()));
+    return Tool::tr("%1, %n byte(s)", nullptr, image.size()).arg(path);
 }
 
 void showUpgrade(const UpgradeOptions& options, const UpgradeImages& images,

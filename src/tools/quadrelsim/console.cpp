@@ -89,7 +89,7 @@ Log::~Log()
     endSecond();
 }
 
-void Log::tell(const QString& text)
+void Log::report(const QString& text)
 {
     offer(STDERR_FILENO, QStringLiteral("quadrelsim: ") + text);
 }
@@ -100,7 +100,7 @@ void Log::tellOfClient(const QString& text)
         m_second.start();
     if (m_toldInSecond < linesASecond) {
         ++m_toldInSecond;
-        tell(text);
+        report(text);
     } else {
         ++m_keptBack;
     }
@@ -109,7 +109,7 @@ void Log::tellOfClient(const QString& text)
 void Log::endSecond()
 {
     if (m_keptBack > 0)
-        tell(QStringLiteral("%1 more of the like in this second").arg(m_keptBack));
+        report(QStringLiteral("%1 more of the like in this second").arg(m_keptBack));
     m_keptBack = 0;
     m_toldInSecond = 0;
 }

@@ -27,12 +27,13 @@ class Log : public QObject {
 
 public:
     Log();
-    /** Tells how many lines were kept back and not told of yet. */
+    /** Reports how many lines were kept back and not reported yet. */
     ~Log() override;
     Q_DISABLE_COPY_MOVE(Log)
 
-    void tell(const QString& text);
-    /** The same for what any client can cause: beyond ten in a second only their number is told. */
+    void report(const QString& text);
+    /** The same for what any client can cause: beyond ten in a second only their number is
+     * reported. */
     void tellOfClient(const QString& text);
 
 private:

@@ -105,7 +105,7 @@ void addNetworkOptions(CLI::App& app, SimOptions& options)
            "How long the unit is away after a reset or an upgrade (default 1000)")
         ->type_name("MS")
         ->check(CLI::Range(0, 3600000));
-    app.add_flag("--verbose", options.isVerbose, "Tell each request on standard error");
+    app.add_flag("--verbose", options.isVerbose, "Report each request on standard error");
 }
 
 void addUnitOptions(CLI::App& app, SimOptions& options)
@@ -230,7 +230,7 @@ void addFaultOptions(CLI::App& app, SimOptions& options, std::vector<std::string
     const std::string kinds = UnitFaults::kindNames().join(QStringLiteral(", ")).toStdString();
     app.add_option("--fault", faults,
            "A fault in the N-th reply (KIND@N) or in a share of them (KIND%PERCENT), any number of "
-           "times; delay may name its milliseconds (delay:250@3); the units that have it may stand "
+           "times; delay may name its milliseconds (delay:250@3); the units that have it may come "
            "in front (7:drop@1, 2-5:drop%10). KIND: "
                + kinds)
         ->type_name("FAULT")

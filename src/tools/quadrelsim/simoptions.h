@@ -16,7 +16,7 @@
 #include <optional>
 #include <vector>
 
-/** A fault for some of the units, as the command line tells it. */
+/** A fault for some of the units, as the command line gives it. */
 struct FaultOption {
     /** Counted from 1, both included. */
     int firstUnit;
@@ -58,7 +58,7 @@ struct SimOptions {
     bool answersSearches = false;
     QHostAddress discoveryAddress{QHostAddress::AnyIPv4};
     quint16 discoveryPort = QuadrelUnit::UnitDiscovery::defaultPort;
-    /** Without a payload of its own the reply tells port, serial number and version. */
+    /** Without a payload of its own the reply gives port, serial number and version. */
     QuadrelUnit::DiscoveryReply discoveryReply;
     bool hasDiscoveryPayload = false;
 

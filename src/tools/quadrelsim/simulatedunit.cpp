@@ -6,6 +6,7 @@
 #include "console.h"
 #include "unitendpoint.h"
 #include "unitsample.h"
+#include "unittexts.h"
 
 #include <QtCore/QCryptographicHash>
 
@@ -25,11 +26,11 @@ QString imageLine(const char* name, const QByteArray& image)
 QString requestLine(const UnitFrame& request, const QString& peer, const QString& fault)
 {
     const QString line =
-        QStringLiteral("%1: label %2, %3 %4 bytes at 0x%5")
+        QStringLiteral("%1: label %2, %3 %4 at 0x%5")
             .arg(peer)
             .arg(request.label)
             .arg(request.isReadRequest() ? QStringLiteral("read") : QStringLiteral("write"))
-            .arg(request.dataLength)
+            .arg(bytesText(request.dataLength))
             .arg(request.address, 8, 16, QLatin1Char('0'));
     return fault.isEmpty() ? line : line + QStringLiteral(", fault: ") + fault;
 }
@@ -90,7 +91,7 @@ bool SimulatedUnit::openMemory()
         return true;
     m_memoryFile = std::make_unique<UnitMemoryFile>(m_options.memoryPathOf(m_index), &m_unit);
     connect(&m_server, &UnitServer::changed, m_memoryFile.get(), &UnitMemoryFile::noteChange);
-    connect(m_memoryFile.get(), &UnitMemoryFile::failed, this, &SimulatedUnit::tell);
+    connect(m_memoryFile.get(), &UnitMemoryFile::failed, this, &SimulatedUnit::report);
 
     QString error;
     if (!m_memoryFile->claim(&error))
@@ -143,12 +144,14 @@ void SimulatedUnit::reportTraffic()
 {
     connect(&m_server, &UnitServer::served, this,
         [this](const UnitFrame& request, const QString& peer, const QString& fault) {
-            tell(requestLine(request, peer, fault));
+            report(requestLine(request, peer, fault));
         });
     connect(&m_discovery, &UnitDiscovery::searched, this,
-        [this](const QString& peer) { tell(QStringLiteral("searched by ") + peer); });
-    connect(&m_server, &UnitServer::wentDown, this, [this] { tell(QStringLiteral("going down")); });
-    connect(&m_server, &UnitServer::cameBack, this, [this] { tell(QStringLiteral("back again")); });
+        [this](const QString& peer) { report(QStringLiteral("searched by ") + peer); });
+    connect(
+        &m_server, &UnitServer::wentDown, this, [this] { report(QStringLiteral("going down")); });
+    connect(
+        &m_server, &UnitServer::cameBack, this, [this] { report(QStringLiteral("back again")); });
 }
 
 void SimulatedUnit::printDigests()
@@ -157,9 +160,9 @@ void SimulatedUnit::printDigests()
     offerLine(m_name + imageLine("streamed", m_unit.upgrade().streamedImage()));
 }
 
-void SimulatedUnit::tell(const QString& text)
+void SimulatedUnit::report(const QString& text)
 {
-    m_log.tell(m_name + text);
+    m_log.report(m_name + text);
 }
 
 void SimulatedUnit::tellOfClient(const QString& text)
@@ -169,6 +172,6 @@ void SimulatedUnit::tellOfClient(const QString& text)
 
 bool SimulatedUnit::fail(const QString& reason)
 {
-    tell(reason);
+    report(reason);
     return false;
 }

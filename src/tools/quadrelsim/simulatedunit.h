@@ -37,15 +37,15 @@ private:
     void reportEvents();
     void reportTraffic();
     void printDigests();
-    void tell(const QString& text);
-    /** What the unit tells because of what a client did. */
+    void report(const QString& text);
+    /** What the unit reports because of what a client did. */
     void tellOfClient(const QString& text);
     bool fail(const QString& reason);
 
     const SimOptions& m_options;
     int m_index;
     Log& m_log;
-    /** Names the unit in what it tells, where there are several. */
+    /** Names the unit in its messages, where there are several. */
     QString m_name;
     QuadrelUnit::ControlUnit m_unit;
     QuadrelUnit::UnitServer m_server;

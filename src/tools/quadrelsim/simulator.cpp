@@ -35,13 +35,13 @@ bool Simulator::makeRoom()
     const quint64 least = ofTheProgram + units * socketsOfOne;
     QString error;
     if (!allowOpenFiles(least + units * clientsOfOne, least, &error)) {
-        m_log.tell(error);
+        m_log.report(error);
         return false;
     }
     if (!m_options.isSite() || m_options.memoryPath.isEmpty()
         || QDir().mkpath(m_options.memoryPath))
         return true;
-    m_log.tell(QStringLiteral("cannot make the folder %1").arg(m_options.memoryPath));
+    m_log.report(QStringLiteral("cannot make the folder %1").arg(m_options.memoryPath));
     return false;
 }
 

@@ -16,16 +16,6 @@ skip() {
     exit 77
 }
 
-# The names of the files that a release holds, below SOURCE, each ended by a zero byte. Sources that
-# came without their history have nothing else but the builds.
-sourceFiles() {
-    if [ -e "$SOURCE/.git" ]; then
-        git -C "$SOURCE" ls-files -z --cached --others --exclude-standard --deduplicate
-    else
-        (cd "$SOURCE" && find . -path ./build -prune -o -type f -print0)
-    fi
-}
-
 unit=
 stopUnit() {
     if [ -n "$unit" ]; then

@@ -6,6 +6,7 @@
 #include "devicemanagermodel.h"
 #include "faultytransport.h"
 #include "modelmanagement.h"
+#include "soakrun.h"
 #include "unitmodel.h"
 
 #include <QtCore/QStringList>
@@ -14,16 +15,11 @@
 #include <memory>
 #include <vector>
 
-/** A difference between the library and its model. */
-struct Difference {
-    QString text;
-};
-
 /**
- * What the library must do, step by step, told anew from the outside: it goes through the exchanges
- * that an operation has made, expects each frame, and takes from what reached the library how the
- * step must have ended. Blocks are made and read by the library's codecs, which have tests of their
- * own.
+ * What the library must do, step by step, described anew from the outside: it goes through the
+ * exchanges that an operation has made, expects each frame, and takes from what reached the library
+ * how the step must have ended. Blocks are made and read by the library's codecs, which have tests
+ * of their own.
  */
 class LibraryModel {
 public:

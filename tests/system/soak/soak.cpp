@@ -8,12 +8,13 @@
 #include "faultytransport.h"
 #include "librarymodel.h"
 #include "randominputs.h"
+#include "recordtext.h"
 #include "settingsbeside.h"
 #include "signallog.h"
+#include "soakrun.h"
 #include "unitaddresses.h"
 #include "unitsample.h"
 
-#include <QtCore/QMetaProperty>
 #include <QtCore/QSet>
 
 #include <cstdio>
@@ -24,41 +25,11 @@ namespace {
 
 constexpr int waitMilliseconds = 50;
 
-QString textOf(const QObject& record)
-{
-    QStringList fields;
-    const QMetaObject& meta = *record.metaObject();
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i)
-        fields.append(meta.property(i).read(&record).toString());
-    return fields.join(QLatin1Char('|'));
-}
-
-template <typename Records> QString textOfList(const Records& records)
-{
-    QStringList texts;
-    for (const auto& record : records)
-        texts.append(textOf(record));
-    return texts.join(QLatin1Char('\n'));
-}
-
 /** All that an aggregate holds, as text. */
 QString textOf(ModelManagement& models)
 {
-    QString text = textOf(*models.getDeviceModel()) + QLatin1Char('\n')
-        + textOfList(models.getConfigModel()->getComInfo()) + QLatin1Char('\n');
-    const QList<IOType> lines = models.getConfigModel()->getIOType();
-    for (const IOType line : lines)
-        text += QString::number(line);
-    return text + QLatin1Char('\n') + textOfList(models.getEventModel()->getEventInfo())
-        + QLatin1Char('\n') + textOfList(models.getTriggerModel()->getTriggerInfo())
-        + QLatin1Char('\n') + textOfList(models.getTriggerTimeModel()->getTriggerInfo());
-}
-
-void compare(const char* what, const QString& found, const QString& expected)
-{
-    if (found != expected)
-        throw Difference{
-            QStringLiteral("%1:\n%2\n  instead of\n%3").arg(QLatin1String(what), found, expected)};
+    return textOfModels(*models.getDeviceModel(), *models.getConfigModel(), *models.getEventModel(),
+        *models.getTriggerModel(), *models.getTriggerTimeModel());
 }
 
 class Soak {
@@ -70,7 +41,7 @@ public:
         , m_transport(m_operations, m_unit, seed + 1)
         , m_model(m_unit.memory())
     {
-        // A clock that stands still shows what it was set to.
+        // A clock that does not run shows what it was set to.
         m_unit.clock().setTimeSource([] { return qint64(0); });
     }
     ~Soak() { qDeleteAll(m_aggregates); }
@@ -229,7 +200,7 @@ void Soak::settle()
 
 void Soak::dispatch()
 {
-    // 5 and everything above 10 has no operation behind it.
+    // 5 and everything above 10 has no operation.
     const auto type = static_cast<DataPackageType>(m_inputs.below(12));
     if (type == UpgradeDeviceType || type == UpdateRemarkType) {
         // Either the sizes differ from those of the upgrade before, or a cut-off upgrade could be
@@ -341,26 +312,6 @@ void Soak::printSummary() const
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    // A program that the test presets run gets no arguments of its user, but the environment.
-    const int operations = qEnvironmentVariable("SOAK_OPERATIONS", QStringLiteral("200")).toInt();
-    const uint seed = qEnvironmentVariable("SOAK_SEED", QStringLiteral("1")).toUInt();
-    if (operations <= 0) {
-        std::fprintf(stderr, "SOAK_OPERATIONS is no number of operations\n");
-        return 2;
-    }
     writeSettingsBeside("[Communication]\ntimeout=" + QByteArray::number(waitMilliseconds) + '\n');
-
-    Soak soak(seed);
-    for (int i = 0; i < operations; ++i) {
-        try {
-            soak.runOne();
-        } catch (const Difference& difference) {
-            std::fprintf(
-                stderr, "seed %u, operation %d: %s\n", seed, i, qPrintable(difference.text));
-            return 1;
-        }
-    }
-    std::printf("seed %u: %d operations without a difference, ", seed, operations);
-    soak.printSummary();
-    return 0;
+    return runSoak<Soak>("200");
 }

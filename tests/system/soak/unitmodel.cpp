@@ -30,7 +30,7 @@ void UnitModel::write(quint32 address, const QByteArray& data)
 void UnitModel::upgraded()
 {
     QByteArray version = m_memory.read(Address::version, 4);
-    // As on a counter, the last number stands behind the others and carries over.
+    // As on a counter, the last number comes after the others and carries over.
     for (int i = 3; i >= 0 && ++version.data()[i] == 0; --i) { }
     m_memory.write(Address::version, version);
 }

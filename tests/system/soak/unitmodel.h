@@ -6,7 +6,7 @@
 #include "unitmemory.h"
 #include "unitsettings.h"
 
-/** What a unit must hold after the writes that reached it, told in the fewest words. */
+/** What a unit must hold after the writes that reached it, in the fewest words. */
 class UnitModel {
 public:
     explicit UnitModel(const QuadrelUnit::UnitMemory& delivered);

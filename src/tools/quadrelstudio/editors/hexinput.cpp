@@ -12,7 +12,7 @@ bool isHexDigit(QChar character)
         || (code >= 'A' && code <= 'F');
 }
 
-/** The "0x" or "\x" that stands at `position` in front of a digit. */
+/** The "0x" or "\x" at `position` and before a digit. */
 bool hasPrefix(const QString& text, int position)
 {
     const QStringRef mark = text.midRef(position, 2);

@@ -10,7 +10,7 @@
 /** Dates and times of day as a unit reports them. */
 namespace UnitDates {
 
-/** The days that a unit can be told. */
+/** The days that a unit can store. */
 constexpr int firstYear = 2000;
 constexpr int lastYear = 2099;
 
