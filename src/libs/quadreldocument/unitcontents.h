@@ -189,6 +189,9 @@ QString escapedText(const QByteArray& bytes);
 /** The bytes of such a text, in which other characters up to U+00FF may be as they are. */
 std::optional<QByteArray> bytesOfEscapedText(const QString& text);
 
+/** The longest part of the bytes that reads as text; a short one is chance, and left out. */
+QByteArray longestText(const QByteArray& bytes);
+
 /** The date as a unit reports it; nothing if it does not exist or lies outside 2000 to 2099. */
 std::optional<QString> normalDate(const QString& text);
 /** The time of day with two digits each; nothing if there is no such time. */

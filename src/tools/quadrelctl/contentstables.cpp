@@ -47,32 +47,6 @@ QString namedEvents(const QVector<int>& ids, const EventNames& names)
     return items.join(QStringLiteral(", "));
 }
 
-bool isPrintable(char byte)
-{
-    return byte >= ' ' && byte <= '~';
-}
-
-/** Of the bytes after the first, which is printable. */
-bool isText(char byte)
-{
-    return isPrintable(byte) || byte == '\r' || byte == '\n' || byte == '\t';
-}
-
-/** The longest part of the bytes that reads as text; a short one is chance. */
-QByteArray longestText(const QByteArray& bytes)
-{
-    constexpr int shortest = 3;
-    QByteArray longest;
-    auto start = std::find_if(bytes.begin(), bytes.end(), isPrintable);
-    while (start != bytes.end()) {
-        const auto end = std::find_if_not(start, bytes.end(), isText);
-        if (end - start > longest.size())
-            longest = QByteArray(start, static_cast<int>(end - start));
-        start = std::find_if(end, bytes.end(), isPrintable);
-    }
-    return longest.size() < shortest ? QByteArray() : longest;
-}
-
 /** Hexadecimal digits, and what of them reads as text. */
 QString bytesText(const QByteArray& bytes)
 {
