@@ -6,6 +6,8 @@
 #include "pages/firmwarepage.h"
 #include "pages/logpage.h"
 #include "pages/overviewpage.h"
+#include "pictures/mappicture.h"
+#include "pictures/weekpicture.h"
 #include "unitwindow.h"
 
 #include <QtGui/QFontDatabase>
@@ -47,6 +49,8 @@ public:
         }
         UnitPage& page = *m_unit.page;
         takePage(page.overview(), QStringLiteral("overview"));
+        takePage(page.week(), QStringLiteral("week"));
+        takePage(page.map(), QStringLiteral("map"));
         takePage(page.comparison(), QStringLiteral("comparison"));
         takePage(page.firmware(), QStringLiteral("firmware"));
         takePage(page.log(), QStringLiteral("log"));

@@ -46,7 +46,7 @@ void pressWrite(UnitWindow& test)
 {
     // This platform does not give the focus back when a dialog goes.
     test.window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&test.window))
+    if (!QTest::qWaitFor([&test] { return QApplication::activeWindow() == &test.window; }))
         qFatal("the window does not get active");
     QTest::keyClick(&test.window, Qt::Key_F6);
 }

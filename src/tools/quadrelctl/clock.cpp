@@ -8,7 +8,7 @@
 #include "tool.h"
 #include "unitaccess.h"
 
-#include <unitclock.h>
+#include <clocktime.h>
 
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>

@@ -520,9 +520,10 @@ void MainWindow::update()
     for (QAction* action : {m_save, m_saveAs, m_close})
         action->setEnabled(shown);
     m_reload->setEnabled(shown && !shown->filePath().isEmpty());
-    setWindowModified(shown && shown->isModified());
     setWindowTitle(shown ? QStringLiteral("%1[*] - quadrelstudio").arg(shown->title())
                          : QStringLiteral("quadrelstudio"));
+    // Only a title with a place for the mark takes it.
+    setWindowModified(shown && shown->isModified());
 }
 
 void MainWindow::changeEvent(QEvent* event)

@@ -7,8 +7,8 @@
 #include "dialogs/question.h"
 #include "workspace/unitworkspace.h"
 
+#include <clocktime.h>
 #include <imagechecks.h>
-#include <unitclock.h>
 
 #include <QtCore/QEvent>
 #include <QtWidgets/QFileDialog>

@@ -3,6 +3,7 @@
 
 #include "unitpage.h"
 
+#include "models/cellvalues.h"
 #include "pages/comparisonpage.h"
 #include "pages/findingslist.h"
 #include "pages/firmwarepage.h"
@@ -11,6 +12,8 @@
 #include "pages/overviewpage.h"
 #include "pages/sectiontexts.h"
 #include "pages/tablepage.h"
+#include "pictures/mappicture.h"
+#include "pictures/weekpicture.h"
 #include "workspace/unitworkspace.h"
 
 #include <QtCore/QEvent>
@@ -41,6 +44,8 @@ UnitPage::UnitPage(UnitWorkspace& workspace, QWidget* parent)
     , m_overview(new OverviewPage(workspace, this))
     , m_firmware(new FirmwarePage(workspace, this))
     , m_log(new LogPage(workspace, this))
+    , m_week(new WeekPicture(this))
+    , m_map(new MapPicture(this))
 {
     addPage(m_overview, [] { return tr("Overview"); });
     for (const Section section : tableSections) {
@@ -48,10 +53,13 @@ UnitPage::UnitPage(UnitWorkspace& workspace, QWidget* parent)
         m_tables.insert(section, page);
         addPage(page, [section] { return sectionTitle(section); });
     }
+    addPage(m_week, [] { return tr("Week"); });
+    addPage(m_map, [] { return tr("Map"); });
     addPage(m_comparison, [] { return tr("Comparison"); });
     addPage(m_firmware, [] { return tr("Firmware"); });
     addPage(m_log, [] { return tr("Log"); });
     connect(m_list, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
+    connectPictures();
     connect(m_findings, &FindingsList::activated, this, &UnitPage::showPlace);
 
     m_splitter->addWidget(m_pages);
@@ -67,6 +75,34 @@ UnitPage::UnitPage(UnitWorkspace& workspace, QWidget* parent)
     layout->addLayout(right, 1);
     retranslate();
     m_list->setCurrentRow(0);
+}
+
+void UnitPage::connectPictures()
+{
+    const auto goTo = [this](Section section) {
+        return [this, section](int index) { showPlace({section, index, {}}); };
+    };
+    connect(m_week, &WeekPicture::timeTriggerActivated, this, goTo(Section::TimeTriggers));
+    connect(m_map, &MapPicture::timeTriggerActivated, this, goTo(Section::TimeTriggers));
+    connect(m_map, &MapPicture::triggerActivated, this, goTo(Section::Triggers));
+    connect(m_map, &MapPicture::eventActivated, this, goTo(Section::Events));
+    connect(
+        m_map, &MapPicture::missingEventActivated, this, [this] { showSection(Section::Events); });
+    connect(m_week, &WeekPicture::failed, m_bar, &OperationBar::showMessage);
+    connect(m_map, &MapPicture::failed, m_bar, &OperationBar::showMessage);
+    m_week->setFirstWeekday(firstWeekday());
+    m_map->setFirstWeekday(firstWeekday());
+    // Only a picture that is looked at is drawn.
+    connect(m_pages, &QStackedWidget::currentChanged, this, &UnitPage::updatePictures);
+    connect(&m_workspace, &UnitWorkspace::findingsChanged, this, &UnitPage::updatePictures);
+}
+
+void UnitPage::updatePictures()
+{
+    if (m_pages->currentWidget() == m_week)
+        m_week->setContents(m_workspace.contents());
+    if (m_pages->currentWidget() == m_map)
+        m_map->setContents(m_workspace.contents());
 }
 
 void UnitPage::addPage(QWidget* page, const std::function<QString()>& title)

@@ -14,6 +14,7 @@ class ComparisonPage;
 class FindingsList;
 class FirmwarePage;
 class LogPage;
+class MapPicture;
 class OperationBar;
 class OverviewPage;
 class QListWidget;
@@ -21,6 +22,7 @@ class QSplitter;
 class QStackedWidget;
 class TablePage;
 class UnitWorkspace;
+class WeekPicture;
 
 /** All that there is of one unit or document: its pages, and below them what is wrong with it. */
 class UnitPage : public QWidget {
@@ -38,6 +40,8 @@ public:
     ComparisonPage& comparison() { return *m_comparison; }
     FirmwarePage& firmware() { return *m_firmware; }
     LogPage& log() { return *m_log; }
+    WeekPicture& week() { return *m_week; }
+    MapPicture& map() { return *m_map; }
     /** Brings one of the pages to the front. */
     void showPage(const QWidget& page);
     void showSection(QuadrelDocument::Section section);
@@ -48,6 +52,8 @@ protected:
 
 private:
     void addPage(QWidget* page, const std::function<QString()>& title);
+    void connectPictures();
+    void updatePictures();
     void retranslate();
 
     UnitWorkspace& m_workspace;
@@ -61,6 +67,8 @@ private:
     OverviewPage* m_overview;
     FirmwarePage* m_firmware;
     LogPage* m_log;
+    WeekPicture* m_week;
+    MapPicture* m_map;
     /** In the order of the list. */
     QVector<std::function<QString()>> m_titles;
 };

@@ -42,7 +42,10 @@ UnitsPanel::UnitsPanel(UnitSearch* search, QWidget* parent)
     m_tree->setColumnCount(ColumnCount);
     m_tree->setUniformRowHeights(true);
     m_tree->setTextElideMode(Qt::ElideMiddle);
-    m_tree->header()->setStretchLastSection(true);
+    m_tree->header()->setStretchLastSection(false);
+    m_tree->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_tree->header()->setSectionResizeMode(Name, QHeaderView::Stretch);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 36);
     for (QTreeWidgetItem* group : {m_units, m_documents}) {
         group->setExpanded(true);
         group->setFirstColumnSpanned(true);
@@ -205,7 +208,5 @@ void UnitsPanel::retranslate()
     m_tree->setAccessibleName(tr("Units and documents"));
     m_units->setText(Name, tr("Units"));
     m_documents->setText(Name, tr("Documents"));
-    const int nameWidth = fontMetrics().averageCharWidth() * 28;
-    m_tree->setColumnWidth(Name, nameWidth);
     updateSearch();
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
-#include "unitclock.h"
+#include "clocktime.h"
 
 #include <QtCore/QRegularExpression>
 
