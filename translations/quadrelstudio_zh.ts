@@ -961,7 +961,7 @@
         <translation>%1 / %2</translation>
     </message>
     <message>
-        <source>These contents do not tell of a device. Read a unit to see it here.</source>
+        <source>These contents have no device. Read a unit to see it here.</source>
         <translation>此内容没有设备信息。读取设备后在此显示。</translation>
     </message>
     <message>

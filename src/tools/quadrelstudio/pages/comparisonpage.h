@@ -25,7 +25,7 @@ public:
 
     /** What the other open pages hold. */
     void setOthers(const QVector<UnitWorkspace*>& others);
-    /** Makes the list of what there is to compare with anew. */
+    /** Makes the list of what there is to compare with again. */
     void updateSources();
     void takeChosen();
 

@@ -61,7 +61,7 @@ void LogPage::showNewLines()
     QFile file(m_workspace.logPath());
     if (!file.open(QIODevice::ReadOnly))
         return;
-    // A log that has become too long begins anew in another file.
+    // A log that has become too long goes on in another file.
     if (file.size() < m_shownBytes)
         m_shownBytes = 0;
     file.seek(m_shownBytes);

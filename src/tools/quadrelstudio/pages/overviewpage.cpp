@@ -262,7 +262,7 @@ void OverviewPage::changeEvent(QEvent* event)
 
 void OverviewPage::retranslate()
 {
-    m_hint->setText(tr("These contents do not tell of a device. Read a unit to see it here."));
+    m_hint->setText(tr("These contents have no device. Read a unit to see it here."));
     m_deviceBox->setTitle(tr("Device"));
     m_countBox->setTitle(tr("Room on the unit"));
     m_clockBox->setTitle(tr("Clock"));
