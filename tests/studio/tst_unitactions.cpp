@@ -132,7 +132,7 @@ void TestUnitActions::refusesFilesThatAreNoImages()
     for (const auto* label : page.findChildren<QLabel*>())
         isSaid = isSaid
             || label->text().contains(
-                QStringLiteral("%1: this is text, and an image is due").arg(path));
+                QStringLiteral("%1: this is text, and not an image").arg(path));
     QVERIFY(isSaid);
     QVERIFY(!test.window.findChild<QDialog*>());
 }
