@@ -6,7 +6,6 @@
 #include <QtCore/QDate>
 #include <QtCore/QRegularExpression>
 
-#include <algorithm>
 #include <tuple>
 
 namespace QuadrelDocument {
@@ -66,17 +65,6 @@ std::optional<char> escapeAt(const QString& text, int& position)
         return std::nullopt;
     position += 2;
     return bytes->at(0);
-}
-
-bool isPrintable(char byte)
-{
-    return byte >= ' ' && byte <= '~';
-}
-
-/** Of the bytes after the first, which is printable. */
-bool isText(char byte)
-{
-    return isPrintable(byte) || byte == '\r' || byte == '\n' || byte == '\t';
 }
 
 } // namespace
@@ -275,20 +263,6 @@ std::optional<QByteArray> bytesOfEscapedText(const QString& text)
         bytes.append(*byte);
     }
     return bytes;
-}
-
-QByteArray longestText(const QByteArray& bytes)
-{
-    constexpr int shortest = 3;
-    QByteArray longest;
-    auto start = std::find_if(bytes.begin(), bytes.end(), isPrintable);
-    while (start != bytes.end()) {
-        const auto end = std::find_if_not(start, bytes.end(), isText);
-        if (end - start > longest.size())
-            longest = QByteArray(start, static_cast<int>(end - start));
-        start = std::find_if(end, bytes.end(), isPrintable);
-    }
-    return longest.size() < shortest ? QByteArray() : longest;
 }
 
 std::optional<QString> normalDate(const QString& text)

@@ -8,10 +8,10 @@
 #include "table.h"
 #include "tool.h"
 
+#include <readabletext.h>
+
 #include <QtCore/QHash>
 #include <QtCore/QStringList>
-
-#include <algorithm>
 
 using namespace QuadrelDocument;
 
@@ -102,7 +102,7 @@ QString dayName(int day)
     return names[day % daysOfWeek];
 }
 
-/** As in "Mon Tue Fri"; a unit has eight of them, and the last is no day. */
+/** As in "Mon Tue Fri"; a unit has eight of them, and the last is not a day. */
 QString weekdaysText(const QVector<int>& weekdays, Qt::DayOfWeek first)
 {
     QStringList names;

@@ -52,7 +52,7 @@ buildConsumer() {
     cmake -S "$SOURCE/tests/system/consumer" -B "$folder" -G Ninja -DCMAKE_BUILD_TYPE="$BUILD_TYPE" \
         -DCMAKE_CXX_COMPILER="$CXX" -DCMAKE_CXX_FLAGS="$CXXFLAGS" \
         -DCMAKE_CXX_COMPILER_LAUNCHER="$LAUNCHER" \
-        -DSOURCE_TREE="$SOURCE" -DHEADERS="$HEADERS" -DLINK_HEADERS="$LINK_HEADERS" "$@" >"$folder.log" 2>&1 \
+        -DSOURCE_TREE="$SOURCE" -DVERSION="$VERSION" -DHEADERS="$HEADERS" -DLINK_HEADERS="$LINK_HEADERS" "$@" >"$folder.log" 2>&1 \
         || { cat "$folder.log" >&2; fail "the consumer can't be configured"; }
     cmake --build "$folder" -j 2 >>"$folder.log" 2>&1 \
         || { cat "$folder.log" >&2; fail "the consumer can't be built"; }

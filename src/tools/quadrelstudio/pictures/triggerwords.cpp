@@ -6,6 +6,8 @@
 #include "editors/unitdates.h"
 #include "editors/weekdays.h"
 
+#include <readabletext.h>
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 

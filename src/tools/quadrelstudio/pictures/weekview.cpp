@@ -28,7 +28,7 @@ constexpr qreal leastDayChars = 17;
 constexpr qreal laneChars = 12;
 constexpr qreal blockGap = 2;
 
-enum Layer { GridLayer, BlockLayer, NowLayer, HoursLayer, DaysLayer };
+enum Layer { GridLayer, BlockLayer, NowLayer, HoursLayer, DaysLayer, CornerLayer };
 
 } // namespace
 
@@ -248,6 +248,7 @@ void WeekView::rebuild()
     setAccessibleName(tr("Week"));
     m_days = nullptr;
     m_hours = nullptr;
+    m_corner = nullptr;
     m_nowLine = nullptr;
     clear();
     const WeekGrid grid(font(), viewport()->width(), m_plan, m_lanes);
@@ -288,6 +289,7 @@ void WeekView::placeHeaders(const QPointF& corner)
         return;
     m_days->setY(qMax(0.0, corner.y()));
     m_hours->setX(qMax(0.0, corner.x()));
+    m_corner->setPos(m_hours->x(), m_days->y());
 }
 
 /** The day of the week that is the present one; -1 if none is. */
@@ -329,8 +331,10 @@ void WeekView::addHeaders(const WeekGrid& grid)
         hours, font());
     m_days->setZValue(DaysLayer);
     m_hours->setZValue(HoursLayer);
-    scene()->addItem(m_days);
-    scene()->addItem(m_hours);
+    m_corner = new WeekHeader(QRectF(0, 0, grid.hoursWidth(), grid.headerHeight()), {}, font());
+    m_corner->setZValue(CornerLayer);
+    for (WeekHeader* header : {m_days, m_hours, m_corner})
+        scene()->addItem(header);
 }
 
 PictureItem::Label WeekView::labelOf(const TimeTrigger& trigger) const

@@ -65,5 +65,6 @@ private:
     QVector<Lane> m_lanes;
     WeekHeader* m_days = nullptr;
     WeekHeader* m_hours = nullptr;
+    WeekHeader* m_corner = nullptr;
     QGraphicsItem* m_nowLine = nullptr;
 };
