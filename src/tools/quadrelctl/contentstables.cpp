@@ -102,7 +102,7 @@ QString dayName(int day)
     return names[day % daysOfWeek];
 }
 
-/** As in "Mon Tue Fri"; a unit has eight of them, and the last is no day. */
+/** As in "Mon Tue Fri"; a unit has eight of them, and the last is not a day. */
 QString weekdaysText(const QVector<int>& weekdays, Qt::DayOfWeek first)
 {
     QStringList names;

@@ -47,7 +47,7 @@ PictureView::PictureView(QWidget* parent)
     : QGraphicsView(parent)
 {
     setScene(new QGraphicsScene(this));
-    // Few items, all made anew at once: an index costs more than it gives.
+    // Few items, all made again at once: an index costs more than it gives.
     scene()->setItemIndexMethod(QGraphicsScene::NoIndex);
     scene()->setPalette(wholePalette(palette()));
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);

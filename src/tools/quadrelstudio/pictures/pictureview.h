@@ -46,7 +46,7 @@ signals:
     void activated(int number);
 
 protected:
-    /** Makes all items anew from what the picture shows; also when font or language change. */
+    /** Makes all items again from what the picture shows; also when font or language change. */
     virtual void rebuild() = 0;
     /** Moves what is always in view, for a view whose upper left corner is there. */
     virtual void placeHeaders(const QPointF& corner);

@@ -49,6 +49,6 @@ TriggerMap::Drive driveOf(const QuadrelDocument::Event& event);
 
 /**
  * The map of the contents. Serial lines come first, then IO lines, then times of day; events go by
- * id. Events that triggers name are missing only if the contents tell of events at all.
+ * id. Events that triggers name are missing only if the contents have events at all.
  */
 TriggerMap triggerMap(const QuadrelDocument::Contents& contents);
