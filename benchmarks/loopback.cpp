@@ -30,3 +30,9 @@ LoopbackUnit::~LoopbackUnit()
     m_thread.quit();
     m_thread.wait();
 }
+
+void LoopbackUnit::run(const std::function<void(QuadrelUnit::ControlUnit&)>& act)
+{
+    QMetaObject::invokeMethod(
+        &m_context, [&] { act(*m_unit); }, Qt::BlockingQueuedConnection);
+}

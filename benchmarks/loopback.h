@@ -8,6 +8,7 @@
 
 #include <QtCore/QThread>
 
+#include <functional>
 #include <memory>
 
 /** A simulated unit with full tables on a port of the loopback, with a thread of its own. */
@@ -19,6 +20,8 @@ public:
     LoopbackUnit& operator=(const LoopbackUnit&) = delete;
 
     quint16 port() const { return m_port; }
+    /** Looks at the unit, or changes it, on its thread; returns when that is done. */
+    void run(const std::function<void(QuadrelUnit::ControlUnit&)>& act);
 
 private:
     QThread m_thread;

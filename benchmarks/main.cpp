@@ -8,6 +8,6 @@ int main(int argc, char** argv)
 {
     return runBenchmarks(argc, argv, [] {
         return joined({signalExchangeRows(), unitExchangeRows(), modbusExchangeRows(), codecRows(),
-            projectFileRows(), processRows()});
+            projectFileRows(), processRows(), savingUnitRows()});
     });
 }

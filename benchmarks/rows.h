@@ -15,3 +15,4 @@ Rows modbusExchangeRows();
 Rows codecRows();
 Rows projectFileRows();
 Rows processRows();
+Rows savingUnitRows();

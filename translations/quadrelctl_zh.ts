@@ -252,7 +252,7 @@
         <translation>文件名为空</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no address of a unit: tcp://HOST:PORT or udp://HOST:PORT</source>
+        <source>&quot;%1&quot; is not an address of a unit: tcp://HOST:PORT or udp://HOST:PORT</source>
         <translation>“%1”不是设备的位置：应为 tcp://HOST:PORT 或 udp://HOST:PORT</translation>
     </message>
     <message>
@@ -264,7 +264,7 @@
         <translation>显示设备的自述信息</translation>
     </message>
     <message>
-        <source>Read all that a unit stores</source>
+        <source>Read everything that a unit stores</source>
         <translation>读取设备保存的全部内容</translation>
     </message>
     <message>
@@ -280,7 +280,7 @@
         <translation>“now”，或形如“2026/11/14  06:05:49”的时间，中间两个空格</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no time of the years 2000 to 2099 in the form &quot;2026/11/14  06:05:49&quot;, with two blanks</source>
+        <source>&quot;%1&quot; is not a time of the years 2000 to 2099 in the form &quot;2026/11/14  06:05:49&quot;, with two blanks</source>
         <translation>“%1”不是 2000 至 2099 年间、形如“2026/11/14  06:05:49”（中间两个空格）的时间</translation>
     </message>
     <message>
@@ -288,7 +288,7 @@
         <translation>给设备设置固定地址</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no IPv4 address</source>
+        <source>&quot;%1&quot; is not an IPv4 address</source>
         <translation>“%1”不是 IPv4 地址</translation>
     </message>
     <message>
@@ -344,7 +344,7 @@
         <translation>通过网络配置控制设备。</translation>
     </message>
     <message>
-        <source>the file can&apos;t be written; what was there before still is</source>
+        <source>the file can&apos;t be written; the old file is unchanged</source>
         <translation>文件无法写入；原有内容没有改变</translation>
     </message>
     <message>
@@ -440,11 +440,11 @@
         <translation>用 --help 查看更多信息。</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no command</source>
+        <source>&quot;%1&quot; is not a command</source>
         <translation>没有 “%1” 这个命令</translation>
     </message>
     <message>
-        <source>the disk is full; what was there before still is</source>
+        <source>the disk is full; the old file is unchanged</source>
         <translation>磁盘已满；原来的内容保持不变</translation>
     </message>
     <message>
@@ -617,7 +617,7 @@ The text is in %1</source>
     </message>
     <message>
         <source>
-Nothing was sent; --force goes on all the same.</source>
+Nothing was sent; --force sends them nevertheless.</source>
         <translation>
 未发送任何内容；--force 可强制继续。</translation>
     </message>
@@ -630,7 +630,7 @@ Nothing was sent; --force goes on all the same.</source>
         <translation>设备已使用地址 %1。</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no number from %2 to %3</source>
+        <source>&quot;%1&quot; is not a number from %2 to %3</source>
         <translation>“%1” 不是 %2 到 %3 之间的数字</translation>
     </message>
     <message>
@@ -650,7 +650,7 @@ Examples:</source>
 示例：</translation>
     </message>
     <message>
-        <source>Show and save these sections alone: %1</source>
+        <source>Show and save only these sections: %1</source>
         <translation>只显示并保存这些部分：%1</translation>
     </message>
     <message>
@@ -694,7 +694,7 @@ Examples:</source>
         <translation>把文件写入设备并回读</translation>
     </message>
     <message>
-        <source>Write these sections alone: %1</source>
+        <source>Write only these sections: %1</source>
         <translation>只写入这些部分：%1</translation>
     </message>
     <message>
@@ -734,15 +734,15 @@ Examples:</source>
         <translation>用 $VISUAL 或 $EDITOR 编辑文件或设备内容</translation>
     </message>
     <message>
-        <source>Bring back what a unit held before its last change from here</source>
+        <source>Undo the last change to a unit from this computer</source>
         <translation>恢复设备在上次从此处修改之前的内容</translation>
     </message>
     <message>
-        <source>List what was kept of units before they were changed</source>
+        <source>List the backups that were made before changes</source>
         <translation>列出修改前保存的设备备份</translation>
     </message>
     <message>
-        <source>Those of the unit with this serial number alone</source>
+        <source>Only those of the unit with this serial number</source>
         <translation>只列出该序列号的设备</translation>
     </message>
     <message>
@@ -750,7 +750,7 @@ Examples:</source>
         <translation>升级说明文件；其中的型号和版本会与设备比较</translation>
     </message>
     <message>
-        <source>Go on with files that look wrong, or with the version that is installed</source>
+        <source>Accept files that look wrong, or the version that is installed</source>
         <translation>即使文件看起来不对，或版本与已安装的相同，也继续</translation>
     </message>
     <message>
@@ -766,11 +766,11 @@ Examples:</source>
         <translation>没有应答的请求重复多少次</translation>
     </message>
     <message>
-        <source>Write down each frame in a file; - for standard error</source>
+        <source>Log each frame to a file; - is standard error</source>
         <translation>把每一帧记录到文件；- 表示标准错误</translation>
     </message>
     <message>
-        <source>Show results, warnings and errors alone</source>
+        <source>Show only results, warnings and errors</source>
         <translation>只显示结果、警告和错误</translation>
     </message>
     <message>

@@ -219,7 +219,7 @@
         <translation>缺少键 &quot;%1&quot;</translation>
     </message>
     <message>
-        <source>%1 is no key here; allowed are %2</source>
+        <source>%1 is not a key here; allowed are %2</source>
         <translation>此处没有键 %1；允许 %2</translation>
     </message>
     <message>
@@ -283,7 +283,7 @@
         <translation>不允许 %1；允许文本</translation>
     </message>
     <message>
-        <source>%1 is no document of a unit; it starts with &quot;format: %2&quot;</source>
+        <source>found %1 instead of a unit document; it starts with &quot;format: %2&quot;</source>
         <translation>%1 不是设备文档；文档以 &quot;format: %2&quot; 开头</translation>
     </message>
     <message>
@@ -291,7 +291,7 @@
         <translation>不允许 %1；允许 %2</translation>
     </message>
     <message>
-        <source>%1 is no path; paths are such as events[8], events[8].description and device.ip</source>
+        <source>%1 is not a path; paths are such as events[8], events[8].description and device.ip</source>
         <translation>%1 不是路径；路径形如 events[8]、events[8].description 和 device.ip</translation>
     </message>
     <message>
@@ -299,11 +299,11 @@
         <translation>%1：没有这个字段；有 %2</translation>
     </message>
     <message>
-        <source>%1: %2 is no value</source>
+        <source>%1: %2 is not a value</source>
         <translation>%1：%2 不是有效的值</translation>
     </message>
     <message>
-        <source>this is no document of a unit</source>
+        <source>this is not a unit document</source>
         <translation>这不是设备文档</translation>
     </message>
     <message>
@@ -355,7 +355,7 @@
         <translation>第 %1 行：%2</translation>
     </message>
     <message>
-        <source>this is no text in UTF-8; only that is read</source>
+        <source>this is not text in UTF-8; only that is read</source>
         <translation>这不是 UTF-8 文本；只能读取 UTF-8</translation>
     </message>
     <message>
@@ -471,7 +471,7 @@
         <translation>缺少元素 &quot;%1&quot;，整条记录会被跳过</translation>
     </message>
     <message>
-        <source>%1 is no record of this section; allowed are %2</source>
+        <source>%1 is not a record of this section; allowed are %2</source>
         <translation>%1 不是这一部分的记录；允许 %2</translation>
     </message>
     <message>
@@ -491,7 +491,7 @@
         <translation>从此处起的记录都会被跳过；最多允许 %1 条</translation>
     </message>
     <message>
-        <source>%1 in Protocol is no delay; &quot;0*10ms&quot; to &quot;6553.5*10ms&quot; are allowed</source>
+        <source>%1 in Protocol is not a delay; &quot;0*10ms&quot; to &quot;6553.5*10ms&quot; are allowed</source>
         <translation>Protocol 中的 %1 不是延时；允许 &quot;0*10ms&quot; 到 &quot;6553.5*10ms&quot;</translation>
     </message>
     <message>
@@ -527,15 +527,15 @@
         <translation>文件是只读的</translation>
     </message>
     <message>
-        <source>aliases have no place in a document of a unit</source>
+        <source>aliases have no place in a unit document</source>
         <translation>设备文档中不允许别名</translation>
     </message>
     <message>
-        <source>anchors have no place in a document of a unit</source>
+        <source>anchors have no place in a unit document</source>
         <translation>设备文档中不允许锚点</translation>
     </message>
     <message>
-        <source>tags have no place in a document of a unit</source>
+        <source>tags have no place in a unit document</source>
         <translation>设备文档中不允许标签</translation>
     </message>
     <message>

@@ -122,7 +122,7 @@
         <translation>设备时钟的范围是 2000 年至 2099 年</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no IPv4 address</source>
+        <source>&quot;%1&quot; is not an IPv4 address</source>
         <translation>“%1”不是 IPv4 地址</translation>
     </message>
     <message>
@@ -185,7 +185,7 @@
         <translation>%1 的应答已损坏：校验和不符</translation>
     </message>
     <message>
-        <source>%1 sent something that is no reply of a unit</source>
+        <source>%1 sent something that is not a reply of a unit</source>
         <translation>%1 发来的不是设备的应答</translation>
     </message>
     <message>

@@ -4,11 +4,11 @@
 <context>
     <name>quadrelworkspace</name>
     <message>
-        <source>%1 is no subnet mask for a unit</source>
+        <source>%1 is not a subnet mask for a unit</source>
         <translation>%1 不能用作设备的子网掩码</translation>
     </message>
     <message>
-        <source>%1 is no address for a unit</source>
+        <source>%1 is not an address for a unit</source>
         <translation>%1 不能用作设备的地址</translation>
     </message>
     <message>
@@ -28,15 +28,15 @@
         <translation>%1：文件大于 %2 MB</translation>
     </message>
     <message>
-        <source>%1: the file is empty, and an image is due</source>
+        <source>%1: the file is empty, and not an image</source>
         <translation>%1：文件为空，这里需要固件映像</translation>
     </message>
     <message>
-        <source>%1: this is XML, and an image is due</source>
+        <source>%1: this is XML, and not an image</source>
         <translation>%1：这是 XML，这里需要固件映像</translation>
     </message>
     <message>
-        <source>%1: this is text, and an image is due</source>
+        <source>%1: this is text, and not an image</source>
         <translation>%1：这是文本，这里需要固件映像</translation>
     </message>
     <message>
@@ -88,11 +88,11 @@
         <translation>无法锁定 %1：%2：%3</translation>
     </message>
     <message>
-        <source>%1 is no name; a name has 1 to %2 letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;, and does not begin with &quot;-&quot; or &quot;.&quot;</source>
+        <source>%1 is not a name; a name has 1 to %2 letters, digits, &quot;-&quot;, &quot;_&quot; and &quot;.&quot;, and does not begin with &quot;-&quot; or &quot;.&quot;</source>
         <translation>%1 不是名称；名称由 1 到 %2 个字母、数字、&quot;-&quot;、&quot;_&quot; 和 &quot;.&quot; 组成，且不以 &quot;-&quot; 或 &quot;.&quot; 开头</translation>
     </message>
     <message>
-        <source>%1 is no address; one is tcp://HOST:PORT or udp://HOST:PORT</source>
+        <source>%1 is not an address; one is tcp://HOST:PORT or udp://HOST:PORT</source>
         <translation>%1 不是地址；地址的形式是 tcp://HOST:PORT 或 udp://HOST:PORT</translation>
     </message>
     <message>
@@ -112,7 +112,7 @@
         <translation>未知的键 %1；已知的键有 %2</translation>
     </message>
     <message>
-        <source>%1 is there twice</source>
+        <source>%1 is repeated</source>
         <translation>%1 出现了两次</translation>
     </message>
     <message>

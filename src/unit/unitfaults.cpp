@@ -57,9 +57,9 @@ bool UnitFaults::add(const QString& text, QString* error)
     const QRegularExpressionMatch match = form.match(text);
     const int kindIndex = kindNames().indexOf(match.captured(1));
     if (!match.hasMatch() || kindIndex < 0) {
-        *error =
-            QStringLiteral("\"%1\" is no fault: write KIND@N or KIND%PERCENT, KIND being one of %2")
-                .arg(text, kindNames().join(QLatin1String(", ")));
+        *error = QStringLiteral(
+            "\"%1\" is not a fault: write KIND@N or KIND%PERCENT, KIND being one of %2")
+                     .arg(text, kindNames().join(QLatin1String(", ")));
         return false;
     }
     const auto kind = static_cast<FaultKind>(kindIndex);

@@ -31,7 +31,7 @@ bool writeHolder(int descriptor)
         && pwrite(descriptor, line.constData(), static_cast<size_t>(line.size()), 0) == line.size();
 }
 
-/** False if the file was removed, and perhaps made anew, since it was opened. */
+/** False if the file was removed, and perhaps made again, since it was opened. */
 bool isStillAt(int descriptor, const QByteArray& path)
 {
     struct stat opened = {};

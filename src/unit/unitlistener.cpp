@@ -62,8 +62,8 @@ bool UnitListener::listen(const QHostAddress& address, quint16 port, QString* er
         *error = m_server.errorString();
         return false;
     }
-    // A server of the framework keeps the first error of its socket, be it only that nobody waits
-    // any more: without free files it would then try without end and say nothing.
+    // A server of the framework keeps the first error of its socket, even if it is only that nobody
+    // waits any more: without free files it would then try without end and say nothing.
     m_server.pauseAccepting();
     m_arrivals =
         std::make_unique<QSocketNotifier>(m_server.socketDescriptor(), QSocketNotifier::Read);

@@ -164,7 +164,7 @@ bool UnitMemoryFile::load(QString* error)
 {
     // Opening a pipe would wait for its other end.
     if (exists() && !QFileInfo(m_path).isFile()) {
-        *error = QStringLiteral("cannot read %1: it is no regular file").arg(m_path);
+        *error = QStringLiteral("cannot read %1: it is not a regular file").arg(m_path);
         return false;
     }
     QFile file(m_path);
@@ -173,7 +173,7 @@ bool UnitMemoryFile::load(QString* error)
         return false;
     }
     if (file.readLine(longestLine).trimmed() != firstLine()) {
-        *error = QStringLiteral("%1 is no memory of a simulated unit").arg(m_path);
+        *error = QStringLiteral("%1 is not a memory file of a simulated unit").arg(m_path);
         return false;
     }
     Content content;

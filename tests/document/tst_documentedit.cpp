@@ -221,7 +221,7 @@ void TestDocumentEdit::refuses_data()
     QTest::addColumn<QString>("assignment");
     QTest::addColumn<QString>("error");
     const QString noPath = QStringLiteral(
-        " is no path; paths are such as events[8], events[8].description and device.ip");
+        " is not a path; paths are such as events[8], events[8].description and device.ip");
     QTest::newRow("no sign") << "events[8].description"
                              << "\"events[8].description\" has no \"=\"; an assignment is such as "
                                 "events[8].description=Display off";
@@ -250,11 +250,11 @@ void TestDocumentEdit::refuses_data()
     QTest::newRow("another id") << "events[40]={id: 41, delay: 5}"
                                 << "events[40]: the record says id 41";
     QTest::newRow("open braces") << "events[40]={delay: 5"
-                                 << "events[40]: \"{delay: 5\" is no value";
+                                 << "events[40]: \"{delay: 5\" is not a value";
     QTest::newRow("no value") << "events[9].delay=]"
-                              << "events[9].delay: \"]\" is no value";
+                              << "events[9].delay: \"]\" is not a value";
     QTest::newRow("alias") << "events[9].delay=*a"
-                           << "events[9].delay: \"*a\" is no value";
+                           << "events[9].delay: \"*a\" is not a value";
 }
 
 void TestDocumentEdit::refuses()
@@ -299,7 +299,7 @@ void TestDocumentEdit::gets_data()
                                 << "device.ip: it is not there";
     QTest::newRow("no path") << "x"
                              << ""
-                             << "\"x\" is no path; paths are such as events[8], "
+                             << "\"x\" is not a path; paths are such as events[8], "
                                 "events[8].description and device.ip";
 }
 

@@ -183,10 +183,11 @@ void TestProjectDocument::refuses_data()
         "FILE:9:93: events[3]: \"PWR\" in Protocol is not allowed; pairs of the digits 0 to 9 and "
         "a to f are, such as \"4c 01 00\"");
     row("delay", "25.5*10ms", "255ms",
-        "FILE:10:92: events[4]: \"255ms\" in Protocol is no delay; \"0*10ms\" to \"6553.5*10ms\" "
+        "FILE:10:92: events[4]: \"255ms\" in Protocol is not a delay; \"0*10ms\" to "
+        "\"6553.5*10ms\" "
         "are allowed");
     row("long delay", "25.5*10ms", "6553.6*10ms",
-        "FILE:10:92: events[4]: \"6553.6*10ms\" in Protocol is no delay; \"0*10ms\" to "
+        "FILE:10:92: events[4]: \"6553.6*10ms\" in Protocol is not a delay; \"0*10ms\" to "
         "\"6553.5*10ms\" are allowed");
     row("id", "<ID>3<", "<ID>256<",
         "FILE:9:16: events[256]: \"256\" in ID is not allowed; a whole number from 0 to 255 is");
@@ -218,7 +219,7 @@ void TestProjectDocument::refuses_data()
         "FILE:9:12: a comment within a record makes the reader skip the record; between records it "
         "is allowed");
     row("another record", "<EventInfo>", "<Event>",
-        "FILE:9:1: \"Event\" is no record of this section; allowed are EventInfo\n"
+        "FILE:9:1: \"Event\" is not a record of this section; allowed are EventInfo\n"
         "FILE:9:147: this is not well-formed XML: Opening and ending tag mismatch.");
     row("level", "输入-高电平", "input-high",
         "FILE:14:100: triggers[1]: \"input-high\" in Protocol is not allowed; allowed are "
@@ -284,7 +285,7 @@ void TestProjectDocument::refuses_data()
     row("line with more", "<Model>1</Model>", "<Model>1</Model><Model>1</Model>",
         "FILE:6:21: ioLines[1]: the element \"Model\" is here already; once is allowed");
     row("another config", "<IO><Model>1</Model></IO>", "<RELAY/>",
-        "FILE:6:1: \"RELAY\" is no record of this section; allowed are COM, IO");
+        "FILE:6:1: \"RELAY\" is not a record of this section; allowed are COM, IO");
     row("section twice", "<Triggers>", "<Events/><Triggers>",
         "FILE:12:1: Events: this section is here already; a second one is never read");
     row("unknown section", "<Triggers>", "<Trigers/><Triggers>",

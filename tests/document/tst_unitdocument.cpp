@@ -310,22 +310,26 @@ void TestUnitDocument::reportsErrors_data()
         QTest::newRow(name) << Form::Json << text << messages;
     };
     yaml("nothing", QByteArray(),
-        "FILE:1:1: nothing is no document of a unit; it starts with \"format: quadrel-unit/1\"");
+        "FILE:1:1: found nothing instead of a unit document; it starts with \"format: "
+        "quadrel-unit/1\"");
     yaml("blanks", "  \n# c\n",
-        "FILE:1:1: nothing is no document of a unit; it starts with \"format: quadrel-unit/1\"");
+        "FILE:1:1: found nothing instead of a unit document; it starts with \"format: "
+        "quadrel-unit/1\"");
     yaml("a text", "hello",
-        "FILE:1:1: hello is no document of a unit; it starts with \"format: quadrel-unit/1\"");
+        "FILE:1:1: found hello instead of a unit document; it starts with \"format: "
+        "quadrel-unit/1\"");
     yaml("a list", "- 1\n",
-        "FILE:1:1: a list is no document of a unit; it starts with \"format: quadrel-unit/1\"");
+        "FILE:1:1: found a list instead of a unit document; it starts with \"format: "
+        "quadrel-unit/1\"");
     json("no JSON", QByteArray(), "FILE:1:1: a value of JSON is due here");
     yaml(
         "no format", "events: []\n", "FILE:1:1: format: nothing is not allowed; quadrel-unit/1 is");
     yaml("another format", "format: quadrel-unit/2\n",
         "FILE:1:9: format: quadrel-unit/2 is not allowed; quadrel-unit/1 is");
     yaml("unknown sections", format + "evnts: []\nother: 1\n",
-        "FILE:2:1: \"evnts\" is no key here; allowed are format, device, serialPorts, ioLines, "
+        "FILE:2:1: \"evnts\" is not a key here; allowed are format, device, serialPorts, ioLines, "
         "events, triggers, timeTriggers, clock\n"
-        "FILE:3:1: \"other\" is no key here; allowed are format, device, serialPorts, ioLines, "
+        "FILE:3:1: \"other\" is not a key here; allowed are format, device, serialPorts, ioLines, "
         "events, triggers, timeTriggers, clock");
     yaml("doubled section", format + "events: []\nevents: []\n",
         "FILE:3:1: the key \"events\" is here already; once is allowed");
@@ -346,7 +350,7 @@ void TestUnitDocument::reportsErrors_data()
               "protocol: 4g\ntriggers:\n  - kind: RELAY\n    eventIds: [1, 256]\n",
         "FILE:3:9: events[300].id: 300 is not allowed; a whole number from 0 to 255 is\n"
         "FILE:5:5: events[300]: the key \"delay\" is here already; once is allowed\n"
-        "FILE:6:5: events[300]: \"colour\" is no key here; allowed are id, name, type, isHex, "
+        "FILE:6:5: events[300]: \"colour\" is not a key here; allowed are id, name, type, isHex, "
         "delay, protocol, protocolText, description\n"
         "FILE:8:15: events[9].protocol: \"4g\" is not allowed; pairs of the digits 0 to 9 and a to "
         "f are, such as \"4c 01 00\"\n"
@@ -410,7 +414,7 @@ void TestUnitDocument::reportsErrors_data()
         "FILE:3:29: events[8].name: nothing is not allowed; a text is, \"\" for none\n"
         "FILE:3:44: events[8].description: a list is not allowed; a text is, \"\" for none");
     yaml("direction of writing", eventText("delay: 5, \"\u202Ex\": 1"),
-        "FILE:3:23: events[8]: \"\\u202ex\" is no key here; allowed are id, name, type, isHex, "
+        "FILE:3:23: events[8]: \"\\u202ex\" is not a key here; allowed are id, name, type, isHex, "
         "delay, protocol, protocolText, description");
     yaml("kind", triggerText("kind: com, line: COM A-1"),
         "FILE:3:27: triggers.kind: \"com\" is not allowed; COM, COM_MODBUS or IO is");
@@ -475,18 +479,17 @@ void TestUnitDocument::reportsErrors_data()
         "FILE:2:18: ioLines[256].line: 256 is not allowed; a whole number from 1 to 255 is\n"
         "FILE:2:29: ioLines[256].type: 3 is not allowed; a whole number from 0 to 2 is\n"
         "FILE:2:33: ioLines: the key \"line\" is missing");
-    yaml("anchor", format + "events: &a []\n",
-        "FILE:2:9: anchors have no place in a document of a unit");
+    yaml(
+        "anchor", format + "events: &a []\n", "FILE:2:9: anchors have no place in a unit document");
     yaml("alias", format + "events: *a\n",
         "FILE:2:9: this is not YAML: the referenced anchor is not defined");
     yaml("alias of an anchor", format + "clock: &b x\nevents: *b\n",
-        "FILE:2:8: anchors have no place in a document of a unit");
-    yaml("tag", format + "events: !!seq []\n",
-        "FILE:2:9: tags have no place in a document of a unit");
+        "FILE:2:8: anchors have no place in a unit document");
+    yaml("tag", format + "events: !!seq []\n", "FILE:2:9: tags have no place in a unit document");
     yaml("tag of a text", format + "clock: !x y\n",
-        "FILE:2:8: tags have no place in a document of a unit");
+        "FILE:2:8: tags have no place in a unit document");
     yaml("merge key", eventText("delay: 1, <<: {}"),
-        "FILE:3:23: events[8]: \"<<\" is no key here; allowed are id, name, type, isHex, delay, "
+        "FILE:3:23: events[8]: \"<<\" is not a key here; allowed are id, name, type, isHex, delay, "
         "protocol, protocolText, description");
     yaml("key of another kind", format + "? [a]\n: b\n", "FILE:2:3: a key is a single word");
     yaml("second document", format + "---\n" + format, "FILE:2:1: nothing may follow the document");
@@ -494,7 +497,7 @@ void TestUnitDocument::reportsErrors_data()
     yaml("open bracket", format + "events: [\n",
         "FILE:3:1: this is not YAML: end of sequence flow not found");
     yaml("column in characters", format + "clock: \"打开\"\n事件: 1\n",
-        "FILE:3:1: \"事件\" is no key here; allowed are format, device, serialPorts, ioLines, "
+        "FILE:3:1: \"事件\" is not a key here; allowed are format, device, serialPorts, ioLines, "
         "events, triggers, timeTriggers, clock");
     json("open", "{\"format\": \"quadrel-unit/1\"", "FILE:1:28: \"}\" is due here");
     json("two values", "{\"format\": \"quadrel-unit/1\"} {}",
@@ -582,15 +585,15 @@ void TestUnitDocument::refusesHostileTexts_data()
     yaml("documents", QByteArray("---\n").repeated(size / 4),
         QStringLiteral("nothing may follow the document"));
     yaml("a long text", '"' + QByteArray(size - 2, 'x') + '"',
-        QStringLiteral("is no document of a unit"));
+        QStringLiteral("instead of a unit document"));
     yaml("a long comment", '#' + QByteArray(size - 1, 'x'),
-        QStringLiteral("is no document of a unit"));
+        QStringLiteral("instead of a unit document"));
     yaml("an open text", '"' + QByteArray("a\n").repeated(size / 2 - 1),
         QStringLiteral("has no closing quote"));
     yaml("an open text at the end", format + "a: \"b\n", QStringLiteral("has no closing quote"));
     yaml("an open text at the end, other quotes", format + "a: 'b''\n",
         QStringLiteral("has no closing quote"));
-    yaml("bytes", format + "a: \xFF", QStringLiteral("this is no text in UTF-8"));
+    yaml("bytes", format + "a: \xFF", QStringLiteral("this is not text in UTF-8"));
     yaml("control characters", format + "a: \x1B[31m", QStringLiteral("control characters"));
     yaml("zeros", QByteArray(size, '\0'), QStringLiteral("control characters"));
     const QByteArray comment = '#' + QByteArray(size - 500000, 'x');
@@ -599,7 +602,7 @@ void TestUnitDocument::refusesHostileTexts_data()
     QTest::newRow("values of JSON")
         << Form::Json << '[' + QByteArray("1,").repeated(size / 2 - 1) << values;
     QTest::newRow("a long text of JSON")
-        << Form::Json << '"' + QByteArray(size - 2, 'x') + '"' << "is no document of a unit";
+        << Form::Json << '"' + QByteArray(size - 2, 'x') + '"' << "instead of a unit document";
     QTest::newRow("keys of JSON") << Form::Json << '{' + QByteArray("\"a\":1,").repeated(size / 7)
                                   << values;
 }
@@ -674,7 +677,7 @@ void TestUnitDocument::savesAndLoads()
     }
 }
 
-/** What a wrong value leads to is no second fault. */
+/** What a wrong value leads to is not a second fault. */
 void TestUnitDocument::reportsFaultsOnce()
 {
     const QTemporaryDir folder;

@@ -1519,7 +1519,7 @@ void TestXmlFile::eventRecordTakesTheFirstOfAName()
     QCOMPARE(twice.getEventId(), 4);
     QCOMPARE(twice.getEventProtocal(), QStringLiteral("p"));
 
-    // A node of the name that is no element has no text.
+    // A node of the name that is not an element has no text.
     EventInfo instruction =
         eventsIn(project(section(Kind::Events,
                      "<E><?ID 4?><ID>5</ID><?Protocol p?><Protocol>q</Protocol><EventType/></E>")))

@@ -124,19 +124,19 @@ void TestQuadrelctl::explainsWrongUsage_data()
                             << explanation;
     };
     row("", QStringLiteral("a command is required"));
-    row("inf", QStringLiteral("\"inf\" is no command; did you mean \"info\"?"));
-    row("rad", QStringLiteral("\"rad\" is no command; did you mean \"read\"?"));
-    row("disc", QStringLiteral("\"disc\" is no command; did you mean \"discover\"?"));
-    row("dance", QStringLiteral("\"dance\" is no command"));
-    row("help|inf", QStringLiteral("\"inf\" is no command; did you mean \"info\"?"));
-    row("%2", QStringLiteral("\"%2\" is no command"));
-    row("\x1b[2J", QStringLiteral("\"\\u001b[2J\" is no command"));
+    row("inf", QStringLiteral("\"inf\" is not a command; did you mean \"info\"?"));
+    row("rad", QStringLiteral("\"rad\" is not a command; did you mean \"read\"?"));
+    row("disc", QStringLiteral("\"disc\" is not a command; did you mean \"discover\"?"));
+    row("dance", QStringLiteral("\"dance\" is not a command"));
+    row("help|inf", QStringLiteral("\"inf\" is not a command; did you mean \"info\"?"));
+    row("%2", QStringLiteral("\"%2\" is not a command"));
+    row("\x1b[2J", QStringLiteral("\"\\u001b[2J\" is not a command"));
     row("info",
         QStringLiteral("--unit is missing: the address of the unit, as in --unit 192.168.1.10 "
                        "(\"quadrelctl discover\" lists the units of the network)"));
     row("info|--unit", QStringLiteral("--unit: its argument is missing"));
     row("info|--unit|%2://%1",
-        QStringLiteral("--unit: \"%2://%1\" is no address of a unit: tcp://HOST:PORT or "
+        QStringLiteral("--unit: \"%2://%1\" is not an address of a unit: tcp://HOST:PORT or "
                        "udp://HOST:PORT"));
     row("info|--unit|h|--jsom",
         QStringLiteral("\"--jsom\" is not expected here; did you mean \"--json\"?"));
@@ -155,14 +155,15 @@ void TestQuadrelctl::explainsWrongUsage_data()
     row("get|--unit|h", QStringLiteral("a path is required"));
     row("diff|u.yaml", QStringLiteral("after is required"));
     row("info|--unit|h|--timeout|soon",
-        QStringLiteral("--timeout: \"soon\" is no number from 1 to 3600000"));
+        QStringLiteral("--timeout: \"soon\" is not a number from 1 to 3600000"));
     row("info|--unit|h|--timeout|0",
-        QStringLiteral("--timeout: \"0\" is no number from 1 to 3600000"));
+        QStringLiteral("--timeout: \"0\" is not a number from 1 to 3600000"));
     row("info|--unit|h|--retries|-1",
-        QStringLiteral("--retries: \"-1\" is no number from 0 to 100"));
+        QStringLiteral("--retries: \"-1\" is not a number from 0 to 100"));
     row("clock|--unit|h|--set|\x1b]0;x\x07",
-        QStringLiteral("--set: \"\\u001b]0;x\\u0007\" is no time of the years 2000 to 2099 in the "
-                       "form \"2026/11/14  06:05:49\", with two blanks"));
+        QStringLiteral(
+            "--set: \"\\u001b]0;x\\u0007\" is not a time of the years 2000 to 2099 in the "
+            "form \"2026/11/14  06:05:49\", with two blanks"));
 }
 
 void TestQuadrelctl::explainsWrongUsage()

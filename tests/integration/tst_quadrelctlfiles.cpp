@@ -217,7 +217,7 @@ void TestQuadrelctlFiles::leavesTheOldFileOnAFullDisk()
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(result.errors,
         file
-            + QStringLiteral(": the disk is full; what was there before still is "
+            + QStringLiteral(": the disk is full; the old file is unchanged "
                              "(No space left on device)\n"));
     // What was read is not lost.
     QVERIFY(result.output.contains(QStringLiteral("EVENTS\n")));
@@ -354,10 +354,9 @@ void TestQuadrelctlFiles::checksFiles_data()
     QTest::newRow("good") << QStringLiteral("u.yaml") << head + "events: []\n" << QStringList();
     QTest::newRow("an unknown key") << QStringLiteral("u.yaml") << head + "colour: red\n"
                                     << QStringList{QStringLiteral("2:1")};
-    QTest::newRow("all in one go")
-        << QStringLiteral("u.yaml")
-        << head + "events:\n  - {id: 300, delay: 1}\n  - {id: 1, delay: -1}\n"
-        << QStringList{QStringLiteral("3:10"), QStringLiteral("4:20")};
+    QTest::newRow("all at once") << QStringLiteral(
+        "u.yaml") << head + "events:\n  - {id: 300, delay: 1}\n  - {id: 1, delay: -1}\n"
+                                 << QStringList{QStringLiteral("3:10"), QStringLiteral("4:20")};
     QTest::newRow("JSON") << QStringLiteral(
         "u.json") << QByteArray("{\n  \"format\": \"quadrel-unit/1\",\n  \"colour\": 1\n}\n")
                           << QStringList{QStringLiteral("3:3")};
@@ -383,7 +382,7 @@ void TestQuadrelctlFiles::checksFiles()
             qPrintable(lines.at(i)));
 }
 
-/** A warning is no reason to fail. */
+/** A warning is not a reason to fail. */
 void TestQuadrelctlFiles::checksSeveralFiles()
 {
     ControlTool tool;

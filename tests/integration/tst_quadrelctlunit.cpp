@@ -317,11 +317,10 @@ void TestQuadrelctlUnit::refusesBadImages_data()
     row("missing", "No such file or directory");
     row(".", "not a regular file");
     row("/dev/zero", "not a regular file");
-    const char* nothingSent = "\nNothing was sent; --force goes on all the same.";
-    row("empty",
-        qPrintable(QStringLiteral("the file is empty, and an image is due") + nothingSent));
-    row("xml", qPrintable(QStringLiteral("this is XML, and an image is due") + nothingSent));
-    row("text", qPrintable(QStringLiteral("this is text, and an image is due") + nothingSent));
+    const char* nothingSent = "\nNothing was sent; --force sends them nevertheless.";
+    row("empty", qPrintable(QStringLiteral("the file is empty, and not an image") + nothingSent));
+    row("xml", qPrintable(QStringLiteral("this is XML, and not an image") + nothingSent));
+    row("text", qPrintable(QStringLiteral("this is text, and not an image") + nothingSent));
 }
 
 void TestQuadrelctlUnit::refusesBadImages()

@@ -224,7 +224,7 @@ void TestQuadrelsim::refusesWrongUsage_data()
     QTest::newRow("stray word") << "nonsense"
                                 << "nonsense";
     QTest::newRow("listen") << "--listen nowhere"
-                            << "nowhere is no IP address";
+                            << "nowhere is not an IP address";
     QTest::newRow("port") << "--port 65536"
                           << "65536";
     QTest::newRow("port text") << "--port http"
@@ -248,9 +248,9 @@ void TestQuadrelsim::refusesWrongUsage_data()
     QTest::newRow("upgrade version") << "--upgrade-version 5"
                                      << "5 is not of the form 1.2.3.4";
     QTest::newRow("fault") << "--fault melt@1"
-                           << "\"melt@1\" is no fault";
+                           << "\"melt@1\" is not a fault";
     QTest::newRow("second fault") << "--fault drop@1 --fault melt@1"
-                                  << "\"melt@1\" is no fault";
+                                  << "\"melt@1\" is not a fault";
     QTest::newRow("fault of no unit") << "--fault 2:drop@1"
                                       << "\"2:drop@1\": units are numbered from 1 to 1";
     QTest::newRow("fault of unit 0") << "--count 3 --fault 0:drop@1"
@@ -260,7 +260,7 @@ void TestQuadrelsim::refusesWrongUsage_data()
     QTest::newRow("fault of units in reverse") << "--count 3 --fault 3-2:drop@1"
                                                << "\"3-2:drop@1\": units are numbered";
     QTest::newRow("fault of a unit") << "--count 3 --fault 2:melt@1"
-                                     << "\"melt@1\" is no fault";
+                                     << "\"melt@1\" is not a fault";
     QTest::newRow("count") << "--count 0"
                            << "0 not in range 1 to 10000";
     QTest::newRow("count and port") << "--count 3 --port 65534"
@@ -278,7 +278,7 @@ void TestQuadrelsim::refusesWrongUsage_data()
     QTest::newRow("seed") << "--seed x"
                           << "x";
     QTest::newRow("discovery address") << "--discovery-listen x"
-                                       << "x is no IP address";
+                                       << "x is not an IP address";
     QTest::newRow("hexadecimal payload") << "--discovery-payload-hex 0g"
                                          << "0g is not pairs of hexadecimal digits";
     QTest::newRow("half a byte") << "--discovery-payload-hex 012"
@@ -331,11 +331,11 @@ void TestQuadrelsim::tellsOfTenRefusalsASecond()
     QUdpSocket client;
     for (int i = 0; i < refusals; ++i)
         client.writeDatagram("garbage", QHostAddress::LocalHost, port);
-    QVERIFY(simulator.waitForError(QStringLiteral(" more of the like in this second\n")));
+    QVERIFY(simulator.waitForError(QStringLiteral(" more like these in this second\n")));
     int reported = 0;
     int keptBack = 0;
     const QRegularExpression summary(
-        QStringLiteral("^quadrelsim: (\\d+) more of the like in this second$"));
+        QStringLiteral("^quadrelsim: (\\d+) more like these in this second$"));
     // All of it may take more than a second on a busy machine.
     const auto count = [&] {
         reported = 0;
@@ -683,7 +683,7 @@ void TestQuadrelsim::refusesAForeignMemory()
     Simulator simulator({QStringLiteral("--memory"), path});
     QCOMPARE(simulator.waitForExit(), 1);
     QCOMPARE(simulator.errors(),
-        QStringLiteral("quadrelsim: %1 is no memory of a simulated unit\n").arg(path));
+        QStringLiteral("quadrelsim: %1 is not a memory file of a simulated unit\n").arg(path));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("Dear diary\n"));
 }

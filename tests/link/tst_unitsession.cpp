@@ -338,7 +338,7 @@ void TestUnitSession::refusesAddresses()
                 UnitRequest::setNetwork(good, good, bad)}) {
             const UnitResult result = session.run(request);
             QCOMPARE(result.failure.error, make_error_code(LinkError::InvalidRequest));
-            QCOMPARE(result.failure.text, QStringLiteral("\"%1\" is no IPv4 address").arg(bad));
+            QCOMPARE(result.failure.text, QStringLiteral("\"%1\" is not an IPv4 address").arg(bad));
         }
     }
 }
@@ -370,7 +370,7 @@ void TestUnitSession::awaitsTheLastReplyNoLongerThanTheLimit()
     UnitSession session(silent.address(), withTimeout(100));
     QVERIFY(session.run(UnitRequest::reset(false)));
 
-    // What did not even go out is no success.
+    // What did not even go out is not a success.
     QTcpServer port;
     QVERIFY(port.listen(QHostAddress::LocalHost));
     const UnitAddress closed{UnitAddress::Tcp, QStringLiteral("127.0.0.1"), port.serverPort()};

@@ -303,7 +303,7 @@ void TestUnitTransport::namesTheFault_data()
     row("udp, duplicate", udp, FaultKind::Duplicate, noError);
     row("udp, corrupt", udp, FaultKind::Corrupt, damaged);
     row("udp, truncate", udp, FaultKind::Truncate,
-        QStringLiteral("UNIT sent something that is no reply of a unit"));
+        QStringLiteral("UNIT sent something that is not a reply of a unit"));
     row("udp, wrong label", udp, FaultKind::WrongLabel, timeout);
 }
 
@@ -325,7 +325,7 @@ void TestUnitTransport::namesOddStreams_data()
     QTest::addColumn<QByteArray>("stream");
     QTest::addColumn<bool>("closes");
     QTest::addColumn<QString>("error");
-    const QString noReply = QStringLiteral("%1 sent something that is no reply of a unit");
+    const QString noReply = QStringLiteral("%1 sent something that is not a reply of a unit");
     const QString noAnswer =
         QStringLiteral("%1 has not answered the read of device information within 1000 ms");
     const QByteArray request = UnitFrame::readRequest(0, 0xF0000000, 32).encode();

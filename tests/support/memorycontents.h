@@ -6,7 +6,7 @@
 #include "unitcontents.h"
 #include "unitmemory.h"
 
-/** Contents in the memory of a unit, by way of the library's codecs, without sockets. */
+/** Contents in the memory of a unit, through the library's codecs, without sockets. */
 namespace MemoryContents {
 
 /** What a whole read of a unit with this memory gives, but for the clock. */

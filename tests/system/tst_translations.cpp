@@ -209,7 +209,7 @@ void TestTranslations::missesNothing_data()
     QTest::newRow("workspace") << workspace;
 }
 
-/** Taking in the sources' texts anew changes nothing: none is new, and none is left over. */
+/** Taking in the sources' texts again changes nothing: none is new, and none is left over. */
 void TestTranslations::missesNothing()
 {
     QFETCH(QString, name);

@@ -444,7 +444,7 @@ void TestControlUnit::refusesUpgradesBeyondItsMemory()
     QCOMPARE(announce(0xFFFFFFFF),
         QStringLiteral(
             "upgrade out of order: an upgrade of 4294967295 bytes is over the limit of 1048576"));
-    // The one before took no effect, and this one begins anew.
+    // The one before took no effect, and this one begins again.
     QCOMPARE(announce(5), QString());
 }
 

@@ -288,7 +288,7 @@ void TestUnitFaults::refusesTexts_data()
     QTest::addColumn<QString>("reason");
     for (const char* text : {"", "drop", "drop@", "drop@x", "drop%", "drop%-1", "@1", "dropp@1",
              "Drop@1", "drop@1 ", "drop:@1", "drop@1%2", "delay:x@1", "delay:-1@1"}) {
-        QTest::newRow(text) << text << "is no fault: write KIND@N or KIND%PERCENT";
+        QTest::newRow(text) << text << "is not a fault: write KIND@N or KIND%PERCENT";
     }
     QTest::newRow("drop:5@1") << "drop:5@1"
                               << "only a delay takes milliseconds";

@@ -169,7 +169,7 @@ void TestUnitMemoryFile::servesOnWhileItSaves()
     QVERIFY(saved.isEmpty());
     QVERIFY(!file.exists());
 
-    // What changes now is no part of the save that runs, and is saved by the next one.
+    // What changes now is not a part of the save that runs, and is saved by the next one.
     unit.memory().write(0x10, "new");
     file.noteChange();
     gate.release();
@@ -332,14 +332,14 @@ void TestUnitMemoryFile::readsRegularFilesOnly()
     UnitMemoryFile file(path, &unit);
     QString error;
     QVERIFY(!file.load(&error));
-    QCOMPARE(error, QStringLiteral("cannot read %1: it is no regular file").arg(path));
+    QCOMPARE(error, QStringLiteral("cannot read %1: it is not a regular file").arg(path));
 }
 
 void TestUnitMemoryFile::refusesForeignFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("reason");
-    const QString foreign = QStringLiteral(" is no memory of a simulated unit");
+    const QString foreign = QStringLiteral(" is not a memory file of a simulated unit");
     QTest::newRow("empty") << QByteArray() << foreign;
     QTest::newRow("something else") << QByteArray("<?xml version=\"1.0\"?>\n") << foreign;
     QTest::newRow("a later version") << QByteArray("quadrelsim memory 2\n") << foreign;

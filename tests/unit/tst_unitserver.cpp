@@ -457,7 +457,7 @@ void TestUnitServer::resetsWithoutReply()
     QSignalSpy back(m_server.get(), &UnitServer::cameBack);
     m_server->faults().addNth(FaultKind::Drop, 1);
     UnitClient client(m_server->port());
-    // What follows the reset in one go is lost with the connection.
+    // What follows the reset at once is lost with the connection.
     client.socket().write(reset(true).encode() + readInformation().encode());
     TRY_COMPARE(back.size(), 1);
     TRY_VERIFY(client.isClosed());
@@ -473,7 +473,7 @@ void TestUnitServer::sendsNoDatagramWhileDown()
     QSignalSpy down(m_server.get(), &UnitServer::wentDown);
     QUdpSocket client;
     QVERIFY(client.bind(QHostAddress(QHostAddress::LocalHost)));
-    // Both are taken in one go: the second puts the unit down, the delayed first finds it so.
+    // Both are taken at once: the second puts the unit down, the delayed first finds it so.
     for (int i = 0; i < 2; ++i)
         client.writeDatagram(reset(true).encode(), QHostAddress::LocalHost, m_server->port());
     TRY_COMPARE(down.size(), 2);

@@ -61,12 +61,13 @@ void TestAddressCheck::findsNetworkFaults_data()
     row("192.168.1.10", "255.255.255.0", "0.0.0.0", "");
     row("10.0.0.1", "255.0.0.0", "10.255.0.1", "");
     row("10.0.0.1", "255.255.255.252", "10.0.0.2", "");
-    row("10.0.0.1", "255.255.255.254", "10.0.0.0", "255.255.255.254 is no subnet mask for a unit");
-    row("10.0.0.1", "255.0.255.0", "10.0.0.2", "255.0.255.0 is no subnet mask for a unit");
-    row("10.0.0.1", "0.0.0.0", "10.0.0.2", "0.0.0.0 is no subnet mask for a unit");
-    row("10.0.0.1", "0.0.0.255", "10.0.0.2", "0.0.0.255 is no subnet mask for a unit");
-    row("224.0.0.1", "255.255.255.0", "0.0.0.0", "224.0.0.1 is no address for a unit");
-    row("0.0.0.1", "255.255.255.0", "0.0.0.0", "0.0.0.1 is no address for a unit");
+    row("10.0.0.1", "255.255.255.254", "10.0.0.0",
+        "255.255.255.254 is not a subnet mask for a unit");
+    row("10.0.0.1", "255.0.255.0", "10.0.0.2", "255.0.255.0 is not a subnet mask for a unit");
+    row("10.0.0.1", "0.0.0.0", "10.0.0.2", "0.0.0.0 is not a subnet mask for a unit");
+    row("10.0.0.1", "0.0.0.255", "10.0.0.2", "0.0.0.255 is not a subnet mask for a unit");
+    row("224.0.0.1", "255.255.255.0", "0.0.0.0", "224.0.0.1 is not an address for a unit");
+    row("0.0.0.1", "255.255.255.0", "0.0.0.0", "0.0.0.1 is not an address for a unit");
     row("10.0.0.0", "255.255.255.0", "0.0.0.0",
         "10.0.0.0 is the network or the broadcast address of its subnet");
     row("10.0.0.255", "255.255.255.0", "0.0.0.0",

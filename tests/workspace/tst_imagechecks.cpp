@@ -96,9 +96,9 @@ void TestImageChecks::doubtsAnImage_data()
 {
     QTest::addColumn<QByteArray>("image");
     QTest::addColumn<QString>("doubt");
-    const QString empty = QStringLiteral("F: the file is empty, and an image is due");
-    const QString xml = QStringLiteral("F: this is XML, and an image is due");
-    const QString text = QStringLiteral("F: this is text, and an image is due");
+    const QString empty = QStringLiteral("F: the file is empty, and not an image");
+    const QString xml = QStringLiteral("F: this is XML, and not an image");
+    const QString text = QStringLiteral("F: this is text, and not an image");
     const QString none;
     QTest::newRow("image") << QByteArray::fromHex("00207009fe00ff7f") << none;
     QTest::newRow("zeros") << QByteArray(100, '\0') << none;

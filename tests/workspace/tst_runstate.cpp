@@ -128,9 +128,10 @@ void TestRunState::refuses_data()
     QTest::newRow("state")
         << QByteArray("format: quadrel-run/1\nunits: [{name: a, state: over}]")
         << "2:26: \"state\" is \"over\"; allowed are waiting, at work, done, failed";
-    QTest::newRow("name") << QByteArray("format: quadrel-run/1\nunits: [{name: ../a, state: done}]")
-                          << "2:9: \"../a\" is no name; a name has 1 to 64 letters, digits, \"-\", "
-                             "\"_\" and \".\", and does not begin with \"-\" or \".\"";
+    QTest::newRow("name")
+        << QByteArray("format: quadrel-run/1\nunits: [{name: ../a, state: done}]")
+        << "2:9: \"../a\" is not a name; a name has 1 to 64 letters, digits, \"-\", "
+           "\"_\" and \".\", and does not begin with \"-\" or \".\"";
 }
 
 void TestRunState::refuses()

@@ -153,7 +153,7 @@ void TestSite::refuses_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("error");
     const QString noName = QStringLiteral(
-        " is no name; a name has 1 to 64 letters, digits, \"-\", \"_\" and \".\", and does not "
+        " is not a name; a name has 1 to 64 letters, digits, \"-\", \"_\" and \".\", and does not "
         "begin with \"-\" or \".\"");
     QTest::newRow("key") << QByteArray("unit: []")
                          << "1:1: unknown key \"unit\"; known are defaults, units";
@@ -179,7 +179,7 @@ void TestSite::refuses_data()
     QTest::newRow("name of a mapping")
         << QByteArray("units:\n- {name: {}, address: b}") << "2:10: \"name\" has to be a text";
     QTest::newRow("address") << QByteArray("units:\n- {name: a, address: \"http://b\"}")
-                             << "2:22: \"http://b\" is no address; one is tcp://HOST:PORT or "
+                             << "2:22: \"http://b\" is not an address; one is tcp://HOST:PORT or "
                                 "udp://HOST:PORT";
     QTest::newRow("serial") << QByteArray("units:\n- {name: a, address: b, serial: x}")
                             << "2:33: \"serial\" has to be a number from 1 to 18446744073709551615";
@@ -229,7 +229,7 @@ void TestSite::refusesWhatIsNoFile()
         QStringList{missing + QStringLiteral(": No such file or directory")});
 }
 
-/** Many units in one go, and one more than there may be. */
+/** Many units at once, and one more than there may be. */
 void TestSite::takesManyUnits()
 {
     QVector<SiteUnit> units;

@@ -184,23 +184,23 @@ void TestUserSettings::refuses_data()
         << "1:1: unknown key \"\\u001b[2J\"; known are timeout, retries, search-timeout, "
            "upgrade-timeout, language, first-weekday, units";
     QTest::newRow("twice") << QByteArray("retries: 1\nretries: 1")
-                           << "2:1: \"retries\" is there twice";
+                           << "2:1: \"retries\" is repeated";
     QTest::newRow("units no mapping")
         << QByteArray("units: [hall]") << "1:8: \"units\" has to hold \"key: value\"";
     QTest::newRow("address")
         << QByteArray("units:\n  hall: a b")
-        << "2:9: \"a b\" is no address; one is tcp://HOST:PORT or udp://HOST:PORT";
+        << "2:9: \"a b\" is not an address; one is tcp://HOST:PORT or udp://HOST:PORT";
     QTest::newRow("address is a mapping")
         << QByteArray("units:\n  hall: {a: b}") << "2:9: \"hall\" has to be a text";
     QTest::newRow("name")
         << QByteArray("units:\n  the hall: 10.0.0.1")
-        << "2:3: \"the hall\" is no name; a name has 1 to 64 letters, digits, \"-\", \"_\" and "
+        << "2:3: \"the hall\" is not a name; a name has 1 to 64 letters, digits, \"-\", \"_\" and "
            "\".\", and does not begin with \"-\" or \".\"";
     QTest::newRow("option") << QByteArray("units:\n  --yes: 10.0.0.1")
-                            << "2:3: \"--yes\" is no name; a name has 1 to 64 letters, digits, "
+                            << "2:3: \"--yes\" is not a name; a name has 1 to 64 letters, digits, "
                                "\"-\", \"_\" and \".\", and does not begin with \"-\" or \".\"";
     QTest::newRow("unit twice") << QByteArray("units:\n  hall: a\n  hall: b")
-                                << "3:3: \"hall\" is there twice";
+                                << "3:3: \"hall\" is repeated";
     QTest::newRow("no mapping") << QByteArray("- timeout")
                                 << "1:1: the file has to hold \"key: value\"";
 }

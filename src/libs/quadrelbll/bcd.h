@@ -15,7 +15,7 @@ constexpr quint8 fromNumber(int number)
     return static_cast<quint8>(qint64(number) + 6 * qint64(number / 10));
 }
 
-/** The number of a byte. A nibble above 9 is no error: 0x1A is 20, 0xFF is 165. */
+/** The number of a byte. A nibble above 9 is not an error: 0x1A is 20, 0xFF is 165. */
 constexpr quint8 toNumber(quint8 byte)
 {
     return static_cast<quint8>(byte - 6 * (byte >> 4));

@@ -44,14 +44,13 @@ Q_DECLARE_METATYPE(IOType)
  */
 class QUADRELBLL_EXPORT ComInfo : public QObject {
     Q_OBJECT
-    /** The baud rate, in bits per second. */
+    ///@{
+    /** The field of this name. */
     Q_PROPERTY(int baudRate MEMBER baudRate)
-    /** The number of data bits. */
     Q_PROPERTY(int dataBits MEMBER dataBits)
-    /** The number of stop bits. */
     Q_PROPERTY(int stopBits MEMBER stopBits)
-    /** The parity inspection. */
     Q_PROPERTY(inspectionType insType MEMBER insType)
+    ///@}
 
 public:
     /**
@@ -66,25 +65,29 @@ public:
     /** True when all four fields are equal. */
     bool operator==(const ComInfo& other) const;
 
-    /** Sets the baud rate, in bits per second. */
-    void setBaudRate(int bitsPerSecond);
+    ///@{
     /** The baud rate, in bits per second. */
+    void setBaudRate(int bitsPerSecond);
     int getBaudRate();
+    ///@}
 
-    /** Sets the number of data bits. */
-    void setDataBits(int bits);
+    ///@{
     /** The number of data bits. */
+    void setDataBits(int bits);
     int getDataBits();
+    ///@}
 
-    /** Sets the number of stop bits. */
-    void setStopBits(int bits);
+    ///@{
     /** The number of stop bits. */
+    void setStopBits(int bits);
     int getStopBits();
+    ///@}
 
-    /** Sets the parity inspection. */
-    void setInspectionType(inspectionType inspection);
+    ///@{
     /** The parity inspection. */
+    void setInspectionType(inspectionType inspection);
     inspectionType getInspectionType();
+    ///@}
 
 private:
     int baudRate = 115200;

@@ -10,7 +10,7 @@ class RecordBlock;
 class ReplyFrame;
 
 /**
- * The description text of a block: a length byte, and behind it UTF-16 code units, high byte first.
+ * The description text of a block: a length byte, and after it UTF-16 code units, high byte first.
  *
  * A text passes through UTF-8 on its way in either direction. That leaves ordinary text as it is,
  * drops a leading U+FEFF, and turns a surrogate without its partner into "?".
@@ -25,7 +25,7 @@ QString withNuls(const QString& text);
 
 /**
  * Stores the length byte at `offset`, low 8 bits of twice the code units, and the code units
- * behind it.
+ * after it.
  */
 void store(RecordBlock& block, int offset, const QString& text);
 

@@ -14,7 +14,7 @@
  * The registry: which device is selected, and what is known of each device.
  *
  * The key of an entry is the whole device record, so that a unit whose firmware version or link
- * state has changed is another device. DeviceModel has no order (its operator< tells only that two
+ * state has changed is another device. DeviceModel has no order (its operator< says only that two
  * records differ), and this decides what the map finds again: a search sees the right edge of the
  * map's tree only. The entry stored last is always found. From the third device on the tree's
  * balancing may move an older entry off that edge; it is then treated as unknown, cannot be
@@ -42,7 +42,7 @@ public:
 
     /**
      * Stores the aggregate under the device. An entry that is found is overwritten, and its former
-     * aggregate stays alive in the hands of whoever owns it.
+     * aggregate stays alive; its owner deletes it.
      */
     void setDeviceData(DeviceModel device, ModelManagement* data);
     /**

@@ -40,34 +40,23 @@
  */
 class QUADRELBLL_EXPORT DeviceModel : public QObject {
     Q_OBJECT
-    /** The model code. */
+    ///@{
+    /** The field of this name. */
     Q_PROPERTY(ushort ModelID MEMBER ModelID)
-    /** The firmware version. */
     Q_PROPERTY(QString version MEMBER version)
-    /** Whether the unit takes its address by DHCP. */
     Q_PROPERTY(bool DHCP MEMBER DHCP)
-    /** The IPv4 address, dotted. */
     Q_PROPERTY(QString ip MEMBER ip)
-    /** The subnet mask, dotted. */
     Q_PROPERTY(QString submask MEMBER submask)
-    /** The gateway, dotted. */
     Q_PROPERTY(QString gateway MEMBER gateway)
-    /** Whether the Ethernet link is up. */
     Q_PROPERTY(bool ethlinkstate MEMBER ethlinkstate)
-    /** The number of serial ports. */
     Q_PROPERTY(int comnum MEMBER comnum)
-    /** The number of IO lines. */
     Q_PROPERTY(int ionum MEMBER ionum)
-    /** The number of relays. */
     Q_PROPERTY(int relaynum MEMBER relaynum)
-    /** The number of infra-red ports. */
     Q_PROPERTY(int irnum MEMBER irnum)
-    /** The device name. */
     Q_PROPERTY(QString name MEMBER name)
-    /** The device type. */
     Q_PROPERTY(QString type MEMBER type)
-    /** The device pattern. */
     Q_PROPERTY(QString pattern MEMBER pattern)
+    ///@}
 
 public:
     /** A record with the defaults of the table and no parent. */
@@ -90,80 +79,95 @@ public:
     /** The same as operator<, so that `a <= a` is false. */
     bool operator<=(const DeviceModel& other) const;
 
-    /** Sets the model code. */
-    void setModelId(unsigned short modelId);
+    ///@{
     /** The model code; 0x7209 by default. */
+    void setModelId(unsigned short modelId);
     unsigned short getModelId();
+    ///@}
 
-    /** Sets the serial number; there is no property for it. */
-    void setSN(unsigned long long serialNumber);
+    ///@{
     /** The serial number. */
+    void setSN(unsigned long long serialNumber);
     unsigned long long getSN();
+    ///@}
 
-    /** Sets the firmware version, four decimals joined by dots. */
-    void setVersion(QString version);
+    ///@{
     /** The firmware version. */
+    void setVersion(QString version);
     QString getVersion();
+    ///@}
 
-    /** Sets whether the unit takes its address by DHCP. */
-    void setDHCPModel(bool dhcp);
+    ///@{
     /** Whether the unit takes its address by DHCP. */
+    void setDHCPModel(bool dhcp);
     bool getDHCPModel();
+    ///@}
 
-    /** Sets the IPv4 address, dotted. */
-    void setIP(QString ip);
+    ///@{
     /** The IPv4 address, dotted. */
+    void setIP(QString ip);
     QString getIP();
+    ///@}
 
-    /** Sets the subnet mask, dotted. */
-    void setSubMask(QString subMask);
+    ///@{
     /** The subnet mask, dotted. */
+    void setSubMask(QString subMask);
     QString getSubMask();
+    ///@}
 
-    /** Sets the gateway, dotted. */
-    void setGateWay(QString gateWay);
+    ///@{
     /** The gateway, dotted. */
+    void setGateWay(QString gateWay);
     QString getGateWay();
+    ///@}
 
-    /** Sets whether the Ethernet link is up. */
-    void setEthLinkState(bool linkUp);
+    ///@{
     /** Whether the Ethernet link is up. */
+    void setEthLinkState(bool linkUp);
     bool getEthLinkState();
+    ///@}
 
-    /** Sets the number of serial ports. */
-    void setComNumber(int number);
+    ///@{
     /** The number of serial ports. */
+    void setComNumber(int number);
     int getComNumber();
+    ///@}
 
-    /** Sets the number of IO lines. */
-    void setIoNumber(int number);
+    ///@{
     /** The number of IO lines. */
+    void setIoNumber(int number);
     int getIoNumber();
+    ///@}
 
-    /** Sets the number of relays. */
-    void setRelayNumber(int number);
+    ///@{
     /** The number of relays. */
+    void setRelayNumber(int number);
     int getRelayNumber();
+    ///@}
 
-    /** Sets the number of infra-red ports. */
-    void setIRNumber(int number);
+    ///@{
     /** The number of infra-red ports. */
+    void setIRNumber(int number);
     int getIRNumber();
+    ///@}
 
-    /** Sets the device name. */
-    void setName(QString name);
+    ///@{
     /** The device name. */
+    void setName(QString name);
     QString getName();
+    ///@}
 
-    /** Sets the device pattern. */
-    void setPattern(QString pattern);
+    ///@{
     /** The device pattern. */
+    void setPattern(QString pattern);
     QString getPattern();
+    ///@}
 
-    /** Sets the device type. */
-    void setType(QString type);
+    ///@{
     /** The device type. */
+    void setType(QString type);
     QString getType();
+    ///@}
 
 private:
     unsigned short ModelID = 0x7209;

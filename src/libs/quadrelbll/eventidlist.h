@@ -10,7 +10,7 @@
 class ReplyFrame;
 
 /**
- * The list of events that a trigger runs: as text, items joined by ";" with each event's id behind
+ * The list of events that a trigger runs: as text, items joined by ";" with each event's id after
  * "ID:" and closed by ")"; in a block, one byte an id.
  */
 namespace EventIdList {

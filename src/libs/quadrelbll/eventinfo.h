@@ -12,6 +12,13 @@
 /**
  * One thing that a unit does when a trigger fires: it sends a command, or it waits.
  *
+ * @code
+ * EventInfo on;
+ * on.setEventId(3);
+ * on.setEventProtocol("4c 01 00 25 10 01 52 01 10 00 03 4f 4e 0d");
+ * on.setEventInstruction("Projector on");
+ * @endcode
+ *
  * | Field          | Default      | Meaning                                                   |
  * |----------------|--------------|-----------------------------------------------------------|
  * | `id`           | 1            | number of the event; a block holds its low 8 bits         |
@@ -30,25 +37,22 @@
  * - of a description of more than 127 UTF-16 code units only the low 8 bits of its length in bytes
  *   are written, and it reads back as short as that says;
  * - a block has 512 bytes: 4, the command and 2 for each code unit of the description. A longer one
- *   is written whole and shifts the blocks behind it in the same write.
+ *   is written whole and shifts the blocks after it in the same write.
  *
  * The record is a value: a copy has no parent. The properties are bound to
  * the fields, with no notification. The record has no lock; copies may go to other threads.
  */
 class QUADRELBLL_EXPORT EventInfo : public QObject {
     Q_OBJECT
-    /** The event's number. */
+    ///@{
+    /** The field of this name. */
     Q_PROPERTY(int id MEMBER id)
-    /** The kind of event. */
     Q_PROPERTY(EventType eventtype MEMBER eventtype)
-    /** Whether the protocol is hexadecimal text (true) or plain text (false). */
     Q_PROPERTY(bool protocoltype MEMBER protocoltype)
-    /** The text of the command or of the delay. */
     Q_PROPERTY(QString protocol MEMBER protocol)
-    /** The free description. */
     Q_PROPERTY(QString instruction MEMBER instruction)
-    /** The shown name. */
     Q_PROPERTY(QString name MEMBER name)
+    ///@}
 
 public:
     /**
@@ -77,35 +81,41 @@ public:
     /** True when all six fields are equal; texts compare exactly, in their case too. */
     bool operator==(const EventInfo& other) const;
 
-    /** Sets the event's number. */
-    void setEventId(int id);
+    ///@{
     /** The event's number. */
+    void setEventId(int id);
     int getEventId();
+    ///@}
 
-    /** Sets the kind of event. */
-    void setEventType(EventInfo::EventType type);
+    ///@{
     /** The kind of event. */
+    void setEventType(EventInfo::EventType type);
     EventInfo::EventType getEventType() { return eventtype; }
+    ///@}
 
-    /** Sets whether the protocol is hexadecimal text (true) or plain text (false). */
-    void setEventProtocolType(bool hexadecimal);
+    ///@{
     /** Whether the protocol is hexadecimal text (true) or plain text (false). */
+    void setEventProtocolType(bool hexadecimal);
     bool getEventProtocolType();
+    ///@}
 
-    /** Sets the text of the command or of the delay. */
-    void setEventProtocol(QString protocol);
+    ///@{
     /** The text of the command or of the delay. */
+    void setEventProtocol(QString protocol);
     QString getEventProtocal();
+    ///@}
 
-    /** Sets the free description. */
-    void setEventInstruction(QString instruction);
+    ///@{
     /** The free description. */
+    void setEventInstruction(QString instruction);
     QString getEventInstruction();
+    ///@}
 
-    /** Sets the shown name. */
-    void setEventName(QString name);
+    ///@{
     /** The shown name. */
+    void setEventName(QString name);
     QString getEventName();
+    ///@}
 
 private:
     int id = 1;

@@ -10,9 +10,9 @@
 namespace EventItem {
 
 /**
- * The id between the first "ID:" and the first ")" behind it; 0 if there is no number.
+ * The id between the first "ID:" and the first ")" after it; 0 if there is no number.
  *
- * A search that fails is not looked at, and callers count on what comes out: "ID:" without ")"
+ * A failed search is not checked, and callers rely on the result: "ID:" without ")"
  * gives the whole rest; without "ID:" the text from index 2 is taken, up to a ")" that is the last
  * character or else to the end.
  */

@@ -17,7 +17,7 @@ namespace {
 
 /**
  * Counts the open parentheses of a content model, as in <!ELEMENT a ((b))>: the parser recurses for
- * each of them, too. None of the characters that start the count anew can be in a model.
+ * each of them, too. None of the characters that restart the count can be in a model.
  */
 class OpenParentheses {
 public:

@@ -11,7 +11,7 @@ class DeviceModel;
 class ReplyFrame;
 
 /**
- * The device information block, by which a unit tells what it is, and the two small blocks that go
+ * The device information block, by which a unit says what it is, and the two small blocks that go
  * the other way.
  *
  * | Offset | Width | Field | Form |
@@ -27,7 +27,7 @@ class ReplyFrame;
  * | 29 | 1 | serial ports | number |
  * | 30 | 1 | IO lines | number |
  * | 31 | 1 | relays | number |
- * | 32 | 1 | infra-red ports | number, one byte behind the 32 that are asked for |
+ * | 32 | 1 | infra-red ports | number, one byte after the 32 that are asked for |
  */
 class PackageDevice : public QObject {
     Q_OBJECT

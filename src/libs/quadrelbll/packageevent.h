@@ -14,7 +14,7 @@ class EventModel;
 class ReplyFrame;
 
 /**
- * The event block, 512 bytes an event, behind one count byte for the whole table.
+ * The event block, 512 bytes an event, after one count byte for the whole table.
  *
  * | Offset | Width | Field |
  * |---|---|---|

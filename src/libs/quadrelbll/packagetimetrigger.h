@@ -56,7 +56,7 @@ public:
 
     /**
      * The sum of all digits, the first with weight 1 and each with twice the weight of the one
-     * before it; what is no digit adds nothing.
+     * before it; what is not a digit adds nothing.
      */
     static int weeklyTextToBits(QString text);
 

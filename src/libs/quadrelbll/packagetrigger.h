@@ -15,7 +15,7 @@ class TriggerBlock;
 
 /**
  * The trigger block, 512 bytes a serial or IO trigger. Its table has one count byte in front and is
- * shared with the time triggers, so a slot with a record of another class is no fault.
+ * shared with the time triggers, so a slot with a record of another class is not a fault.
  *
  * | Offset | Width | Field |
  * |---|---|---|
@@ -52,7 +52,7 @@ public:
     /** One block; longer than 512 bytes if its texts need it. */
     static QByteArray createTriggerPackage(TriggerInfo trigger);
 
-    /** The count byte and the blocks behind it, back to back. */
+    /** The count byte and the blocks after it, back to back. */
     static QByteArray createTriggerListPackage(TriggerModel model);
 
     static bool parseTriggerCount(

@@ -23,10 +23,11 @@
  */
 class QUADRELBLL_EXPORT ProjectInfo : public QObject {
     Q_OBJECT
-    /** The project's name. */
+    ///@{
+    /** The field of this name. */
     Q_PROPERTY(QString projectname MEMBER projectname)
-    /** The project's remark. */
     Q_PROPERTY(QString projectremark MEMBER projectremark)
+    ///@}
 
 public:
     /** A record with two null texts and no parent. */
@@ -38,15 +39,17 @@ public:
     /** True when both texts are equal, exactly and in their case too. */
     bool operator==(const ProjectInfo& other) const;
 
-    /** Sets the project's name. */
-    void setProjectName(QString name);
+    ///@{
     /** The project's name. */
+    void setProjectName(QString name);
     QString getProjectName();
+    ///@}
 
-    /** Sets the project's remark. */
-    void setProjectRemark(QString remark);
+    ///@{
     /** The project's remark. */
+    void setProjectRemark(QString remark);
     QString getProjectRemark();
+    ///@}
 
 private:
     QString projectname;

@@ -42,8 +42,8 @@ public:
 
     /**
      * Replaces the list of the model that the data type names; another data type changes nothing
-     * and is no fault. The rows end with the frame, not with the data length. On a fault the model
-     * is left alone and the error is set.
+     * and is not a fault. The rows end with the frame, not with the data length. On a fault the
+     * model is left alone and the error is set.
      */
     static bool parseConfigPackage(
         uint dataType, QByteArray package, uint dataLength, SystemModel& model, QString& error);

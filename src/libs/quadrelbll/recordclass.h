@@ -9,7 +9,7 @@
 /** The constant bytes at the start of a command and of a trigger's body; a record class follows. */
 constexpr quint8 recordHead[] = {0x4C, 0x01, 0x00};
 
-/** What a command or a body holds: the two bytes that tell the kinds apart. */
+/** What a command or a body holds: the two bytes that distinguish the kinds. */
 struct RecordClass {
     quint8 first;
     quint8 second;

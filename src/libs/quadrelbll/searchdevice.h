@@ -32,8 +32,8 @@ struct serverData {
     quint16 port = 1025;
     /** When the first reply from this address was taken: milliseconds since the Unix epoch. */
     qint64 lastSeen = 0;
-    /** The reply up to its first zero byte, which is left out. What it says is for the caller to
-     * read. */
+    /** The reply up to its first zero byte, which is left out. The
+     * application interprets it. */
     QByteArray data;
     /** Free for the application; the library neither sets nor reads it. */
     quint8 spare1 = 0;
@@ -47,6 +47,13 @@ struct serverData {
 
 /**
  * Finds control units on the local network by UDP broadcast.
+ *
+ * @code
+ * SearchDevice search; // after the application object: the settings are beside the program
+ * QObject::connect(&search, &SearchDevice::signal_updateDeviceList, receiver,
+ *     [](const QMap<QString, serverData>& units) { show(units.keys()); });
+ * search.searchDevice(); // needs the event loop of its thread
+ * @endcode
  *
  * A search opens one socket on port 3800 for each address of this host but 127.0.0.1 and ::1,
  * broadcasts the six bytes "Zorbe:" to 255.255.255.255:3800, gathers the replies in a map keyed by
@@ -76,7 +83,7 @@ class QUADRELBLL_EXPORT SearchDevice : public QObject {
 
 public:
     /**
-     * Makes an object of its own settings, sockets and map, beside the singleton. Reads the
+     * Makes an object with its own settings, sockets and map, apart from the singleton. Reads the
      * settings file; starts nothing.
      *
      * @param parent owner of the object, or nullptr
@@ -97,8 +104,8 @@ public:
      * sockets and broadcasts once before it returns. While the broadcasts of slot_searchDevice()
      * still go on, it leaves the sending to them.
      *
-     * Searches may overlap. Each one started ends in a stopSearchDevice() of its own, which can't
-     * be called off: an earlier search that ends stops the broadcasts and reports what has come in
+     * Searches may overlap. Each one ends in its own stopSearchDevice(), which can't be
+     * cancelled: an earlier search that ends stops the broadcasts and reports what has come in
      * so far, and the later one reports again.
      */
     void searchDevice();
@@ -129,10 +136,10 @@ Q_SIGNALS:
      * The result of a search.
      *
      * The first argument is a copy of the map of units found, in ascending order of the address
-     * text (192.168.1.10 stands before 192.168.1.9). The second is the argument of
+     * text (192.168.1.10 comes before 192.168.1.9). The second is the argument of
      * slot_searchDevice(), unchanged, or the empty string after searchDevice().
      *
-     * A receiver behind a queued connection has to register the type first, since the library does
+     * A receiver with a queued connection has to register the type first, since the library does
      * not: `qRegisterMetaType<QMap<QString, serverData>>("QMap<QString,serverData>")`, with
      * `Q_DECLARE_METATYPE(serverData)` in the application.
      */

@@ -16,7 +16,7 @@ struct SelectorMask {
     quint8 first;
     quint8 second;
 
-    /** The mask of a line; a value that is no line has no bit. */
+    /** The mask of a line; a value that is not a line has no bit. */
     static SelectorMask ofLine(int line);
 
     /** The input line of the mask; 0, the first line, for a mask that names no single line. */
@@ -24,7 +24,7 @@ struct SelectorMask {
 
     /**
      * The serial line of the mask, likewise. Applications know the last two ports by other masks
-     * than they write: "D-3" by a second byte of 0x03 and "D-4" by 0x04; 0x08 is no port.
+     * than they write: "D-3" by a second byte of 0x03 and "D-4" by 0x04; 0x08 is not a port.
      */
     int serialLine() const;
 

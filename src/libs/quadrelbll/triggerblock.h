@@ -15,7 +15,7 @@ class RecordBlock;
 class ReplyFrame;
 
 /**
- * What trigger and time trigger blocks share: the head, the limits of their slot and, behind the
+ * What trigger and time trigger blocks share: the head, the limits of their slot and, after the
  * part of each kind, the tail with events and description.
  *
  * | Offset in the tail | Width | Field |
@@ -36,7 +36,7 @@ public:
     static void storeHead(RecordBlock& block, RecordClass recordClass);
     static RecordClass recordClassOf(const ReplyFrame& frame);
 
-    /** Where the tail stands in a block. The body is counted from behind its own length. */
+    /** Where the tail is in a block. The body is counted from the end of its own length. */
     static constexpr int offsetBehind(int bodyLength) { return bodyOffset + bodyLength; }
 
     /** Why a tail can't be read; in the order of the tests. */

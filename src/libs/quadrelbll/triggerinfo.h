@@ -9,7 +9,7 @@
 
 #include "quadrelbll_global.h"
 
-/** The serial line that a trigger watches, by its position; each stands beside its label. */
+/** The serial line that a trigger watches, by its position; each is next to its label. */
 enum COMSelect : int {
     COM_A_1 = 0,  /**< "COM A-1" */
     COM_A_2 = 1,  /**< "COM A-2" */
@@ -30,7 +30,7 @@ enum COMSelect : int {
 };
 Q_DECLARE_METATYPE(COMSelect)
 
-/** The IO line that a trigger watches, by its position; each stands beside its label. */
+/** The IO line that a trigger watches, by its position; each is next to its label. */
 enum IOSelect : int {
     IO_A_1 = 0,  /**< "IO A-1" */
     IO_A_2 = 1,  /**< "IO A-2" */
@@ -52,7 +52,7 @@ enum IOSelect : int {
 Q_DECLARE_METATYPE(IOSelect)
 
 /**
- * Tells a unit to run a list of events when given bytes arrive on a serial line, or when an IO
+ * Makes a unit run a list of events when given bytes arrive on a serial line, or when an IO
  * input goes to a given level.
  *
  * | Field          | Default | Meaning                                                    |
@@ -69,7 +69,7 @@ Q_DECLARE_METATYPE(IOSelect)
  * The parameter of a serial trigger is the bytes to wait for. That of an IO trigger is one of the
  * texts "输入-高电平" (input, high level) and "输入-低电平" (input, low level).
  *
- * The events are items joined by ";", each with an event's id behind "ID:" and before ")".
+ * The events are items joined by ";", each with an event's id after "ID:" and before ")".
  *
  * Nothing is validated and nothing is cut when an entry is written; a read tests, and its first
  * entry beyond a limit makes the whole read fail:
@@ -82,29 +82,24 @@ Q_DECLARE_METATYPE(IOSelect)
  *   more than 127 only the low 8 bits of the length in bytes are written.
  *
  * A block has 512 bytes, which entries within the limits never exceed. A longer one is written
- * whole and shifts the blocks behind it in the same write.
+ * whole and shifts the blocks after it in the same write.
  *
  * The record is a value: a copy has no parent. The properties are bound to
  * the fields, with no notification. The record has no lock; copies may go to other threads.
  */
 class QUADRELBLL_EXPORT TriggerInfo : public QObject {
     Q_OBJECT
-    /** The position in the list. */
+    ///@{
+    /** The field of this name. */
     Q_PROPERTY(int triggerId MEMBER triggerId)
-    /** What fires the trigger. */
     Q_PROPERTY(TriggerType triggertype MEMBER triggertype)
-    /** The serial line to watch. */
     Q_PROPERTY(COMSelect comSelect MEMBER comSelect)
-    /** The IO line to watch. */
     Q_PROPERTY(IOSelect ioSelect MEMBER ioSelect)
-    /** Whether the parameter is hexadecimal text (true) or plain text (false). */
     Q_PROPERTY(bool protocoltype MEMBER protocoltype)
-    /** The bytes to wait for, or the level text of an IO input. */
     Q_PROPERTY(QString parameter MEMBER parameter)
-    /** The list of events to run. */
     Q_PROPERTY(QString events MEMBER events)
-    /** The free description. */
     Q_PROPERTY(QString instruction MEMBER instruction)
+    ///@}
 
 public:
     /** What fires a trigger. */
@@ -130,45 +125,53 @@ public:
      */
     bool operator==(const TriggerInfo& other) const;
 
-    /** Sets the position in the list. */
-    void setTriggerId(int id);
+    ///@{
     /** The position in the list; -1 while it has none. */
+    void setTriggerId(int id);
     int getTriggerId();
+    ///@}
 
-    /** Sets what fires the trigger. */
-    void setTriggerType(TriggerInfo::TriggerType type);
+    ///@{
     /** What fires the trigger. */
+    void setTriggerType(TriggerInfo::TriggerType type);
     TriggerInfo::TriggerType getTriggerType() { return triggertype; }
+    ///@}
 
-    /** Sets the serial line to watch. */
-    void setCOMSelect(COMSelect line);
+    ///@{
     /** The serial line to watch. */
+    void setCOMSelect(COMSelect line);
     COMSelect getCOMSelect();
+    ///@}
 
-    /** Sets the IO line to watch. */
-    void setIOSelect(IOSelect line);
+    ///@{
     /** The IO line to watch. */
+    void setIOSelect(IOSelect line);
     IOSelect getIOSelect();
+    ///@}
 
-    /** Sets whether the parameter is hexadecimal text (true) or plain text (false). */
-    void setTriggerProtocolType(bool hexadecimal);
+    ///@{
     /** Whether the parameter is hexadecimal text (true) or plain text (false). */
+    void setTriggerProtocolType(bool hexadecimal);
     bool getTriggerProtocolType();
+    ///@}
 
-    /** Sets the bytes to wait for, or the level text of an IO input. */
-    void setTriggerParameter(QString parameter);
+    ///@{
     /** The bytes to wait for, or the level text of an IO input. */
+    void setTriggerParameter(QString parameter);
     QString getTriggerParameter();
+    ///@}
 
-    /** Sets the list of events to run. */
-    void setTriggerEvent(QString events);
+    ///@{
     /** The list of events to run. */
+    void setTriggerEvent(QString events);
     QString getTriggerEvent();
+    ///@}
 
-    /** Sets the free description. */
-    void setTriggerInstruction(QString instruction);
+    ///@{
     /** The free description. */
+    void setTriggerInstruction(QString instruction);
     QString getTriggerInstruction();
+    ///@}
 
 private:
     int triggerId = -1;

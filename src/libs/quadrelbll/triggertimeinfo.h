@@ -10,7 +10,7 @@
 #include "quadrelbll_global.h"
 
 /**
- * Tells a unit to run a list of events at a time of day: every day, on days of the week, or once,
+ * Makes a unit run a list of events at a time of day: every day, on days of the week, or once,
  * within a span of dates.
  *
  * | Field          | Default  | Meaning                                                 |
@@ -26,7 +26,7 @@
  *
  * The week selection is a digit 0 or 1 for each day, the first for bit 0 of the unit's week byte
  * and so on. Which bit is which day is settled between the unit and the application. The events are
- * items joined by ";", each with an event's id behind "ID:" and before ")".
+ * items joined by ";", each with an event's id after "ID:" and before ")".
  *
  * A record read from a unit has months, days, hours and minutes padded to two digits. Its year is
  * "20" and the number that follows, so that a year before 2010 lacks a digit. Its week selection
@@ -41,7 +41,7 @@
  *   more than 127 only the low 8 bits of the length in bytes are written.
  *
  * A block has 512 bytes, which entries within the limits never exceed. A longer one is written
- * whole and shifts the blocks behind it in the same write.
+ * whole and shifts the blocks after it in the same write.
  *
  * What is sent to a unit must have the forms of the table, which is not tested either. The record
  * is a value: a copy has no parent. The properties are bound to the fields, with no notification.
@@ -49,22 +49,17 @@
  */
 class QUADRELBLL_EXPORT TriggerTimeInfo : public QObject {
     Q_OBJECT
-    /** The position in the list. */
+    ///@{
+    /** The field of this name. */
     Q_PROPERTY(int triggerId MEMBER triggerId)
-    /** How the trigger repeats. */
     Q_PROPERTY(RepetMode triggerType MEMBER triggerType)
-    /** The first day. */
     Q_PROPERTY(QString startDate MEMBER startDate)
-    /** The last day. */
     Q_PROPERTY(QString endDate MEMBER endDate)
-    /** The days of the week, one digit a day. */
     Q_PROPERTY(QString selectWeekly MEMBER selectWeekly)
-    /** The time of day. */
     Q_PROPERTY(QString triggerTime MEMBER triggerTime)
-    /** The list of events to run. */
     Q_PROPERTY(QString events MEMBER events)
-    /** The free description. */
     Q_PROPERTY(QString instruction MEMBER instruction)
+    ///@}
 
 public:
     /** How a time trigger repeats. */
@@ -88,45 +83,53 @@ public:
      */
     bool operator==(const TriggerTimeInfo& other) const;
 
-    /** Sets the position in the list. */
-    void setTriggerId(int id);
+    ///@{
     /** The position in the list; -1 while it has none. */
+    void setTriggerId(int id);
     int getTriggerId();
+    ///@}
 
-    /** Sets how the trigger repeats. */
-    void setTriggerType(TriggerTimeInfo::RepetMode mode);
+    ///@{
     /** How the trigger repeats. */
+    void setTriggerType(TriggerTimeInfo::RepetMode mode);
     TriggerTimeInfo::RepetMode getTriggerType() { return triggerType; }
+    ///@}
 
-    /** Sets the first day, as 2024/03/07. */
-    void setStartDate(QString date);
+    ///@{
     /** The first day. */
+    void setStartDate(QString date);
     QString getStartDate();
+    ///@}
 
-    /** Sets the last day, as 2024/03/07, or "永久有效" for a trigger that never ends. */
-    void setEndDate(QString date);
+    ///@{
     /** The last day. */
+    void setEndDate(QString date);
     QString getEndDate();
+    ///@}
 
-    /** Sets the days of the week, one digit a day. */
-    void setSelectWeekly(QString days);
+    ///@{
     /** The days of the week, one digit a day. */
+    void setSelectWeekly(QString days);
     QString getSelectWeekly();
+    ///@}
 
-    /** Sets the time of day, as 08:05. */
-    void setTriggerTime(QString time);
+    ///@{
     /** The time of day. */
+    void setTriggerTime(QString time);
     QString getTriggerTime();
+    ///@}
 
-    /** Sets the list of events to run. */
-    void setTriggerEvent(QString events);
+    ///@{
     /** The list of events to run. */
+    void setTriggerEvent(QString events);
     QString getTriggerEvent();
+    ///@}
 
-    /** Sets the free description. */
-    void setTriggerInstruction(QString instruction);
+    ///@{
     /** The free description. */
+    void setTriggerInstruction(QString instruction);
     QString getTriggerInstruction();
+    ///@}
 
 private:
     int triggerId = -1;

@@ -39,8 +39,18 @@ enum DataPackageType : int {
 Q_DECLARE_METATYPE(DataPackageType)
 
 /**
- * Runs every operation on a unit, as a straight sequence of exchanges: a frame goes out by
- * `signal_sendPackage`, and the thread of the operation sleeps until the reply is handed in.
+ * Runs every operation on a unit, as a straight sequence of exchanges: `signal_sendPackage` carries
+ * a frame, and the thread of the operation sleeps until the reply is handed in.
+ *
+ * @code
+ * UnPackage operations; // after the application object: the settings are beside the program
+ * UnitTransport transport(&operations, address); // or a transport of your own
+ * operations.moveToThread(&worker);
+ * QObject::connect(&operations, &UnPackage::signal_readFinished, receiver, whenRead);
+ * QObject::connect(&operations, &UnPackage::signal_errored, receiver, whenFailed);
+ * QMetaObject::invokeMethod(
+ *     &operations, [&operations] { operations.slot_runReadPackage(ReadDataType); });
+ * @endcode
  *
  * **Use.** Place the inputs with the setters, start the operation with one of the two slots, hand
  * in replies with setRecvPackage() or failures with setError(), and wait for the closing signal:
@@ -74,23 +84,23 @@ Q_DECLARE_METATYPE(DataPackageType)
  * `error`. All texts of the library pass through tr() in the context of the class that raises them.
  *
  * - No reply within the wait time: the label of the operation, followed by "超时！". The labels are
- *   told with the operations.
+ *   listed with the operations.
  * - setError() woke the wait: the text that was given to it.
  * - The reply does not answer the request: "数据包长度小于最小数据包长度！" if it is too short,
  *   "请求数据类型与返回数据类型不一致！" for another address,
  *   "数据包长度与实际的数据包长度不一致！" for another length, and
  *   "数据包长度与请求数据长度不一致！" for another length of the serial or IO block.
- * - The block does not hold together: "数据包不完整！", "有效数据长度超出范围！",
+ * - The block is inconsistent: "数据包不完整！", "有效数据长度超出范围！",
  *   "触发数据超出最大范围，最多为316个字节！",
  *   "触发事件个数已超出最大个数，最大为128个事件！" or "描述信息数长度有误！".
  *
- * Replies to writes are not looked at: that one comes is the whole confirmation.
+ * Replies to writes are not checked: only their arrival confirms the write.
  */
 class QUADRELBLL_EXPORT UnPackage : public QObject {
     Q_OBJECT
 
 public:
-    /** An object of its own beside the singleton; reads the settings file. */
+    /** Another object than the singleton; reads the settings file. */
     explicit UnPackage(QObject* parent = nullptr);
 
     /** The object that was made when the library was loaded. It lives until the process ends. */
@@ -98,7 +108,7 @@ public:
 
     /**
      * How many serial ports and IO lines the next read of the configuration asks for, 7 and 2 bytes
-     * each. 9 and 12 until told otherwise; not checked. The data length of a reply has 16 bits, so
+     * each. 9 and 12 unless set otherwise; not checked. The data length of a reply has 16 bits, so
      * that none can answer a read of more than 65,535 bytes, which is 9,362 ports or 32,767 lines:
      * it fails with "数据包长度与请求数据长度不一致！". Writes send what the model holds instead.
      */
@@ -107,13 +117,13 @@ public:
     void setEventModel(EventModel model);
     /** Places the serial and IO triggers that sendTrigger() writes. */
     void setTriggerModel(TriggerModel model);
-    /** Places the time triggers that sendTrigger() writes behind the others. */
+    /** Places the time triggers that sendTrigger() writes after the others. */
     void setTimeTriggerModel(TriggerTimeModel model);
     /** Places the serial and IO settings that sendConfig() writes. */
     void setConfigModel(SystemModel model);
     /** Places the record that the next read of a device's information fills. */
     void setDeviceModel(DeviceModel model);
-    /** Whether sendReset() lets the unit keep its address; true until told otherwise. */
+    /** Whether sendReset() lets the unit keep its address; true unless set otherwise. */
     void setRetainIP(bool retain);
     /**
      * Places the time that backwordwrite() sends: four-digit year, "/", month, "/", day, two
@@ -157,7 +167,7 @@ public:
     /**
      * Reads the device information block, 32 bytes at 0xF0000000, makes the unit the selected
      * device and stores a new ModelManagement for it in the registry. Nothing in the library owns
-     * or deletes it; an earlier one is left behind. The application may delete that, on any thread,
+     * or deletes it; an earlier one remains. The application may delete that, on any thread,
      * when no operation runs and it has no use for its models any more: ask
      * DeviceManagerModel::getDeviceData() for the pointer before the read. Emits
      * `signal_updateDeviced`. Label: "回读设备信息".
@@ -180,7 +190,7 @@ public:
      *
      * Nothing is limited here, but a read is: 129 to 255 events read back as an empty table, and of
      * 256 and more only the low 8 bits go out as the count. A block of more than 512 bytes shifts
-     * those behind it in the same write. See EventInfo for the limits of one event.
+     * those after it in the same write. See EventInfo for the limits of one event.
      */
     bool sendEvent(QString& error);
     /**
@@ -190,15 +200,15 @@ public:
      */
     bool readEventParameter(QString& error);
     /**
-     * Writes the count byte at 0xF0010000 and then all triggers and all time triggers behind them,
+     * Writes the count byte at 0xF0010000 and then all triggers and all time triggers after them,
      * four to a write, 2048 bytes apart from 0xF0010001 on. A model that was not placed goes out as
-     * it stands: an empty one leaves no entry of its kind on the unit. Updates the registry and
+     * it is: an empty one leaves no entry of its kind on the unit. Updates the registry and
      * emits `signal_updateTriggered`, then `signal_updateTimeTriggered`. Label: "配置参数".
      *
      * Nothing is limited here, but a read is: 65 to 255 entries of both kinds together read back as
-     * an empty table, and of 256 and more only the low 8 bits go out as the count. A block of more
-     * than 512 bytes shifts those behind it in the same write. See TriggerInfo and TriggerTimeInfo
-     * for the limits of one entry.
+     * an empty table, and of 256 and more only the low 8 bits are written as the count. A block of
+     * more than 512 bytes shifts those after it in the same write. See TriggerInfo and
+     * TriggerTimeInfo for the limits of one entry.
      */
     bool sendTrigger(QString& error);
     /** The same as sendTrigger(): both kinds share one table. */
@@ -227,7 +237,7 @@ public:
     /**
      * Sets the clock to the time placed by setTimingCheck(). `signal_backread` reports that text
      * before the reply is awaited, whether or not the unit accepts it. The century is dropped, and
-     * a part that is no number counts as 0. Label: "同步本地时间".
+     * a part that is not a number counts as 0. Label: "同步本地时间".
      */
     bool backwordwrite(QString& error);
     /**
@@ -238,19 +248,19 @@ public:
     /**
      * Gives the unit a fixed address: 13 bytes at 0xF000000E. False without a frame if one of the
      * three texts has fewer than four parts between dots; further parts are ignored, and a part
-     * that is no number counts as 0. The reason of a failure is not told.
+     * that is not a number counts as 0. The reason of a failure is not reported.
      */
     bool sendNetWork(QString ip, QString subnet, QString gateway);
     /**
      * Stores the low `length` bytes of `value` at `start`, most significant first, and always sets
      * `*next` to `start + length`. False, with nothing written, if `length` is not above 0 or the
-     * last byte would lie more than one position behind the end; at the end the array grows by one
+     * last byte would lie more than one position after the end; at the end the array grows by one
      * byte.
      */
     bool setBytesFromInt(QByteArray* bytes, int start, int length, int value, int* next);
     /**
      * Writes both images to the unit, at most 2048 bytes a frame, between the control words that
-     * announce them. Progress goes out by `signal_updateProgress` after each exchange. There is
+     * announce them. `signal_updateProgress` reports the progress after each exchange. There is
      * no resume: a failed upgrade starts over with setUpgradePackage(). After the last exchange
      * `signal_updateProgress` says "重连设备中"; the unit is not waited for. Label: "升级".
      */
@@ -316,8 +326,8 @@ public Q_SLOTS:
      */
     void slot_runReadPackage(DataPackageType type);
     /**
-     * Gives the unit the address `newIp` and ends in `signal_finishnetwork`. `oldIp` is only handed
-     * through. Clears no error state: a failure left by setError() fails this operation too.
+     * Gives the unit the address `newIp` and ends in `signal_finishnetwork`. `oldIp` is only
+     * repeated there. Clears no error state: a failure left by setError() fails this operation too.
      */
     void slot_SendQuadrelNetWork(QString oldIp, QString newIp, QString subnet, QString gateway);
 

@@ -52,7 +52,7 @@
  * - "XML节点为空！": the parsed document is null
  *
  * Inside a section a reader is lenient: a record of the wrong shape is skipped, a missing value is
- * empty or 0, and a text that is no number is 0.
+ * empty or 0, and a text that is not a number is 0.
  *
  * **Language.** The words "Deal", "Delay", "Hex", "ASCII", "COM" and "IO" and the labels of the
  * lines pass through tr() when they are written and again when they are compared, and so do all
@@ -110,7 +110,7 @@ public:
      * The id and the selector that the kind does not use are not written. A trigger of the kind
      * `COM_MODBUS` is written without its kind and its selector, and no reader takes it. A selector
      * outside 0 to 15 is saved as an empty text. The characters 事, 件, ( and ) are removed from
-     * the event text, wherever they stand: "(ID:3);(ID:7)" becomes "ID:3;ID:7".
+     * the event text, wherever they are: "(ID:3);(ID:7)" becomes "ID:3;ID:7".
      *
      * @param path the file
      * @param model the triggers
@@ -177,7 +177,7 @@ public:
     /**
      * Reads the descriptor of a firmware upgrade: any XML whose root has the children "ModuleID"
      * and "Version". Of several elements of one name the last is taken. The texts are handed on as
-     * they stand; a missing element is no failure and leaves its argument alone.
+     * they are; a missing element is not a failure and leaves its argument alone.
      *
      * Besides the texts that all readers share:
      *

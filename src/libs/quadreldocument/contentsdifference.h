@@ -16,25 +16,26 @@ namespace QuadrelDocument {
 struct FieldChange {
     /** The key in documents. */
     QString field;
-    std::optional<QString> before;
-    std::optional<QString> after;
+    std::optional<QString> before; ///< the value of the earlier side
+    std::optional<QString> after;  ///< the value of the later side
 };
 
+/** How a record differs. */
 enum class ChangeKind {
-    Changed,
-    Added,
-    Removed,
+    Changed, ///< on both sides, with other values
+    Added,   ///< only on the later side
+    Removed, ///< only on the earlier side
     /** The same record at another place of its list. */
     Moved
 };
 
 /** One record that differs. */
 struct RecordChange {
-    ChangeKind kind = ChangeKind::Changed;
-    Section section = Section::None;
+    ChangeKind kind = ChangeKind::Changed; ///< how the record differs
+    Section section = Section::None;       ///< the record's section
     /** The record's place in the list of either side; -1 where it is not there. */
     int before = -1;
-    int after = -1;
+    int after = -1; ///< likewise, of the later side
     /** What the record is called, such as "events[8]": by the side where it is, the later one
      * first. */
     QString path;
@@ -44,14 +45,18 @@ struct RecordChange {
     bool isMoved = false;
 };
 
+/** What two contents do not have in common. */
 struct Difference {
     /** In the order of the sections, each in the order of the later side, removed records last. */
     QVector<RecordChange> changes;
     /** The sections that one side says nothing of. */
     QVector<Section> notCompared;
 
+    /** Whether nothing differs. */
     bool isEmpty() const { return changes.isEmpty(); }
+    /** Whether a record of the section differs. */
     bool concerns(Section section) const;
+    /** How many records of the section differ in this way. */
     int count(Section section, ChangeKind kind) const;
 };
 

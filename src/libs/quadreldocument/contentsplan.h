@@ -11,17 +11,18 @@
 
 namespace QuadrelDocument {
 
-/** What is written in one go. */
+/** What is written together. */
 enum class Table {
     /** Serial ports and IO lines. */
     Config,
-    Events,
+    Events, ///< all events
     /** Triggers and time triggers. */
     Triggers
 };
 
 /** "config", "events" or "triggers". */
 QString tableName(Table table);
+/** The sections that the table holds. */
 QVector<Section> sectionsOf(Table table);
 
 /** What a plan may do. */
@@ -45,11 +46,25 @@ struct Plan {
     /** Errors forbid the plan. Of what the unit held before, none is new: those are warnings. */
     Findings findings;
 
+    /** Whether nothing forbids the plan. */
     bool isAllowed() const { return !hasErrors(findings); }
+    /** Whether there is nothing to write. */
     bool isEmpty() const { return tables.isEmpty(); }
 };
 
-/** `held` is a whole read of the unit; positions are those of the wanted contents. */
+/**
+ * What has to be written, so that a unit stores what is wanted. `held` is a whole read of the unit;
+ * positions are those of the wanted contents.
+ *
+ * @code
+ * const LoadedFile file = loadFile("hall.yaml");
+ * const Plan plan = makePlan(file.contents, held, {}, file.positions);
+ * for (const Finding& finding : plan.findings)
+ *     out << messageOf(finding, "hall.yaml") << '\n';
+ * if (plan.isAllowed())
+ *     out << differenceText(plan.difference);
+ * @endcode
+ */
 Plan makePlan(const Contents& wanted, const Contents& held, const PlanOptions& options = {},
     const Positions& positions = Positions());
 

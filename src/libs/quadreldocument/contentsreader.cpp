@@ -129,7 +129,7 @@ public:
             fail(key, Text::tr("%1 is not allowed; true or false is").arg(shown(*value)));
     }
 
-    /** Absent if the key is missing or its value is no text. */
+    /** Absent if the key is missing or its value is not text. */
     std::optional<QString> text(const char* key) const
     {
         const DocumentNode* value = valueOf(key);
@@ -225,7 +225,7 @@ private:
         for (const DocumentNode::Member& member : m_node.members) {
             if (!allowed.contains(member.key))
                 m_reader.report(member.keyPosition, m_path,
-                    Text::tr("%1 is no key here; allowed are %2")
+                    Text::tr("%1 is not a key here; allowed are %2")
                         .arg(shownText(member.key), allowed.join(QStringLiteral(", "))));
             else if (seen.contains(member.key))
                 m_reader.report(member.keyPosition, m_path,
@@ -539,7 +539,7 @@ Document ContentsReader::read(const DocumentNode& root)
 {
     if (root.kind != DocumentNode::Kind::Mapping) {
         report(root.position.line > 0 ? root.position : Position{1, 1}, {},
-            Text::tr("%1 is no document of a unit; it starts with \"format: %2\"")
+            Text::tr("found %1 instead of a unit document; it starts with \"format: %2\"")
                 .arg(shown(root), documentFormat()));
         return m_document;
     }
@@ -558,7 +558,7 @@ Document ContentsReader::read(const DocumentNode& root)
         const int index = allowed.indexOf(member.key);
         if (index < 0)
             report(member.keyPosition, {},
-                Text::tr("%1 is no key here; allowed are %2")
+                Text::tr("%1 is not a key here; allowed are %2")
                     .arg(shownText(member.key), allowed.join(QStringLiteral(", "))));
         else if (seen.contains(member.key))
             report(member.keyPosition, {},

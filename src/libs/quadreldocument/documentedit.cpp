@@ -44,7 +44,7 @@ Path parsePath(const QString& text)
     const bool hasRecord = path.number.has_value();
     if (path.section == Section::None || (hasRecord && !isList(path.section))
         || (!hasRecord && isList(path.section) && !path.field.isEmpty()))
-        throw EditRefusal{Text::tr("%1 is no path; paths are such as events[8], "
+        throw EditRefusal{Text::tr("%1 is not a path; paths are such as events[8], "
                                    "events[8].description and device.ip")
                               .arg(shownText(text))};
     return path;
@@ -85,7 +85,7 @@ DocumentNode readValue(const Path& path, const QString& text)
             return list;
     } catch (const Refusal&) {
     }
-    throw EditRefusal{Text::tr("%1: %2 is no value").arg(path.text, shownText(text))};
+    throw EditRefusal{Text::tr("%1: %2 is not a value").arg(path.text, shownText(text))};
 }
 
 /** A value of a field in the way in which documents are written. */
@@ -146,7 +146,7 @@ public:
     {
         load(text);
         if (m_root.kind != DocumentNode::Kind::Mapping)
-            throw EditRefusal{Text::tr("this is no document of a unit")};
+            throw EditRefusal{Text::tr("this is not a unit document")};
     }
 
     QByteArray text() const { return m_text; }

@@ -19,7 +19,7 @@ namespace QuadrelDocument {
 
 /** A changed text, or why there is none. */
 struct EditedText {
-    QByteArray text;
+    QByteArray text; ///< the document after the change
     /** Empty when all went well. */
     QString error;
 };
@@ -40,8 +40,9 @@ EditedText unsetValue(const QByteArray& text, Form form, const QString& path);
 struct FoundValue {
     /** A bare scalar, or the record or section as a document of the same form shows it. */
     QString value;
-    QString error;
+    QString error; ///< empty when all went well
 };
+/** The value of a section, a record or a field. */
 FoundValue getValue(const QByteArray& text, Form form, const QString& path);
 
 /** The text with each finding as a comment above its line; for documents of the form Yaml. */

@@ -31,7 +31,7 @@ void refuseForeignBytes(const QByteArray& text)
         const auto difference =
             std::mismatch(text.begin(), text.end(), valid.begin(), valid.end()).first;
         throw Refusal{static_cast<int>(difference - text.begin()),
-            Text::tr("this is no text in UTF-8; only that is read")};
+            Text::tr("this is not text in UTF-8; only that is read")};
     }
     const auto isControl = [](char byte) {
         return byte >= 0 && byte < ' ' && byte != '\t' && byte != '\n' && byte != '\r';

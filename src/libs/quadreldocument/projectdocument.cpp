@@ -12,7 +12,7 @@ namespace QuadrelDocument {
 
 namespace {
 
-/** Reads one section by way of the library, or reports what it says. */
+/** Reads one section through the library, or reports what it says. */
 template <typename Model>
 std::optional<Model> load(const QString& path, bool (*read)(const QString&, Model&, QString&),
     bool isThere, Findings& findings)

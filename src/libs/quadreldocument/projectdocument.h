@@ -8,7 +8,7 @@
 namespace QuadrelDocument {
 
 /**
- * Reads the project file at `path`, whose bytes are `text`, by way of the library. Before that the
+ * Reads the project file at `path`, whose bytes are `text`, through the library. Before that the
  * text is looked at as XML, since the library's reader takes what it does not understand for a
  * default, or skips it: all such places are errors here. What the library itself writes is none.
  *

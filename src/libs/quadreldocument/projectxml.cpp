@@ -294,7 +294,7 @@ private:
         if (allowed.contains(record.name))
             return true;
         report(record.position, {},
-            Text::tr("%1 is no record of this section; allowed are %2")
+            Text::tr("%1 is not a record of this section; allowed are %2")
                 .arg(shownText(record.name), allowed.join(QStringLiteral(", "))));
         return false;
     }
@@ -450,7 +450,7 @@ private:
         const QRegularExpressionMatch match = form.match(value->text);
         if (!match.hasMatch() || qRound(match.captured(1).toDouble() * 10) > Limit::delay)
             report(value->position, path,
-                Text::tr("%1 in Protocol is no delay; \"0*10ms\" to \"6553.5*10ms\" are allowed")
+                Text::tr("%1 in Protocol is not a delay; \"0*10ms\" to \"6553.5*10ms\" are allowed")
                     .arg(shownText(value->text)));
     }
 

@@ -30,13 +30,13 @@ constexpr int maximumRecords = 500;
 struct Document {
     /** With errors among the findings: what could be made of the rest, for further checks only. */
     Contents contents;
-    Positions positions;
+    Positions positions; ///< of the contents in the text
     /** What is wrong with the text; what is wrong with the contents is for checkContents(). */
     Findings findings;
 };
 
 /**
- * Reads a document of the form Yaml or Json. All errors are found in one go: unknown and doubled
+ * Reads a document of the form Yaml or Json. All errors are found at once: unknown and repeated
  * keys, values of the wrong kind or out of range, and what hostile texts do (anchors, aliases,
  * tags, nesting, size), which ends the reading.
  */
@@ -48,11 +48,11 @@ Document parseDocument(const QByteArray& text, Form form);
  */
 QByteArray writeDocument(const Contents& contents, Form form);
 
-/** Contents of a file with all that is to be said of them. */
+/** Contents of a file, with everything that is wrong with them. */
 struct LoadedFile {
-    Form form = Form::Yaml;
-    Contents contents;
-    Positions positions;
+    Form form = Form::Yaml; ///< by the ending of the name
+    Contents contents;      ///< with errors: what could be made of the rest
+    Positions positions;    ///< of the contents in the text
     /** Of the text and of the contents, in the order of the file. */
     Findings findings;
     /** The text as it is in the file. */
@@ -66,8 +66,8 @@ struct LoadedFile {
 LoadedFile loadFile(const QString& path);
 
 /**
- * Saves contents in the form that the ending says, without the clock. The file is made beside
- * `path` and then takes its place, so that a failure leaves an older file as it was; a link stays a
+ * Saves contents in the form of the ending, without the clock. A new file is written and then
+ * replaces the one at `path`, so that a failure leaves an older file unchanged; a link stays a
  * link. Returns the reason of a failure, or an empty text. What a project file loses on the way is
  * for lossesInProject() to report.
  */

@@ -43,7 +43,7 @@ public:
 
     void OnAlias(const YAML::Mark& mark, YAML::anchor_t) override
     {
-        throw Refusal{mark.pos, Text::tr("aliases have no place in a document of a unit")};
+        throw Refusal{mark.pos, Text::tr("aliases have no place in a unit document")};
     }
 
     void OnScalar(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
@@ -82,9 +82,9 @@ private:
         const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor)
     {
         if (anchor != 0)
-            throw Refusal{mark.pos, Text::tr("anchors have no place in a document of a unit")};
+            throw Refusal{mark.pos, Text::tr("anchors have no place in a unit document")};
         if (tag != "?" && tag != "!" && !tag.empty())
-            throw Refusal{mark.pos, Text::tr("tags have no place in a document of a unit")};
+            throw Refusal{mark.pos, Text::tr("tags have no place in a unit document")};
     }
 
     DocumentNode nodeAt(const YAML::Mark& mark)

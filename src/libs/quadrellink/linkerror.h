@@ -21,7 +21,7 @@ enum class LinkError {
     DamagedReply = 4,   ///< a reply with a wrong checksum
     NotAReply = 5,      ///< bytes that are no reply of a unit
     WrongReply = 6,     ///< a reply of another length than was asked for
-    BadContents = 7,    ///< a good reply whose contents don't hold together
+    BadContents = 7,    ///< a good reply with inconsistent contents
     Cancelled = 8,      ///< UnitSession::cancel() or UnitTransport::cancel()
     InvalidRequest = 9, ///< inputs that no unit can take; nothing was sent
     Busy = 10           ///< another operation of the session runs; nothing was sent

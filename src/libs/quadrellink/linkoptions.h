@@ -18,7 +18,7 @@ struct LinkOptions {
      */
     int timeout = 3000;
     /**
-     * How often a request goes out again when no reply came. Only reads are repeated, and writes
+     * How often a request is sent again when no reply came. Only reads are repeated, and writes
      * that leave the same on the unit when they are sent twice: the configuration, the events and
      * the triggers with their counts, and the remark. Never repeated: network settings, a reset,
      * the clock, and all of an upgrade.

@@ -89,7 +89,7 @@ LinkFailure OperationRunner::faultOf(const UnitRequest& request)
     if (request.kind() == UnitRequest::SetNetwork) {
         for (const QString& text : {inputs.ip, inputs.mask, inputs.gateway}) {
             if (!isIpv4(text))
-                return {LinkError::InvalidRequest, tr("\"%1\" is no IPv4 address").arg(text)};
+                return {LinkError::InvalidRequest, tr("\"%1\" is not an IPv4 address").arg(text)};
         }
     }
     return {};

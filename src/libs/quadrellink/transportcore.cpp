@@ -411,5 +411,6 @@ LinkFailure TransportCore::faultOf(ReplyReader::Fault fault) const
     if (fault == ReplyReader::WrongChecksum)
         return {LinkError::DamagedReply,
             tr("%1 sent a damaged reply: its checksum is wrong").arg(m_unit)};
-    return {LinkError::NotAReply, tr("%1 sent something that is no reply of a unit").arg(m_unit)};
+    return {
+        LinkError::NotAReply, tr("%1 sent something that is not a reply of a unit").arg(m_unit)};
 }

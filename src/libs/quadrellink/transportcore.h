@@ -127,7 +127,7 @@ private:
     Clock::time_point m_sentAt LINK_GUARDED_BY(m_mutex);
     int m_triesLeft LINK_GUARDED_BY(m_mutex) = 0;
     int m_timesSent LINK_GUARDED_BY(m_mutex) = 0;
-    /** The frame is still to go out, or to go out again. */
+    /** The frame has to be sent, or to be sent again. */
     bool m_isUnsent LINK_GUARDED_BY(m_mutex) = false;
     LinkFailure m_lastFailure LINK_GUARDED_BY(m_mutex);
     /** What came instead of a reply, in this exchange. */

@@ -16,7 +16,7 @@ struct QUADRELLINK_EXPORT UnitAddress {
     /** The protocol that carries the frames. */
     enum Protocol { Tcp, Udp };
 
-    /** The port of units that were not told another one. */
+    /** The port of units that use no other one. */
     static constexpr std::uint16_t defaultPort = 3801;
 
     Protocol protocol = Tcp;          ///< TCP or UDP

@@ -52,7 +52,8 @@ public:
     static UnitRequest readClock();
     /** Sets the clock. `InvalidRequest` for a time that is none, or outside of 2000 to 2099. */
     static UnitRequest setClock(const QDateTime& time);
-    /** Gives the unit a fixed address. `InvalidRequest` if one of the texts is no IPv4 address. */
+    /** Gives the unit a fixed address. `InvalidRequest` if one of the texts is not an IPv4 address.
+     */
     static UnitRequest setNetwork(const QString& ip, const QString& mask, const QString& gateway);
     /**
      * Restarts the unit. One that is not to keep its address goes back to its default address, and

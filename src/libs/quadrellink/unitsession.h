@@ -34,9 +34,18 @@ Q_DECLARE_METATYPE(UnitResult)
  * The operations on one unit, each as a call that returns or as signals.
  *
  * A session owns an UnPackage with a registry of its own and runs it on a worker thread. Sessions
- * share nothing, so that a program may have as many at a time as it likes. Make it after the
- * application object; it needs no settings file. The connection is made by the first operation,
- * and made anew after a loss.
+ * share nothing, so that a program may have any number of them at a time. Make it after the
+ * application object; it needs no settings file. The first operation connects, and a later one
+ * connects again after a loss.
+ *
+ * @code
+ * UnitSession session(UnitAddress{UnitAddress::Tcp, "192.168.1.21"});
+ * UnitResult unit = session.run(UnitRequest::readAll());
+ * if (unit)
+ *     unit = session.run(UnitRequest::writeEvents(changed(unit.data.events)));
+ * if (!unit)
+ *     qWarning("%s", qUtf8Printable(unit.failure.text));
+ * @endcode
  *
  * One operation runs at a time. Nothing is rolled back: after a failure what was written stays.
  *
@@ -85,7 +94,7 @@ public:
     bool isConnected() const;
 
 Q_SIGNALS:
-    /** The operation that was started has come further. */
+    /** The progress of the operation that was started. */
     void progressed(const UnitProgress& progress);
     /** The operation that was started has succeeded. */
     void finished(const UnitResult& result);

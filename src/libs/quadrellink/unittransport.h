@@ -17,9 +17,9 @@ class UnPackage;
  * replies back. UnitSession does this and more; this class is for programs that drive an UnPackage
  * themselves.
  *
- * A reply is taken for the frame in flight by its label, its address and its length; late and
+ * A reply answers the current frame if label, address and length match; late and
  * repeated replies are dropped. A failure ends the exchange with a text that names the unit. The
- * connection is made when a frame needs one, and made anew after a loss.
+ * connection is made when a frame needs one, and made again after a loss.
  *
  * All of this happens on the thread of the operation, in place of the UnPackage's own wait, so that
  * no reply comes too early. setError() and quitWaitDelay() of other threads still end the wait.
@@ -66,7 +66,7 @@ public:
     /** Whether there is a connection; over UDP, whether a socket is open. */
     bool isConnected() const;
 
-    /** Whether the last frame has gone out, be it answered or not. */
+    /** Whether the last frame has gone out, answered or not. */
     bool wasSent() const;
     /** The last failure that the UnPackage was given; none if the last operation had none. */
     LinkFailure lastFailure() const;

@@ -41,9 +41,9 @@ QString networkFault(const QString& ipText, const QString& maskText, const QStri
     const quint32 gateway = toNumber(gatewayText);
     const quint32 hostBits = ~mask;
     if (mask == 0 || hostBits < 3 || (hostBits & (hostBits + 1)) != 0)
-        return Workspace::tr("%1 is no subnet mask for a unit").arg(maskText);
+        return Workspace::tr("%1 is not a subnet mask for a unit").arg(maskText);
     if (ip >> 28 >= 0xE || ip >> 24 == 0)
-        return Workspace::tr("%1 is no address for a unit").arg(ipText);
+        return Workspace::tr("%1 is not an address for a unit").arg(ipText);
     if ((ip & hostBits) == 0 || (ip & hostBits) == hostBits)
         return Workspace::tr("%1 is the network or the broadcast address of its subnet")
             .arg(ipText);

@@ -40,14 +40,14 @@ bool QuadrelWorkspace::isName(const QString& text)
 
 QString QuadrelWorkspace::nameFault(const QString& text)
 {
-    return Workspace::tr("%1 is no name; a name has 1 to %2 letters, digits, \"-\", \"_\" and "
+    return Workspace::tr("%1 is not a name; a name has 1 to %2 letters, digits, \"-\", \"_\" and "
                          "\".\", and does not begin with \"-\" or \".\"")
         .arg(shownText(text), QString::number(maximalNameLength));
 }
 
 QString QuadrelWorkspace::addressFault(const QString& text)
 {
-    return Workspace::tr("%1 is no address; one is tcp://HOST:PORT or udp://HOST:PORT")
+    return Workspace::tr("%1 is not an address; one is tcp://HOST:PORT or udp://HOST:PORT")
         .arg(shownText(text));
 }
 
@@ -110,7 +110,7 @@ void ConfigReader::checkOnce(const DocumentNode& mapping)
     for (const DocumentNode::Member& member : mapping.members) {
         if (keys.contains(member.key))
             addError(
-                member.keyPosition, Workspace::tr("%1 is there twice").arg(shownText(member.key)));
+                member.keyPosition, Workspace::tr("%1 is repeated").arg(shownText(member.key)));
         keys.insert(member.key);
     }
 }

@@ -14,14 +14,14 @@ namespace QuadrelWorkspace {
 
 /** Units' names and tags: letters and digits of any language, "-", "_" and ".", at most 64. */
 bool isName(const QString& text);
-/** What to say of a text that is no name. */
+/** What to say of a text that is not a name. */
 QString nameFault(const QString& text);
-/** What to say of a text that is no address. */
+/** What to say of a text that is not an address. */
 QString addressFault(const QString& text);
 
 /**
  * Takes values out of a file in YAML that a person wrote, and collects what is wrong with it: all
- * of it in one go, each as "FILE:LINE:COLUMN: what is wrong, and what is allowed".
+ * of it at once, each as "FILE:LINE:COLUMN: what is wrong, and what is allowed".
  */
 class ConfigReader {
 public:

@@ -29,7 +29,7 @@ QString modelText(unsigned short modelId)
     return QStringLiteral("0x%1").arg(modelId, 4, 16, QLatin1Char('0'));
 }
 
-/** Refuses what is no file of a reasonable size, such as a pipe that nobody writes to. */
+/** Refuses what is not a file of a reasonable size, such as a pipe that nobody writes to. */
 bool isReadable(const QString& path, qint64 maximalSize, QString& error)
 {
     const QFileInfo info(path);
@@ -135,12 +135,12 @@ std::optional<QByteArray> readImage(const QString& path, QString& error)
 QString imageDoubt(const QString& path, const QByteArray& image)
 {
     if (image.isEmpty())
-        return Workspace::tr("%1: the file is empty, and an image is due").arg(path);
+        return Workspace::tr("%1: the file is empty, and not an image").arg(path);
     const std::optional<QString> text = textOf(image.left(sampleSize));
     if (!text)
         return QString();
-    return isXml(*text) ? Workspace::tr("%1: this is XML, and an image is due").arg(path)
-                        : Workspace::tr("%1: this is text, and an image is due").arg(path);
+    return isXml(*text) ? Workspace::tr("%1: this is XML, and not an image").arg(path)
+                        : Workspace::tr("%1: this is text, and not an image").arg(path);
 }
 
 std::optional<UpgradeDescriptor> readDescriptor(const QString& path, QString& error)

@@ -33,9 +33,9 @@ std::optional<QByteArray> readImage(const QString& path, QString& error);
 
 /**
  * Why the bytes are probably no image; empty if they may be one. The texts:
- * "FILE: the file is empty, and an image is due",
- * "FILE: this is XML, and an image is due",
- * "FILE: this is text, and an image is due".
+ * "FILE: the file is empty, and not an image",
+ * "FILE: this is XML, and not an image",
+ * "FILE: this is text, and not an image".
  */
 QString imageDoubt(const QString& path, const QByteArray& image);
 

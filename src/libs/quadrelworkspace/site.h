@@ -66,7 +66,7 @@ struct LoadedSite {
     /** Where there are errors: the rest of the file. */
     Site site;
     QByteArray text;
-    /** "FILE:LINE:COLUMN: what is wrong, and what is allowed"; all in one go. */
+    /** "FILE:LINE:COLUMN: what is wrong, and what is allowed"; all at once. */
     QStringList errors;
 };
 

@@ -33,7 +33,7 @@ QVector<QList<WorkerTask>> stagesOf(const QList<WorkerTask>& tasks, const StageO
 
 /**
  * Runs the tasks stage by stage: a stage begins when the one before it is over, and only as long as
- * no more than the allowed number of units have failed. Each worker whose result is no success
+ * no more than the allowed number of units have failed. Each worker whose result is not a success
  * counts as a failure, except for those that were not begun.
  *
  * Threads and workers are as for WorkerPool.

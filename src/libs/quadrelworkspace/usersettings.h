@@ -44,7 +44,7 @@ struct UserSettings {
 struct LoadedSettings {
     /** Where there are errors: the rest of the file. */
     UserSettings settings;
-    /** "FILE:LINE:COLUMN: what is wrong, and what is allowed"; all in one go. */
+    /** "FILE:LINE:COLUMN: what is wrong, and what is allowed"; all at once. */
     QStringList errors;
 };
 

@@ -39,7 +39,7 @@ std::vector<std::string>::iterator findCommand(
         const bool skipsNext = isFollowedByArgument(app, *it) && it + 1 != arguments.end();
         it += skipsNext ? 2 : 1;
     }
-    // What follows "--" is no command.
+    // What follows "--" is not a command.
     return it != arguments.end() && *it == "--" ? arguments.end() : it;
 }
 

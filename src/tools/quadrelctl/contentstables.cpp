@@ -8,10 +8,10 @@
 #include "table.h"
 #include "tool.h"
 
+#include <readabletext.h>
+
 #include <QtCore/QHash>
 #include <QtCore/QStringList>
-
-#include <algorithm>
 
 using namespace QuadrelDocument;
 
@@ -45,32 +45,6 @@ QString namedEvents(const QVector<int>& ids, const EventNames& names)
     for (const int id : ids)
         items.append(QStringLiteral("%1 %2").arg(QString::number(id), names.value(id)).trimmed());
     return items.join(QStringLiteral(", "));
-}
-
-bool isPrintable(char byte)
-{
-    return byte >= ' ' && byte <= '~';
-}
-
-/** Of the bytes after the first, which is printable. */
-bool isText(char byte)
-{
-    return isPrintable(byte) || byte == '\r' || byte == '\n' || byte == '\t';
-}
-
-/** The longest part of the bytes that reads as text; a short one is chance. */
-QByteArray longestText(const QByteArray& bytes)
-{
-    constexpr int shortest = 3;
-    QByteArray longest;
-    auto start = std::find_if(bytes.begin(), bytes.end(), isPrintable);
-    while (start != bytes.end()) {
-        const auto end = std::find_if_not(start, bytes.end(), isText);
-        if (end - start > longest.size())
-            longest = QByteArray(start, static_cast<int>(end - start));
-        start = std::find_if(end, bytes.end(), isPrintable);
-    }
-    return longest.size() < shortest ? QByteArray() : longest;
 }
 
 /** Hexadecimal digits, and what of them reads as text. */
@@ -128,7 +102,7 @@ QString dayName(int day)
     return names[day % daysOfWeek];
 }
 
-/** As in "Mon Tue Fri"; a unit has eight of them, and the last is no day. */
+/** As in "Mon Tue Fri"; a unit has eight of them, and the last is not a day. */
 QString weekdaysText(const QVector<int>& weekdays, Qt::DayOfWeek first)
 {
     QStringList names;

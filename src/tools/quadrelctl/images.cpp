@@ -20,7 +20,7 @@ void refuseDoubts(const QStringList& doubts, bool isForced)
         return;
     }
     throw CommandFailure{doubts.join(QLatin1Char('\n'))
-        + Tool::tr("\nNothing was sent; --force goes on all the same.")};
+        + Tool::tr("\nNothing was sent; --force sends them nevertheless.")};
 }
 
 QByteArray loadImage(const QString& path, bool isForced)

@@ -83,7 +83,7 @@ void addNumber(CLI::App* app, const char* name, const QString& help, const char*
         const quint64 number = text.toULongLong(&isNumber);
         return isNumber && least <= number && number <= most;
     };
-    QString complaint = Tool::tr("\"%1\" is no number from %2 to %3");
+    QString complaint = Tool::tr("\"%1\" is not a number from %2 to %3");
     complaint.replace(QStringLiteral("%2"), QString::number(least));
     complaint.replace(QStringLiteral("%3"), QString::number(most));
     addText(app, name, help, [store](const QString& text) { store(text.toULongLong()); })
@@ -110,7 +110,7 @@ template <typename Address> CLI::Option* addUnit(CLI::App* app, Address& unit)
         [&unit](const QString& text) { unit = *Preferences::user().addressOf(text); })
         ->type_name("UNIT")
         ->check(accept(isUnit,
-            Tool::tr("\"%1\" is no address of a unit: tcp://HOST:PORT or udp://HOST:PORT")));
+            Tool::tr("\"%1\" is not an address of a unit: tcp://HOST:PORT or udp://HOST:PORT")));
 }
 
 void addStreamedImage(CLI::App* app, QString& target)
@@ -206,7 +206,7 @@ void addInfo(CLI::App& app, CommandLine& line)
 void addRead(CLI::App& app, CommandLine& line)
 {
     const Subcommand<ReadOptions> read(
-        app, line, "read", Tool::tr("Read all that a unit stores"), runRead);
+        app, line, "read", Tool::tr("Read everything that a unit stores"), runRead);
     CLI::Option* unit = addUnit(read.app, read.options->unit);
     CLI::Option* discover = addFlag(read.app, "--discover",
         Tool::tr("Read the only unit that a search of the network finds"), read.options->discover);
@@ -216,7 +216,7 @@ void addRead(CLI::App& app, CommandLine& line)
             throw CLI::RequiredError::Option(1, 1, given, "--unit,--discover");
     });
     addJson(read.app, read.options->json);
-    addOnly(read.app, Tool::tr("Show and save these sections alone: %1"), read.options->only);
+    addOnly(read.app, Tool::tr("Show and save only these sections: %1"), read.options->only);
     addFile(read.app, "--save",
         Tool::tr("Save to a document, .yaml or .json, or to a project file, .xml"),
         read.options->file);
@@ -236,7 +236,7 @@ void addClock(CLI::App& app, CommandLine& line)
         clock.options->time)
         ->type_name("TIME")
         ->check(accept(isClockText,
-            Tool::tr("\"%1\" is no time of the years 2000 to 2099 in the form "
+            Tool::tr("\"%1\" is not a time of the years 2000 to 2099 in the form "
                      "\"2026/11/14  06:05:49\", with two blanks")));
     clock.addExamples({"clock --unit hall", "clock --unit hall --set now",
         "clock --unit hall --set \"2026/11/14  06:05:49\" --yes"});
@@ -297,7 +297,7 @@ void addWrite(CLI::App& app, CommandLine& line)
     WriteOptions& options = *write.options;
     addUnit(write.app, options.unit)->required();
     addFile(write.app, "file", Tool::tr("A document or a project file"), options.file)->required();
-    addOnly(write.app, Tool::tr("Write these sections alone: %1"), options.only);
+    addOnly(write.app, Tool::tr("Write only these sections: %1"), options.only);
     addDryRun(write.app, options.dryRun);
     addFlag(write.app, "--other-unit",
         Tool::tr("Write what another unit holds; address, serial number and model stay"),
@@ -385,8 +385,8 @@ void addEdit(CLI::App& app, CommandLine& line)
 
 void addUndo(CLI::App& app, CommandLine& line)
 {
-    const Subcommand<UndoOptions> undo(app, line, "undo",
-        Tool::tr("Bring back what a unit held before its last change from here"), runUndo);
+    const Subcommand<UndoOptions> undo(
+        app, line, "undo", Tool::tr("Undo the last change to a unit from this computer"), runUndo);
     addUnit(undo.app, undo.options->unit)->required();
     addDryRun(undo.app, undo.options->dryRun);
     undo.addExamples({"undo --unit hall --dry-run", "undo --unit hall"});
@@ -395,9 +395,9 @@ void addUndo(CLI::App& app, CommandLine& line)
 void addBackups(CLI::App& app, CommandLine& line)
 {
     const Subcommand<BackupsOptions> backups(app, line, "backups",
-        Tool::tr("List what was kept of units before they were changed"), runBackups);
+        Tool::tr("List the backups that were made before changes"), runBackups);
     BackupsOptions& options = *backups.options;
-    addNumber(backups.app, "--serial", Tool::tr("Those of the unit with this serial number alone"),
+    addNumber(backups.app, "--serial", Tool::tr("Only those of the unit with this serial number"),
         "N", 0, std::numeric_limits<quint64>::max(),
         [&options](quint64 number) { options.serialNumber = number; });
     addJson(backups.app, options.json);
@@ -414,7 +414,8 @@ void addNetwork(CLI::App& app, CommandLine& line)
         addText(network.app, name, help, target)
             ->type_name("A.B.C.D")
             ->required()
-            ->check(accept(QuadrelWorkspace::isIpv4Text, Tool::tr("\"%1\" is no IPv4 address")));
+            ->check(
+                accept(QuadrelWorkspace::isIpv4Text, Tool::tr("\"%1\" is not an IPv4 address")));
     };
     addAddress("--ip", Tool::tr("The new address"), options.ip);
     addAddress("--mask", Tool::tr("The subnet mask"), options.mask);
@@ -447,8 +448,7 @@ void addUpgrade(CLI::App& app, CommandLine& line)
         Tool::tr("The upgrade's descriptor; model and version are compared with the unit's"),
         options.descriptorFile);
     addFlag(upgrade.app, "--force",
-        Tool::tr("Go on with files that look wrong, or with the version that is installed"),
-        options.force);
+        Tool::tr("Accept files that look wrong, or the version that is installed"), options.force);
     addDryRun(upgrade.app, options.dryRun);
     upgrade.addExamples({"upgrade --unit hall --streamed s.bin --addressed a.bin "
                          "--descriptor update.xml"});
@@ -502,10 +502,10 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options)
         [&options](quint64 number) { options.timeout = static_cast<int>(number); });
     addNumber(&app, "--retries", Tool::tr("How often a request without an answer is repeated"), "N",
         0, mostRetries, [&options](quint64 number) { options.retries = static_cast<int>(number); });
-    addText(&app, "--log", Tool::tr("Write down each frame in a file; - for standard error"),
-        options.logFile)
+    addText(
+        &app, "--log", Tool::tr("Log each frame to a file; - is standard error"), options.logFile)
         ->type_name("FILE");
-    addFlag(&app, "--quiet", Tool::tr("Show results, warnings and errors alone"), options.quiet);
+    addFlag(&app, "--quiet", Tool::tr("Show only results, warnings and errors"), options.quiet);
     addFlag(&app, "--yes", Tool::tr("Do not ask"), options.yes);
     addFlag(&app, "--no-pager", Tool::tr("Do not show long output in a pager"), options.noPager);
     // What it says has been taken into account already.
@@ -584,7 +584,7 @@ CommandLine CommandLine::parse(int argc, char** argv)
     const std::string command = Arguments::commandOf(arguments);
     if (!command.empty() && !Arguments::commandNames(app).contains(toText(command)))
         return refuse(unknown(
-            Tool::tr("\"%1\" is no command"), toText(command), Arguments::commandNames(app)));
+            Tool::tr("\"%1\" is not a command"), toText(command), Arguments::commandNames(app)));
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Success& request) {

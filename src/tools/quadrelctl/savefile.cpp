@@ -23,7 +23,7 @@ QString meaning(int error)
     switch (error) {
     case ENOSPC:
     case EDQUOT:
-        return Tool::tr("the disk is full; what was there before still is");
+        return Tool::tr("the disk is full; the old file is unchanged");
     case ENOENT:
     case ENOTDIR:
         return Tool::tr("the folder of the file does not exist");
@@ -34,7 +34,7 @@ QString meaning(int error)
     case EISDIR:
         return Tool::tr("this is a folder; name a file in it");
     default:
-        return Tool::tr("the file can't be written; what was there before still is");
+        return Tool::tr("the file can't be written; the old file is unchanged");
     }
 }
 

@@ -17,7 +17,7 @@ constexpr int linesASecond = 10;
 
 QByteArray bytesOf(const QString& line)
 {
-    // A pipe that can be written takes so much in one go.
+    // A pipe that can be written takes so much at once.
     return line.toUtf8().left(PIPE_BUF - 1) + '\n';
 }
 
@@ -109,7 +109,7 @@ void Log::tellOfClient(const QString& text)
 void Log::endSecond()
 {
     if (m_keptBack > 0)
-        report(QStringLiteral("%1 more of the like in this second").arg(m_keptBack));
+        report(QStringLiteral("%1 more like these in this second").arg(m_keptBack));
     m_keptBack = 0;
     m_toldInSecond = 0;
 }

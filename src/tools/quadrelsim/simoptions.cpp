@@ -36,7 +36,7 @@ QHostAddress hostAddress(const std::string& option, const std::string& value)
 {
     const QHostAddress address(text(value));
     if (address.isNull())
-        refuse(option, text(value) + QStringLiteral(" is no IP address"));
+        refuse(option, text(value) + QStringLiteral(" is not an IP address"));
     return address;
 }
 
@@ -82,9 +82,9 @@ void addNetworkOptions(CLI::App& app, SimOptions& options)
            "Address to listen on, TCP and UDP (default 127.0.0.1)")
         ->type_name("ADDRESS");
     app.add_option("--port", options.port,
-           "Port to listen on, of several units the first one's; 0 takes free ones (default 3801)")
+           "Port to listen on, with --count of the first unit; 0 takes free ones (default 3801)")
         ->type_name("PORT");
-    app.add_option("--count", options.count, "Serve so many units, each on a port of its own")
+    app.add_option("--count", options.count, "Serve this many units, each on a port of its own")
         ->type_name("COUNT")
         ->check(CLI::Range(1, 10000));
     app.add_option("--max-connections", options.maximumConnections,
@@ -92,13 +92,13 @@ void addNetworkOptions(CLI::App& app, SimOptions& options)
         ->type_name("COUNT")
         ->check(CLI::Range(1, 10000));
     app.add_option("--idle-timeout", options.idleTime,
-           "Drop a connection after so long without a byte; 0 for never (default 300000)")
+           "Drop a connection after this time without a byte; 0 for never (default 300000)")
         ->type_name("MS")
         ->check(CLI::Range(0, 86400000));
     app.add_option("--latency", options.latency, "Time before each reply (default 0)")
         ->type_name("MS")
         ->check(CLI::Range(0, 3600000));
-    app.add_option("--jitter", options.jitter, "Up to so much more of it, by chance (default 0)")
+    app.add_option("--jitter", options.jitter, "Up to this much more time, at random (default 0)")
         ->type_name("MS")
         ->check(CLI::Range(0, 3600000));
     app.add_option("--reset-time", options.resetTime,
@@ -121,7 +121,7 @@ void addUnitOptions(CLI::App& app, SimOptions& options)
                    settings.serialNumber = value + static_cast<quint64>(index);
                });
            },
-           "Serial number, of several units the first one's (default 310000001)")
+           "Serial number, with --count of the first unit (default 310000001)")
         ->type_name("NUMBER")
         ->check(CLI::NonNegativeNumber)
         ->group(group);
@@ -230,15 +230,15 @@ void addFaultOptions(CLI::App& app, SimOptions& options, std::vector<std::string
     const std::string kinds = UnitFaults::kindNames().join(QStringLiteral(", ")).toStdString();
     app.add_option("--fault", faults,
            "A fault in the N-th reply (KIND@N) or in a share of them (KIND%PERCENT), any number of "
-           "times; delay may name its milliseconds (delay:250@3); the units that have it may come "
-           "in front (7:drop@1, 2-5:drop%10). KIND: "
+           "times; delay may name its milliseconds (delay:250@3); unit numbers may come "
+           "first (7:drop@1, 2-5:drop%10). KIND: "
                + kinds)
         ->type_name("FAULT")
         ->expected(1)
         ->allow_extra_args(false)
         ->take_all()
         ->group(group);
-    app.add_option("--seed", options.seed, "Seed of all chances (default 0)")
+    app.add_option("--seed", options.seed, "Seed of everything random (default 0)")
         ->type_name("NUMBER")
         ->group(group);
 }
@@ -313,7 +313,7 @@ void addDiscoveryOptions(CLI::App& app, SimOptions& options)
     };
     addCount("--discovery-zeros", reply.zeros, "Zero bytes ahead of the reply (default 0)");
     addCount("--discovery-offset", reply.offset, "Dots ahead of the name (default 0)");
-    addCount("--discovery-repeat", reply.repeats, "How often the reply goes out (default 1)");
+    addCount("--discovery-repeat", reply.repeats, "How often the reply is sent (default 1)");
     addCount("--discovery-garbage", reply.garbage,
         "Size of a datagram of garbage ahead of the replies (default 0, none)");
 

@@ -27,7 +27,7 @@ struct FaultOption {
 
 /** What the command line asks for. */
 struct SimOptions {
-    /** Nothing unless it was asked for: then the program is a site, be it of one unit. */
+    /** Nothing unless it was asked for: then the program is a site, even of one unit. */
     std::optional<int> count;
     QHostAddress address{QHostAddress::LocalHost};
     quint16 port = 3801;

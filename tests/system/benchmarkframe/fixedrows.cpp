@@ -8,7 +8,7 @@
 
 namespace {
 
-/** Gives the figures of a list, one a turn, and begins anew at its end. */
+/** Gives the figures of a list, one a turn, and begins again at its end. */
 class Turns {
 public:
     explicit Turns(std::vector<double> figures)

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 
 # Writes each C++ block of the pages to a file of its own in `folder`, and prints the files' names. A
-# block that is no whole file becomes the body of a function, whose parameters are in surroundings.h.
+# block that is not a whole file becomes the body of a function, whose parameters are in surroundings.h.
 function finish(    file, former, line) {
     file = folder "/" page "_" ++count[page] ".cpp"
     text = whole ? all : "#include \"surroundings.h\"\n" outer \

@@ -16,7 +16,7 @@
 #include <vector>
 
 /**
- * What the library must do, step by step, described anew from the outside: it goes through the
+ * What the library must do, step by step, described again from the outside: it goes through the
  * exchanges that an operation has made, expects each frame, and takes from what reached the library
  * how the step must have ended. Blocks are made and read by the library's codecs, which have tests
  * of their own.

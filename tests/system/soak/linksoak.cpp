@@ -80,7 +80,7 @@ public:
 
     UnitAddress address(UnitAddress::Protocol protocol) const { return m_unit.address(protocol); }
 
-    /** Begins anew with what the unit holds now. */
+    /** Begins again with what the unit holds now. */
     void restart(const UnitFaults& faults)
     {
         m_unit.at([&](ControlUnit& unit, UnitServer& server) {
@@ -283,7 +283,7 @@ void LinkSoak::checkResult(const UnitResult& found, const UnitResult& expected)
     if (isOfLink(found)) {
         if (!found.failure.text.startsWith(m_address.toText()))
             throw Difference{QStringLiteral("no unit named: ") + found.failure.text};
-        // A machine that stands still is as good as a loss.
+        // A machine that pauses is as good as a loss.
         if (m_share == 0 && found.failure.error == LinkError::NoReply)
             ++m_stalls;
         else if (m_share == 0)

@@ -29,7 +29,7 @@ template <typename Soak> int runSoak(const char* operationsOtherwise)
         qEnvironmentVariable("SOAK_OPERATIONS", QString::fromLatin1(operationsOtherwise)).toInt();
     const uint seed = qEnvironmentVariable("SOAK_SEED", QStringLiteral("1")).toUInt();
     if (operations <= 0) {
-        std::fprintf(stderr, "SOAK_OPERATIONS is no number of operations\n");
+        std::fprintf(stderr, "SOAK_OPERATIONS is not a number of operations\n");
         return 2;
     }
     Soak soak(seed);

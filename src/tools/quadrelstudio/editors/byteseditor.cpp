@@ -38,12 +38,21 @@ int errorInText(const QString& text)
     return position;
 }
 
+/** Some platforms have no fixed font of their own. */
+QFont fixedFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (!QFontInfo(font).fixedPitch())
+        font.setFamily(QStringLiteral("monospace"));
+    return font;
+}
+
 QPlainTextEdit* newPane(const QString& name, QWidget* parent)
 {
     auto* pane = new QPlainTextEdit(parent);
     pane->setAccessibleName(name);
     pane->setTabChangesFocus(true);
-    pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    pane->setFont(fixedFont());
     pane->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     const QFontMetrics metrics(pane->font());
     const int margins =

@@ -8,6 +8,7 @@
 using namespace QuadrelDocument;
 
 EventNames::EventNames(const QVector<Event>& events)
+    : m_areKnown(true)
 {
     for (const Event& event : events) {
         if (m_names.contains(event.id))
@@ -18,9 +19,15 @@ EventNames::EventNames(const QVector<Event>& events)
     }
 }
 
+EventNames::EventNames(const Contents& contents)
+{
+    if (contents.events)
+        *this = EventNames(*contents.events);
+}
+
 QString EventNames::title(int id) const
 {
-    if (!contains(id))
+    if (isMissing(id))
         return QCoreApplication::translate("EventNames", "%1 (missing)").arg(id);
     return name(id).isEmpty() ? QString::number(id) : QStringLiteral("%1 %2").arg(id).arg(name(id));
 }

@@ -5,6 +5,7 @@
 
 #include "weekdays.h"
 
+#include <QtCore/QEvent>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QToolButton>
 
@@ -45,6 +46,30 @@ void WeekdayEditor::setValue(const QVariant& value)
         m_buttons.at(i)->setChecked(chosen.contains(m_numbers.at(i)));
 }
 
+void WeekdayEditor::changeEvent(QEvent* event)
+{
+    CellEditor::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (QToolButton* button : m_buttons)
+        showState(button);
+}
+
+/** Some styles show hardly a difference. */
+void WeekdayEditor::showState(QToolButton* button)
+{
+    const bool isChosen = button->isChecked();
+    QFont font = this->font();
+    font.setBold(isChosen);
+    button->setFont(font);
+    QPalette colors = palette();
+    if (isChosen) {
+        colors.setBrush(QPalette::Button, colors.brush(QPalette::Highlight));
+        colors.setBrush(QPalette::ButtonText, colors.brush(QPalette::HighlightedText));
+    }
+    button->setPalette(colors);
+}
+
 void WeekdayEditor::addButton(int number, const QString& text, const QString& name)
 {
     auto* button = new QToolButton(this);
@@ -55,6 +80,7 @@ void WeekdayEditor::addButton(int number, const QString& text, const QString& na
     button->setFocusPolicy(Qt::StrongFocus);
     button->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
     connect(button, &QToolButton::clicked, this, &WeekdayEditor::edited);
+    connect(button, &QToolButton::toggled, this, [this, button] { showState(button); });
     m_layout->addWidget(button);
     m_numbers.append(number);
     m_buttons.append(button);

@@ -23,7 +23,11 @@ public:
     QVariant value() const override;
     void setValue(const QVariant& value) override;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void showState(QToolButton* button);
     void addButton(int number, const QString& text, const QString& name);
 
     QVector<int> m_numbers;

@@ -50,7 +50,7 @@ public:
     /** No step if all is the same. */
     void replaceAll(const QuadrelDocument::Contents& contents, const QString& text);
 
-    /** Begins anew with other contents and without steps. */
+    /** Begins again with other contents and without steps. */
     void reset(const QuadrelDocument::Contents& contents);
 
 signals:

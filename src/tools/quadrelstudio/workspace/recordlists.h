@@ -32,7 +32,7 @@ template <> struct RecordList<QuadrelDocument::TimeTrigger> {
     static constexpr auto member = &QuadrelDocument::Contents::timeTriggers;
 };
 
-/** The records of a type; none if the contents do not tell of them. */
+/** The records of a type; none if the contents do not have them. */
 template <class Record> QVector<Record> recordsOf(const QuadrelDocument::Contents& contents)
 {
     return (contents.*RecordList<Record>::member).value_or(QVector<Record>());

@@ -73,7 +73,7 @@ public:
     /** Whether there are edits that neither the file nor the unit has. */
     bool isModified() const;
     /**
-     * Begins anew with the file's contents. What is wrong with the text, one finding to a line, if
+     * Begins again with the file's contents. What is wrong with the text, one finding to a line, if
      * it can't be taken as it is; everything stays as it was then.
      */
     QStringList openFile(const QString& path);
@@ -81,7 +81,7 @@ public:
     QString saveFile(const QString& path);
     /** What saving to the path would lose, a line each. */
     QStringList lossesIn(const QString& path) const;
-    /** Begins anew with contents that no file has, as those of an autosave. */
+    /** Begins again with contents that no file has, as those of an autosave. */
     void restore(const QuadrelDocument::Contents& contents, const QString& path);
 
     // The unit.
