@@ -8,6 +8,8 @@
 #include "tool.h"
 #include "unitaccess.h"
 
+#include <clocktime.h>
+
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
 
@@ -21,20 +23,6 @@ const QString now = QStringLiteral("now");
 QDateTime typedTime(const QString& text)
 {
     return QDateTime::fromString(text.simplified(), QStringLiteral("yyyy/MM/dd hh:mm:ss"));
-}
-
-/** What a unit's clock says, or an invalid time. The year of a text lacks the zero of 2001 to 2009.
- */
-QDateTime unitTime(const QString& text)
-{
-    static const QRegularExpression form(
-        QStringLiteral("^20(\\d{1,3})/(\\d+)/(\\d+) (\\d+):(\\d+):(\\d+)$"));
-    const QRegularExpressionMatch match = form.match(text);
-    const auto number = [&match](int group) { return match.captured(group).toInt(); };
-    const QDate date(2000 + number(1), number(2), number(3));
-    const QTime time(number(4), number(5), number(6));
-    return match.hasMatch() && date.isValid() && time.isValid() ? QDateTime(date, time)
-                                                                : QDateTime();
 }
 
 QString describeDifference(qint64 seconds)
@@ -56,7 +44,7 @@ QString describeDifference(qint64 seconds)
 
 void print(const QString& text, bool json)
 {
-    const QDateTime time = unitTime(text);
+    const QDateTime time = QuadrelWorkspace::clockTime(text);
     const qint64 difference = QDateTime::currentDateTime().secsTo(time);
     if (json) {
         QJsonObject object{{QStringLiteral("clock"), text}};
