@@ -65,6 +65,16 @@
     </message>
 </context>
 <context>
+    <name>LogPage</name>
+    <message numerus="yes">
+        <source>%n line(s)</source>
+        <translation>
+            <numerusform>%n line</numerusform>
+            <numerusform>%n lines</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message numerus="yes">
         <source>The program did not end well, and %n document(s) had unsaved changes. Open them?</source>

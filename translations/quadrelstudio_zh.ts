@@ -530,15 +530,14 @@
     </message>
 </context>
 <context>
+    <name>LogFiles</name>
+    <message>
+        <source>%1: this is the log itself; choose another name.</source>
+        <translation>%1：这就是日志本身；请另选名称。</translation>
+    </message>
+</context>
+<context>
     <name>LogPage</name>
-    <message>
-        <source>There are no frames to save yet.</source>
-        <translation>还没有可保存的帧。</translation>
-    </message>
-    <message>
-        <source>Save the log</source>
-        <translation>保存日志</translation>
-    </message>
     <message>
         <source>Logs (*.log);;All files (*)</source>
         <translation>日志 (*.log);;所有文件 (*)</translation>
@@ -548,12 +547,58 @@
         <translation>帧</translation>
     </message>
     <message>
-        <source>No frames yet. They appear when a unit is read or written.</source>
-        <translation>还没有帧。读取或写入设备时会出现。</translation>
+        <source>Lines &amp;with</source>
+        <translation>包含此文本的行(&amp;W)</translation>
     </message>
     <message>
-        <source>Save...</source>
-        <translation>保存...</translation>
+        <source>an address, “write”, the name of a place …</source>
+        <translation>地址、“write”、位置名称……</translation>
+    </message>
+    <message>
+        <source>Show only lines with this text</source>
+        <translation>只显示包含此文本的行</translation>
+    </message>
+    <message>
+        <source>&amp;Follow</source>
+        <translation>跟随(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Keeps the newest line in view</source>
+        <translation>始终显示最新的行</translation>
+    </message>
+    <message>
+        <source>Follow the newest line</source>
+        <translation>跟随最新的行</translation>
+    </message>
+    <message>
+        <source>&amp;Save for support…</source>
+        <translation>保存以供支持(&amp;S)…</translation>
+    </message>
+    <message>
+        <source>Save the whole log for support</source>
+        <translation>保存整个日志以供支持</translation>
+    </message>
+    <message>
+        <source>State of the log</source>
+        <translation>日志状态</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n line(s)</source>
+        <translation>
+            <numerusform>%n 行</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>older lines are in the file only</source>
+        <translation>更早的行只在文件中</translation>
+    </message>
+    <message>
+        <source>some lines could not be written</source>
+        <translation>有些行无法写入</translation>
+    </message>
+    <message>
+        <source>Save the log for support</source>
+        <translation>保存日志以供支持</translation>
     </message>
 </context>
 <context>

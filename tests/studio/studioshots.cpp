@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
+#include "logpage/logpage.h"
 #include "mainwindow/language.h"
 #include "pages/comparisonpage.h"
 #include "pages/firmwarepage.h"
-#include "pages/logpage.h"
 #include "pages/overviewpage.h"
 #include "pictures/mappicture.h"
 #include "pictures/weekpicture.h"

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "failonwarnings.h"
+#include "logpage/logpage.h"
 #include "mainwindow/language.h"
 #include "models/sectionmodel.h"
 #include "pages/comparisonpage.h"
 #include "pages/firmwarepage.h"
-#include "pages/logpage.h"
 #include "pages/operationbar.h"
 #include "pages/overviewpage.h"
 #include "pages/tablepage.h"
@@ -167,13 +167,11 @@ void TestUnitActions::logsFrames()
     QVERIFY(test.awaitUnit());
     LogPage& page = test.page->log();
     test.page->showPage(page);
-    QVERIFY(page.findChild<QPlainTextEdit*>()->toPlainText().contains(
-                QStringLiteral("(device information)"))
-        || page.findChild<QPlainTextEdit*>()->blockCount() > 10);
+    QTRY_VERIFY(page.findChild<QPlainTextEdit*>()->blockCount() > 10);
     const QString path = test.folder.filePath(QStringLiteral("support.log"));
-    QCOMPARE(page.save(path), QString());
+    QString error;
+    QVERIFY2(page.save(path, error), qPrintable(error));
     QVERIFY(QFileInfo(path).size() > 1000);
-    QVERIFY(!page.save(test.folder.filePath(QStringLiteral("no/such/folder"))).isEmpty());
 }
 
 void TestUnitActions::switchesTheLanguage()

@@ -3,11 +3,11 @@
 
 #include "unitpage.h"
 
+#include "logpage/logpage.h"
 #include "models/cellvalues.h"
 #include "pages/comparisonpage.h"
 #include "pages/findingslist.h"
 #include "pages/firmwarepage.h"
-#include "pages/logpage.h"
 #include "pages/operationbar.h"
 #include "pages/overviewpage.h"
 #include "pages/sectiontexts.h"
@@ -43,7 +43,7 @@ UnitPage::UnitPage(UnitWorkspace& workspace, QWidget* parent)
     , m_comparison(new ComparisonPage(workspace, this))
     , m_overview(new OverviewPage(workspace, this))
     , m_firmware(new FirmwarePage(workspace, this))
-    , m_log(new LogPage(workspace, this))
+    , m_log(new LogPage(workspace.logPath(), nullptr, this))
     , m_week(new WeekPicture(this))
     , m_map(new MapPicture(this))
 {
@@ -90,6 +90,7 @@ void UnitPage::connectPictures()
         m_map, &MapPicture::missingEventActivated, this, [this] { showSection(Section::Events); });
     connect(m_week, &WeekPicture::failed, m_bar, &OperationBar::showMessage);
     connect(m_map, &MapPicture::failed, m_bar, &OperationBar::showMessage);
+    connect(m_log, &LogPage::failed, m_bar, &OperationBar::showMessage);
     m_week->setFirstWeekday(firstWeekday());
     m_map->setFirstWeekday(firstWeekday());
     // Only a picture that is looked at is drawn.
