@@ -59,6 +59,8 @@ private slots:
     void linksToWhatIsThere_data();
     void linksToWhatIsThere();
     void isReachable();
+    void saysWhatItIsFor_data();
+    void saysWhatItIsFor();
     void namesWhatIsThere();
     void showsDrawnDiagrams_data();
     void showsDrawnDiagrams();
@@ -91,7 +93,7 @@ void TestGuide::linksToWhatIsThere_data()
     QTest::addColumn<QString>("name");
     for (const QString& name : pages())
         QTest::newRow(qPrintable(name)) << QStringLiteral("docs/") + name;
-    for (const char* name : {"README.md", "CONTRIBUTING.md"})
+    for (const char* name : {"README.md", "CONTRIBUTING.md", "SECURITY.md", "CODE_OF_CONDUCT.md"})
         QTest::newRow(name) << QString::fromLatin1(name);
 }
 
@@ -117,6 +119,24 @@ void TestGuide::isReachable()
             continue;
         QVERIFY2(index.contains(QLatin1Char('(') + name + QLatin1Char(')')), qPrintable(name));
     }
+}
+
+void TestGuide::saysWhatItIsFor_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const QString& name : pages())
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+/** Before its first section a page says what its reader can do after it. */
+void TestGuide::saysWhatItIsFor()
+{
+    QFETCH(QString, name);
+    const QString text = textOf(source + QStringLiteral("/docs/") + name);
+    const QString opening = text.section(QStringLiteral("\n## "), 0, 0);
+    QVERIFY(
+        opening.contains(QRegularExpression(QStringLiteral("\\bafter\\s+this\\s+page\\s+you\\b"),
+            QRegularExpression::CaseInsensitiveOption)));
 }
 
 /** Each Class::name of the architecture page is in the files of that class. */

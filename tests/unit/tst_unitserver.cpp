@@ -571,8 +571,17 @@ void TestUnitServer::cannotListenTwice()
 
 void TestUnitServer::cannotListenWhereUdpIsTaken()
 {
+    // A port that is free for TCP.
     QUdpSocket squatter;
-    QVERIFY(squatter.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress));
+    QTcpServer probe;
+    for (int i = 0; i < 100 && !probe.isListening(); ++i) {
+        squatter.close();
+        QVERIFY(squatter.bind(QHostAddress::LocalHost, 0, QAbstractSocket::DontShareAddress));
+        probe.listen(QHostAddress::LocalHost, squatter.localPort());
+    }
+    QVERIFY(probe.isListening());
+    probe.close();
+
     ControlUnit unit;
     UnitServer second(&unit);
     QString error;

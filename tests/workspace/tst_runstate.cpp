@@ -42,6 +42,7 @@ private slots:
     void saysItInWords();
     void comesBack();
     void leavesOutWhatIsNotKnown();
+    void cutsBetweenCharacters();
     void knowsItsUnits();
     void refuses_data();
     void refuses();
@@ -98,6 +99,23 @@ void TestRunState::leavesOutWhatIsNotKnown()
     QCOMPARE(loaded.errors, QStringList());
     QCOMPARE(loaded.state.command, QString());
     QVERIFY(!loaded.state.begun.isValid());
+}
+
+/** A long reason is cut, but not in the middle of a character of two code units. */
+void TestRunState::cutsBetweenCharacters()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("run.yaml"));
+    for (const int before : {0, 1}) {
+        RunState state = sampleState();
+        const QString smile = QString::fromUtf8("\xF0\x9F\x98\x80");
+        state.set(state.units.first().name, UnitState::Failed,
+            QString(before, QLatin1Char('x')) + smile.repeated(1000));
+        QCOMPARE(saveRunState(path, state), QString());
+        const LoadedRunState loaded = loadRunState(path);
+        QCOMPARE(loaded.errors, QStringList());
+        QCOMPARE(loaded.state.units.first().reason, state.units.first().reason);
+    }
 }
 
 void TestRunState::knowsItsUnits()

@@ -5,22 +5,9 @@
 
 #include "tool.h"
 
-#include <QtCore/QRegularExpression>
+#include <clocktime.h>
 
 #include <cstdlib>
-
-QDateTime unitTime(const QString& text)
-{
-    // The year of a text lacks the zero of 2001 to 2009.
-    static const QRegularExpression form(
-        QStringLiteral("^20(\\d{1,3})/(\\d+)/(\\d+) (\\d+):(\\d+):(\\d+)$"));
-    const QRegularExpressionMatch match = form.match(text);
-    const auto number = [&match](int group) { return match.captured(group).toInt(); };
-    const QDate date(2000 + number(1), number(2), number(3));
-    const QTime time(number(4), number(5), number(6));
-    return match.hasMatch() && date.isValid() && time.isValid() ? QDateTime(date, time)
-                                                                : QDateTime();
-}
 
 QString describeDifference(qint64 seconds)
 {
@@ -41,7 +28,7 @@ QString describeDifference(qint64 seconds)
 
 QString clockLine(const QString& text)
 {
-    const QDateTime time = unitTime(text);
+    const QDateTime time = QuadrelWorkspace::clockTime(text);
     const qint64 difference = QDateTime::currentDateTime().secsTo(time);
     return QStringLiteral("%1  (%2)")
         .arg(text, time.isValid() ? describeDifference(difference) : Tool::tr("not a real time"));
@@ -50,7 +37,7 @@ QString clockLine(const QString& text)
 QJsonObject clockToJson(const QString& text)
 {
     QJsonObject object{{QStringLiteral("clock"), text}};
-    const QDateTime time = unitTime(text);
+    const QDateTime time = QuadrelWorkspace::clockTime(text);
     if (time.isValid())
         object.insert(
             QStringLiteral("differenceSeconds"), QDateTime::currentDateTime().secsTo(time));

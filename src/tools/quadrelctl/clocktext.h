@@ -3,12 +3,8 @@
 
 #pragma once
 
-#include <QtCore/QDateTime>
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
-
-/** What a unit's clock says, or an invalid time. */
-QDateTime unitTime(const QString& text);
 
 /** How far a unit's clock is from this machine's, as in "00:00:02 ahead of this machine's". */
 QString describeDifference(qint64 seconds);

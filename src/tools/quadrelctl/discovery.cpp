@@ -9,7 +9,6 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
-#include <QtCore/QRegularExpression>
 #include <QtCore/QTimer>
 #include <QtNetwork/QNetworkInterface>
 #include <QtNetwork/QUdpSocket>
@@ -27,23 +26,6 @@ bool hasUsableAddress()
     const QList<QHostAddress> addresses = QNetworkInterface::allAddresses();
     return std::any_of(addresses.begin(), addresses.end(),
         [](const QHostAddress& address) { return !address.isLoopback(); });
-}
-
-/** A reply may also have been heard under the IPv6 form of the unit's address, as another unit. */
-FoundUnits withoutMappedTwins(const FoundUnits& found)
-{
-    FoundUnits units;
-    for (auto it = found.begin(); it != found.end(); ++it) {
-        bool isIpv4 = false;
-        const QHostAddress ipv4(QHostAddress(it.key()).toIPv4Address(&isIpv4));
-        const QString address = isIpv4 ? ipv4.toString() : it.key();
-        if (address != it.key() && found.contains(address))
-            continue;
-        serverData unit = it.value();
-        unit.ip = address;
-        units.insert(address, unit);
-    }
-    return units;
 }
 
 /** The library's search says nothing if it can't hear. */
@@ -70,7 +52,9 @@ public:
         , m_length(length)
     {
         connect(&m_search, &SearchDevice::signal_updateDeviceList, this,
-            [this](const FoundUnits& found) { m_units = withoutMappedTwins(found); });
+            [this](const FoundUnits& found) {
+                m_units = QuadrelWorkspace::withoutMappedTwins(found);
+            });
     }
 
     FoundUnits run(SearchEnd end)
@@ -132,19 +116,6 @@ FoundUnits searchNetwork(SearchEnd end, const std::optional<QString>& upgradeNam
     if (units.isEmpty())
         throw CommandFailure{Tool::tr("no unit has answered within %1 ms").arg(length)};
     return units;
-}
-
-UnitAddress addressOf(const serverData& unit)
-{
-    static const QRegularExpression port(QStringLiteral(";port=(\\d+)(;|$)"));
-    const QByteArray reply = unit.data;
-    bool isNumber = false;
-    const ushort named = port.match(QString::fromUtf8(reply)).captured(1).toUShort(&isNumber);
-    UnitAddress address;
-    address.host = QString(unit.ip);
-    if (isNumber && named != 0)
-        address.port = named;
-    return address;
 }
 
 UnitAddress findOnlyUnit()

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "searchdevice.h"
-#include "unitaddress.h"
+#include <searchresult.h>
 
 #include <QtCore/QMap>
 #include <QtCore/QString>
@@ -22,8 +21,7 @@ enum class SearchEnd { OfTime, FirstAnswer };
  */
 FoundUnits searchNetwork(SearchEnd end, const std::optional<QString>& upgradeName = std::nullopt);
 
-/** Where a unit takes requests: at the port that its reply names, or at the one of all units. */
-UnitAddress addressOf(const serverData& unit);
+using QuadrelWorkspace::addressOf;
 
 /** Throws CommandFailure unless exactly one unit answers. */
 UnitAddress findOnlyUnit();

@@ -3,13 +3,13 @@
 
 #include "byteseditor.h"
 
+#include "fixedfont.h"
 #include "hexinput.h"
 
 #include <unitcontents.h>
 
 #include <QtCore/QEvent>
 #include <QtCore/QSignalBlocker>
-#include <QtGui/QFontDatabase>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPlainTextEdit>
@@ -36,15 +36,6 @@ int errorInText(const QString& text)
         position += length;
     }
     return position;
-}
-
-/** Some platforms have no fixed font of their own. */
-QFont fixedFont()
-{
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    if (!QFontInfo(font).fixedPitch())
-        font.setFamily(QStringLiteral("monospace"));
-    return font;
 }
 
 QPlainTextEdit* newPane(const QString& name, QWidget* parent)

@@ -3,13 +3,21 @@
 
 #include "mainwindow.h"
 
+#include "dialogs/plandialog.h"
+#include "language.h"
+#include "pages/comparisonpage.h"
 #include "pages/operationbar.h"
 #include "units/unitpage.h"
+#include "units/unitspanel.h"
 #include "workspace/unitworkspace.h"
 
 #include <QtCore/QEvent>
+#include <QtCore/QFileInfo>
+#include <QtCore/QMimeData>
+#include <QtCore/QSettings>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QActionGroup>
 #include <QtWidgets/QDockWidget>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QInputDialog>
@@ -23,10 +31,43 @@
 
 #include <algorithm>
 
-MainWindow::MainWindow(const QuadrelWorkspace::WorkOptions& options, QWidget* parent)
+namespace {
+
+/** Milliseconds from an edit until it is kept over a crash. */
+constexpr int autosaveDelay = 5000;
+/** How many units and documents of earlier runs are listed. */
+constexpr int mostRecent = 20;
+
+/** What the autosave calls it by. */
+int keyOf(const UnitWorkspace& workspace)
+{
+    return workspace.property("key").toInt();
+}
+
+/** What is known of a unit or a document, in a word. */
+QString stateOf(const UnitWorkspace& workspace)
+{
+    if (workspace.isBusy())
+        return MainWindow::tr("busy");
+    if (!workspace.unitError().isEmpty())
+        return MainWindow::tr("failed");
+    if (workspace.isModified())
+        return MainWindow::tr("changed");
+    if (workspace.differsFromUnit())
+        return MainWindow::tr("differs");
+    return workspace.held() ? MainWindow::tr("read") : QString();
+}
+
+} // namespace
+
+MainWindow::MainWindow(
+    const QuadrelWorkspace::WorkOptions& options, UnitSearch* search, QWidget* parent)
     : QMainWindow(parent)
     , m_options(options)
+    , m_autosave(options.folders.settings + QStringLiteral("/quadrelstudio-autosave"))
     , m_undoGroup(new QUndoGroup(this))
+    , m_unitsDock(new QDockWidget(this))
+    , m_units(new UnitsPanel(search, m_unitsDock))
     , m_tabs(new QTabWidget(this))
     , m_undoDock(new QDockWidget(this))
     , m_undoView(new QUndoView(m_undoGroup, m_undoDock))
@@ -34,6 +75,8 @@ MainWindow::MainWindow(const QuadrelWorkspace::WorkOptions& options, QWidget* pa
     , m_editMenu(menuBar()->addMenu(QString()))
     , m_unitMenu(menuBar()->addMenu(QString()))
     , m_viewMenu(menuBar()->addMenu(QString()))
+    , m_languageMenu(m_viewMenu->addMenu(QString()))
+    , m_languages(new QActionGroup(this))
     , m_toolBar(addToolBar(QString()))
 {
     m_tabs->setDocumentMode(true);
@@ -43,6 +86,17 @@ MainWindow::MainWindow(const QuadrelWorkspace::WorkOptions& options, QWidget* pa
     connect(m_tabs, &QTabWidget::currentChanged, this, &MainWindow::switchPage);
     connect(m_tabs, &QTabWidget::tabCloseRequested, this, &MainWindow::closePage);
 
+    m_unitsDock->setObjectName(QStringLiteral("units"));
+    m_unitsDock->setWidget(m_units);
+    addDockWidget(Qt::LeftDockWidgetArea, m_unitsDock);
+    connect(m_units, &UnitsPanel::unitActivated, this, &MainWindow::openUnit);
+    connect(m_units, &UnitsPanel::documentActivated, this, &MainWindow::openFile);
+    connect(m_units, &UnitsPanel::addressWanted, this, &MainWindow::askForAddress);
+    setAcceptDrops(true);
+    m_autosaveTimer.setSingleShot(true);
+    m_autosaveTimer.setInterval(autosaveDelay);
+    connect(&m_autosaveTimer, &QTimer::timeout, this, &MainWindow::autosave);
+
     m_undoDock->setObjectName(QStringLiteral("steps"));
     m_undoDock->setWidget(m_undoView);
     addDockWidget(Qt::RightDockWidgetArea, m_undoDock);
@@ -51,9 +105,10 @@ MainWindow::MainWindow(const QuadrelWorkspace::WorkOptions& options, QWidget* pa
     m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
     makeActions();
-    const QSize usualSize(1200, 800);
+    const QSize usualSize(1280, 800);
     resize(usualSize);
     retranslate();
+    loadState();
     update();
 }
 
@@ -82,6 +137,7 @@ void MainWindow::makeActions()
     addAction(m_fileMenu, m_save, QKeySequence::Save, &MainWindow::saveCurrent);
     addAction(m_fileMenu, m_saveAs, Qt::CTRL | Qt::SHIFT | Qt::Key_S, &MainWindow::saveCurrentAs);
     m_fileMenu->addSeparator();
+    addAction(m_fileMenu, m_reload, Qt::CTRL | Qt::SHIFT | Qt::Key_R, &MainWindow::reloadCurrent);
     addAction(m_fileMenu, m_close, Qt::CTRL | Qt::Key_W, &MainWindow::closeCurrent);
     m_quit = m_fileMenu->addAction(QString(), this, &QWidget::close);
     m_quit->setShortcut(Qt::CTRL | Qt::Key_Q);
@@ -97,7 +153,10 @@ void MainWindow::makeActions()
     addAction(m_unitMenu, m_write, Qt::Key_F6, &MainWindow::writeCurrent);
     addAction(m_unitMenu, m_cancel, Qt::CTRL | Qt::Key_Period, &MainWindow::cancelCurrent);
 
+    m_viewMenu->addAction(m_unitsDock->toggleViewAction());
     m_viewMenu->addAction(m_undoDock->toggleViewAction());
+    addLanguage(QStringLiteral("en"), QStringLiteral("English"));
+    addLanguage(QStringLiteral("zh"), QStringLiteral("中文"));
     m_toolBar->addActions({m_open, m_save});
     m_toolBar->addSeparator();
     m_toolBar->addActions({m_undo, m_redo});
@@ -114,11 +173,24 @@ UnitPage* MainWindow::currentPage() const
 UnitPage* MainWindow::addPage(std::unique_ptr<UnitWorkspace> workspace)
 {
     UnitWorkspace& shown = *workspace;
+    shown.setProperty("key", ++m_lastKey);
     m_workspaces.push_back(std::move(workspace));
     m_undoGroup->addStack(&shown.document().undoStack());
     connect(&shown, &UnitWorkspace::stateChanged, this, &MainWindow::update);
     connect(&shown, &UnitWorkspace::started, this, &MainWindow::update);
+    connect(&shown.document(), &EditableContents::changed, &m_autosaveTimer,
+        qOverload<>(&QTimer::start));
+    if (shown.address())
+        m_units->addUnit(*shown.address(), QString());
     auto* page = new UnitPage(shown, m_tabs);
+    connect(&shown, &UnitWorkspace::planReady, page,
+        [this, page](
+            const QuadrelDocument::Plan& plan, bool isStale) { askToWrite(*page, plan, isStale); });
+    connect(&shown, &UnitWorkspace::fileChanged, page, [page] {
+        page->operationBar().showMessage(tr("%1 was changed by another program. \"Read the file "
+                                            "again\" in the File menu shows what is in it now.")
+                                             .arg(page->workspace().filePath()));
+    });
     m_tabs->setCurrentIndex(m_tabs->addTab(page, QString()));
     update();
     return page;
@@ -255,6 +327,7 @@ void MainWindow::closePage(int index)
     if (!maySave(*page))
         return;
     const UnitWorkspace* closed = &page->workspace();
+    m_autosave.drop(keyOf(*closed));
     m_tabs->removeTab(index);
     delete page;
     const auto isClosed = [closed](const auto& workspace) { return workspace.get() == closed; };
@@ -271,6 +344,117 @@ void MainWindow::closeEvent(QCloseEvent* event)
             return;
         }
     }
+    saveState();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile())
+            openFile(url.toLocalFile());
+    }
+    event->acceptProposedAction();
+}
+
+void MainWindow::addUnit(const UnitAddress& address, const QString& name)
+{
+    m_units->addUnit(address, name);
+}
+
+void MainWindow::autosave()
+{
+    for (const auto& workspace : m_workspaces) {
+        const int key = keyOf(*workspace);
+        if (workspace->isModified())
+            m_autosave.keep(key, workspace->contents(), workspace->filePath());
+        else
+            m_autosave.drop(key);
+    }
+}
+
+void MainWindow::offerAutosaves()
+{
+    const QVector<Autosave::Kept> kept = m_autosave.left();
+    if (kept.isEmpty())
+        return;
+    auto* box = new QMessageBox(QMessageBox::Question, tr("Unsaved changes"),
+        tr("The program did not end well, and %n document(s) had unsaved changes. Open them?",
+            nullptr, kept.size()),
+        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QMessageBox::finished, this, [this, kept](int answer) {
+        if (answer == QMessageBox::Yes)
+            restore(kept);
+        if (answer == QMessageBox::No)
+            Autosave::forget(kept);
+    });
+    box->open();
+}
+
+void MainWindow::restore(const QVector<Autosave::Kept>& kept)
+{
+    for (const Autosave::Kept& copy : kept) {
+        auto workspace = std::make_unique<UnitWorkspace>(m_options);
+        workspace->restore(copy.contents, copy.path);
+        addPage(std::move(workspace));
+    }
+    // They are kept again first, so that none is ever without a copy.
+    autosave();
+    Autosave::forget(kept);
+}
+
+void MainWindow::reloadCurrent()
+{
+    UnitPage* page = currentPage();
+    const QStringList faults = page->workspace().openFile(page->workspace().filePath());
+    if (!faults.isEmpty())
+        page->operationBar().showMessage(faults.first());
+}
+
+void MainWindow::addLanguage(const QString& language, const QString& name)
+{
+    QAction* action = m_languageMenu->addAction(name);
+    action->setCheckable(true);
+    action->setChecked(language == Language::current());
+    m_languages->addAction(action);
+    connect(action, &QAction::triggered, this, [language] { Language::install(language); });
+}
+
+QString MainWindow::settingsPath() const
+{
+    return m_options.folders.settings + QStringLiteral("/quadrelstudio.ini");
+}
+
+void MainWindow::loadState()
+{
+    const QSettings saved(settingsPath(), QSettings::IniFormat);
+    restoreGeometry(saved.value(QStringLiteral("geometry")).toByteArray());
+    restoreState(saved.value(QStringLiteral("state")).toByteArray());
+    const QStringList units = saved.value(QStringLiteral("units")).toStringList();
+    for (const QString& unit : units) {
+        if (const auto address = UnitAddress::fromText(unit))
+            m_units->addUnit(*address, QString());
+    }
+    const QStringList documents = saved.value(QStringLiteral("documents")).toStringList();
+    for (const QString& document : documents)
+        m_units->addDocument(document);
+}
+
+void MainWindow::saveState()
+{
+    QSettings saved(settingsPath(), QSettings::IniFormat);
+    saved.setValue(QStringLiteral("geometry"), saveGeometry());
+    saved.setValue(QStringLiteral("state"), QMainWindow::saveState());
+    saved.setValue(QStringLiteral("units"), QStringList(m_units->units().mid(0, mostRecent)));
+    saved.setValue(
+        QStringLiteral("documents"), QStringList(m_units->documents().mid(0, mostRecent)));
 }
 
 void MainWindow::readCurrent()
@@ -288,6 +472,16 @@ void MainWindow::cancelCurrent()
     currentPage()->workspace().cancel();
 }
 
+void MainWindow::askToWrite(UnitPage& page, const QuadrelDocument::Plan& plan, bool isStale)
+{
+    UnitWorkspace& workspace = page.workspace();
+    auto* dialog = new PlanDialog(workspace.title(), plan, isStale, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, &workspace, [&workspace, plan] { workspace.write(plan); });
+    connect(dialog, &QDialog::rejected, &workspace, &UnitWorkspace::leavePlan);
+    dialog->open();
+}
+
 void MainWindow::switchPage()
 {
     UnitPage* page = currentPage();
@@ -295,12 +489,27 @@ void MainWindow::switchPage()
     update();
 }
 
+void MainWindow::showWhere(const UnitWorkspace& workspace)
+{
+    if (workspace.address())
+        m_units->setUnitState(*workspace.address(), stateOf(workspace));
+    if (!workspace.filePath().isEmpty()) {
+        m_units->addDocument(workspace.filePath());
+        m_units->setDocumentState(workspace.filePath(), stateOf(workspace));
+    }
+}
+
 void MainWindow::update()
 {
+    QVector<UnitWorkspace*> all;
+    for (const auto& workspace : m_workspaces)
+        all.append(workspace.get());
     const UnitPage* page = currentPage();
     const UnitWorkspace* shown = page ? &page->workspace() : nullptr;
     for (int i = 0; i < m_tabs->count(); ++i) {
         const UnitWorkspace& workspace = static_cast<UnitPage*>(m_tabs->widget(i))->workspace();
+        showWhere(workspace);
+        static_cast<UnitPage*>(m_tabs->widget(i))->comparison().setOthers(all);
         m_tabs->setTabText(
             i, workspace.title() + (workspace.isModified() ? QStringLiteral(" *") : QString()));
     }
@@ -310,9 +519,11 @@ void MainWindow::update()
     m_cancel->setEnabled(shown && shown->isBusy());
     for (QAction* action : {m_save, m_saveAs, m_close})
         action->setEnabled(shown);
-    setWindowModified(shown && shown->isModified());
+    m_reload->setEnabled(shown && !shown->filePath().isEmpty());
     setWindowTitle(shown ? QStringLiteral("%1[*] - quadrelstudio").arg(shown->title())
                          : QStringLiteral("quadrelstudio"));
+    // Only a title with a place for the mark takes it.
+    setWindowModified(shown && shown->isModified());
 }
 
 void MainWindow::changeEvent(QEvent* event)
@@ -337,7 +548,10 @@ void MainWindow::retranslate()
     m_openUnit->setText(tr("Open a &unit..."));
     m_save->setText(tr("&Save"));
     m_saveAs->setText(tr("Save &as..."));
+    m_reload->setText(tr("Read the file &again"));
     m_close->setText(tr("&Close"));
+    m_unitsDock->setWindowTitle(tr("Units"));
+    m_languageMenu->setTitle(tr("&Language"));
     m_quit->setText(tr("&Quit"));
     m_read->setText(tr("&Read"));
     m_write->setText(tr("&Write..."));

@@ -3,27 +3,35 @@
 
 #pragma once
 
+#include "workspace/autosave.h"
+
+#include <contentsplan.h>
 #include <unitaddress.h>
 #include <unitwork.h>
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QMainWindow>
 
 #include <memory>
 #include <vector>
 
+class QActionGroup;
 class QTabWidget;
 class QUndoGroup;
 class QUndoView;
 class UnitPage;
+class UnitSearch;
 class UnitWorkspace;
+class UnitsPanel;
 
 /** The one window of the application: units on the left, their pages beside them. */
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit MainWindow(
-        const QuadrelWorkspace::WorkOptions& options = {}, QWidget* parent = nullptr);
+    /** `search` finds units, and outlives the window; null for none. */
+    explicit MainWindow(const QuadrelWorkspace::WorkOptions& options = {},
+        UnitSearch* search = nullptr, QWidget* parent = nullptr);
     ~MainWindow() override;
 
     /** Opens a document, or shows it if it is open; null, and a message, if it can't be read. */
@@ -31,12 +39,21 @@ public:
     /** Opens the page of a unit, and reads it. */
     UnitPage* openUnit(const UnitAddress& address);
     UnitPage* newDocument();
+    /** Puts a unit on the list. */
+    void addUnit(const UnitAddress& address, const QString& name);
+    UnitsPanel& units() { return *m_units; }
+    /** Opens what runs of the program left that did not end well, if the user wants it. */
+    void offerAutosaves();
+    /** Keeps all unsaved contents over a crash; done by itself a while after each edit. */
+    void autosave();
     /** The page in front; null if there is none. */
     UnitPage* currentPage() const;
 
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void makeActions();
@@ -57,12 +74,25 @@ private:
     void readCurrent();
     void writeCurrent();
     void cancelCurrent();
+    void askToWrite(UnitPage& page, const QuadrelDocument::Plan& plan, bool isStale);
+    void reloadCurrent();
+    void addLanguage(const QString& language, const QString& name);
+    void restore(const QVector<Autosave::Kept>& kept);
+    void showWhere(const UnitWorkspace& workspace);
+    QString settingsPath() const;
+    void loadState();
+    void saveState();
     void switchPage();
     void update();
     void retranslate();
 
     const QuadrelWorkspace::WorkOptions m_options;
+    int m_lastKey = 0;
+    Autosave m_autosave;
+    QTimer m_autosaveTimer;
     QUndoGroup* m_undoGroup;
+    QDockWidget* m_unitsDock;
+    UnitsPanel* m_units;
     QTabWidget* m_tabs;
     QDockWidget* m_undoDock;
     QUndoView* m_undoView;
@@ -72,6 +102,8 @@ private:
     QMenu* m_editMenu;
     QMenu* m_unitMenu;
     QMenu* m_viewMenu;
+    QMenu* m_languageMenu;
+    QActionGroup* m_languages;
     QToolBar* m_toolBar;
     QAction* m_new = nullptr;
     QAction* m_open = nullptr;
@@ -79,6 +111,7 @@ private:
     QAction* m_save = nullptr;
     QAction* m_saveAs = nullptr;
     QAction* m_close = nullptr;
+    QAction* m_reload = nullptr;
     QAction* m_quit = nullptr;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;

@@ -59,7 +59,8 @@ template <class Record> EditorRequest RecordModel<Record>::editorRequest(int row
 
 template <class Record> void RecordModel<Record>::addRow(int row)
 {
-    document().template insert<Record>(row, {newRecord<Record>(workspace().contents())}, tr("Add"));
+    document().template insert<Record>(
+        row, {newRecord<Record>(workspace().contents())}, SectionModel::tr("Add"));
 }
 
 template <class Record> void RecordModel<Record>::duplicateRows(QList<int> rows)
@@ -71,7 +72,7 @@ template <class Record> void RecordModel<Record>::duplicateRows(QList<int> rows)
     for (const int row : rows)
         copies.append(record(row));
     renumber(copies, workspace().contents());
-    document().insert(rows.last() + 1, copies, tr("Duplicate"));
+    document().insert(rows.last() + 1, copies, SectionModel::tr("Duplicate"));
 }
 
 template <class Record> void RecordModel<Record>::removeRecords(QList<int> rows)
@@ -79,9 +80,9 @@ template <class Record> void RecordModel<Record>::removeRecords(QList<int> rows)
     const auto runs = runsOf(rows);
     if (runs.isEmpty())
         return;
-    document().undoStack().beginMacro(tr("Delete"));
+    document().undoStack().beginMacro(SectionModel::tr("Delete"));
     for (const auto& run : runs)
-        document().template remove<Record>(run.first, run.second, tr("Delete"));
+        document().template remove<Record>(run.first, run.second, SectionModel::tr("Delete"));
     document().undoStack().endMacro();
 }
 
@@ -93,20 +94,20 @@ template <class Record> void RecordModel<Record>::moveRecords(QList<int> rows, i
             && destination <= runs.first().first + runs.first().second);
     if (staysThere)
         return;
-    document().undoStack().beginMacro(tr("Move"));
+    document().undoStack().beginMacro(SectionModel::tr("Move"));
     // Runs above the destination move the rows up to it when they go.
     int end = destination;
     int begin = destination;
     for (const auto& run : runs) {
         if (run.first >= destination)
             continue;
-        document().template move<Record>(run.first, run.second, end, tr("Move"));
+        document().template move<Record>(run.first, run.second, end, SectionModel::tr("Move"));
         end -= run.second;
     }
     for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
         if (run->first < destination)
             continue;
-        document().template move<Record>(run->first, run->second, begin, tr("Move"));
+        document().template move<Record>(run->first, run->second, begin, SectionModel::tr("Move"));
         begin += run->second;
     }
     document().undoStack().endMacro();
@@ -129,7 +130,8 @@ template <class Record> QString RecordModel<Record>::insertText(int row, const Q
                 continue;
             QVariant value;
             if (!readCell(target.kindFor(record), *cell, value))
-                return tr("Line %1, %2: \"%3\" can't be understood; nothing was inserted")
+                return SectionModel::tr(
+                    "Line %1, %2: \"%3\" can't be understood; nothing was inserted")
                     .arg(rows.firstLine + line)
                     .arg(title(column), cell->left(longestShownCell));
             target.set(record, value);
@@ -137,9 +139,9 @@ template <class Record> QString RecordModel<Record>::insertText(int row, const Q
         records.append(record);
     }
     if (records.isEmpty())
-        return tr("There are no rows to insert");
+        return SectionModel::tr("There are no rows to insert");
     renumber(records, workspace().contents());
-    document().insert(row, records, tr("Paste"));
+    document().insert(row, records, SectionModel::tr("Paste"));
     return QString();
 }
 
@@ -150,7 +152,8 @@ bool RecordModel<Record>::setData(const QModelIndex& index, const QVariant& valu
         return false;
     Record record = this->record(index.row());
     columnOf(index.column()).set(record, value);
-    document().replace(index.row(), record, tr("Change %1").arg(title(index.column())));
+    document().replace(
+        index.row(), record, SectionModel::tr("Change %1").arg(title(index.column())));
     return true;
 }
 

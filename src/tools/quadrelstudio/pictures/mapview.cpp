@@ -16,8 +16,8 @@ namespace {
 using Node = TriggerMap::Node;
 using Column = TriggerMap::Column;
 
-constexpr qreal boxChars = 30;
-constexpr qreal gapChars = 16;
+constexpr qreal boxChars = 28;
+constexpr qreal gapChars = 12;
 constexpr qreal boxLines = 2.4;
 constexpr qreal rowLines = 2.9;
 

@@ -52,7 +52,7 @@ PictureView::PictureView(QWidget* parent)
     scene()->setPalette(wholePalette(palette()));
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     setMouseTracking(true);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     setTransformationAnchor(AnchorUnderMouse);
 }
 

@@ -24,7 +24,7 @@ constexpr int hoursOfDay = 24;
 constexpr int blockMinutes = 20;
 constexpr qreal blockLines = 1.35;
 constexpr qreal headerLines = 2.5;
-constexpr qreal leastDayChars = 17;
+constexpr qreal leastDayChars = 18;
 constexpr qreal laneChars = 12;
 constexpr qreal blockGap = 2;
 
@@ -312,11 +312,12 @@ void WeekView::addHeaders(const WeekGrid& grid)
     for (int day = 0; day < WeekPlan::days; ++day) {
         const QDate date = m_plan.dayAt(day);
         const bool isToday = day == today();
-        const QString name = Weekdays::longName(static_cast<Qt::DayOfWeek>(date.dayOfWeek()));
-        const QString iso = date.toString(Qt::ISODate);
+        const auto weekday = static_cast<Qt::DayOfWeek>(date.dayOfWeek());
+        const QString name = isToday ? tr("%1, today").arg(Weekdays::shortName(weekday))
+                                     : Weekdays::longName(weekday);
         const QRectF column = grid.column(day);
         days.append({QRectF(column.left(), 0, column.width(), grid.headerHeight()),
-            name + QLatin1Char('\n') + (isToday ? tr("%1, today").arg(iso) : iso), isToday});
+            name + QLatin1Char('\n') + date.toString(Qt::ISODate), isToday});
     }
     QVector<WeekHeader::Cell> hours;
     for (int hour = 0; hour <= hoursOfDay; ++hour) {

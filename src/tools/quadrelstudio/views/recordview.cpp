@@ -36,9 +36,9 @@ void RecordView::fitColumns()
 {
     if (!model())
         return;
-    const int widest = fontMetrics().averageCharWidth() * 48;
+    const int widest = fontMetrics().averageCharWidth() * 32;
     const int space = fontMetrics().averageCharWidth() * 3;
-    for (int column = 0; column < model()->columnCount(); ++column) {
+    for (int column = 0; column < model()->columnCount() - 1; ++column) {
         const int wanted =
             qMax(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column));
         setColumnWidth(column, qMin(wanted + space, widest));

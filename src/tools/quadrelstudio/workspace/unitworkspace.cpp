@@ -8,6 +8,7 @@
 #include <contentscheck.h>
 #include <projectdocument.h>
 
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
 using namespace QuadrelDocument;
@@ -27,14 +28,29 @@ Findings textFaults(const LoadedFile& file, const QString& path)
                                       : parseDocument(file.text, file.form).findings;
 }
 
+QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(maximumDocumentSize) : QByteArray();
+}
+
 } // namespace
 
 UnitWorkspace::UnitWorkspace(const WorkOptions& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
 {
+    QString error;
+    m_options.link.log = FrameLog::toFile(logPath(), error);
     m_checkTimer.setSingleShot(true);
     m_checkTimer.setInterval(pauseBeforeCheck);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] {
+        // A program that replaces the file ends the watch.
+        if (!m_watcher.files().contains(m_filePath) && QFileInfo::exists(m_filePath))
+            m_watcher.addPath(m_filePath);
+        if (isFileChanged())
+            emit fileChanged();
+    });
     connect(&m_checkTimer, &QTimer::timeout, this, &UnitWorkspace::check);
     connect(&m_document, &EditableContents::changed, &m_checkTimer, qOverload<>(&QTimer::start));
     connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &UnitWorkspace::stateChanged);
@@ -96,6 +112,7 @@ QStringList UnitWorkspace::openFile(const QString& path)
     }
     m_filePath = path;
     m_isRestored = false;
+    watchFile();
     m_document.reset(file.contents);
     check();
     emit stateChanged();
@@ -109,9 +126,23 @@ QString UnitWorkspace::saveFile(const QString& path)
         return error;
     m_filePath = path;
     m_isRestored = false;
+    watchFile();
     m_document.undoStack().setClean();
     emit stateChanged();
     return QString();
+}
+
+void UnitWorkspace::watchFile()
+{
+    if (!m_watcher.files().isEmpty())
+        m_watcher.removePaths(m_watcher.files());
+    m_watcher.addPath(m_filePath);
+    m_fileText = bytesOf(m_filePath);
+}
+
+bool UnitWorkspace::isFileChanged() const
+{
+    return !m_filePath.isEmpty() && bytesOf(m_filePath) != m_fileText;
 }
 
 QStringList UnitWorkspace::lossesIn(const QString& path) const
@@ -139,6 +170,12 @@ bool UnitWorkspace::differsFromUnit() const
     return m_held && !compareContents(*m_held, contents()).isEmpty();
 }
 
+QList<Backup> UnitWorkspace::backups() const
+{
+    const auto& device = m_held ? m_held->device : contents().device;
+    return device ? Backups(m_options.folders.backups).list(device->serialNumber) : QList<Backup>();
+}
+
 void UnitWorkspace::check()
 {
     m_checkTimer.stop();
@@ -154,8 +191,23 @@ void UnitWorkspace::read()
 
 void UnitWorkspace::prepareWriting()
 {
+    PlanOptions options;
+    options.fromProject = formOfFile(m_filePath) == Form::Project;
+    const auto plan = std::make_shared<Plan>();
+    m_plan = plan;
     start(Operation::Prepare,
-        [](UnitWork& unit, const auto& progress) { return unit.read(progress); });
+        [plan, options, wanted = contents()](UnitWork& unit, const auto& progress) {
+            WorkResult result = unit.read(progress);
+            if (result)
+                *plan = makePlan(wanted, result.contents, options);
+            return result;
+        });
+}
+
+void UnitWorkspace::leavePlan()
+{
+    if (m_work && !isBusy())
+        m_work->release();
 }
 
 void UnitWorkspace::write(const Plan& plan)
@@ -241,20 +293,31 @@ void UnitWorkspace::finish(const WorkResult& result)
     const bool isWhole = result
         && (operation == Operation::Read || operation == Operation::Prepare
             || operation == Operation::Write);
+    const bool isStale = isWhole && m_held && !compareContents(*m_held, result.contents).isEmpty();
+    if (result)
+        takeClock(result.contents);
     if (isWhole)
         takeHeld(result.contents);
     if (result && operation == Operation::Read)
         takeRead(result.contents);
+    if (result && operation == Operation::Write && m_filePath.isEmpty())
+        m_document.undoStack().setClean();
     // The next one to work on the unit may be another program.
-    if (operation != Operation::Prepare)
+    if (!result || operation != Operation::Prepare)
         m_work->release();
     emit stateChanged();
     emit finished(operation, result);
-    if (result && operation == Operation::Prepare) {
-        PlanOptions options;
-        options.fromProject = formOfFile(m_filePath) == Form::Project;
-        emit planReady(makePlan(contents(), result.contents, options));
-    }
+    if (result && operation == Operation::Prepare)
+        emit planReady(*m_plan, isStale);
+}
+
+void UnitWorkspace::takeClock(const Contents& contents)
+{
+    if (!contents.clock)
+        return;
+    m_clock = *contents.clock;
+    m_clockTaken = QDateTime::currentDateTime();
+    emit clockChanged();
 }
 
 void UnitWorkspace::takeHeld(const Contents& contents)
@@ -264,8 +327,11 @@ void UnitWorkspace::takeHeld(const Contents& contents)
 }
 
 /** The first read begins the document; a later one is a step that can be undone. */
-void UnitWorkspace::takeRead(const Contents& read)
+void UnitWorkspace::takeRead(const Contents& found)
 {
+    // The clock runs on; it is no part of the document.
+    Contents read = found;
+    read.clock.reset();
     if (contents() == Contents()) {
         m_document.reset(read);
         check();

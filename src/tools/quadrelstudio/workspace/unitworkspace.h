@@ -14,8 +14,10 @@
 #include <unitwork.h>
 
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QFileSystemWatcher>
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
+#include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
 
 #include <memory>
@@ -79,6 +81,8 @@ public:
     QStringList openFile(const QString& path);
     /** Saves in the form of the path's ending. The reason of a failure, or an empty text. */
     QString saveFile(const QString& path);
+    /** Whether another program has changed the file since it was opened or saved. */
+    bool isFileChanged() const;
     /** What saving to the path would lose, a line each. */
     QStringList lossesIn(const QString& path) const;
     /** Begins again with contents that no file has, as those of an autosave. */
@@ -90,6 +94,13 @@ public:
     const std::optional<QuadrelDocument::Contents>& held() const { return m_held; }
     /** How the contents differ from what the unit held. */
     bool differsFromUnit() const;
+    /** What the unit's clock said when it was read last, and when that was; empty before. */
+    const QString& clock() const { return m_clock; }
+    const QDateTime& clockTaken() const { return m_clockTaken; }
+    /** Of this unit, the newest first. */
+    QList<QuadrelWorkspace::Backup> backups() const;
+    /** The file with the frames so far; see FrameLog. */
+    QString logPath() const { return m_logFolder.filePath(QStringLiteral("frames.log")); }
     /** Why the last read failed; empty if it didn't. */
     const QString& unitError() const { return m_unitError; }
     bool isBusy() const { return m_operation.has_value(); }
@@ -99,6 +110,8 @@ public:
     void prepareWriting();
     /** Carries out the plan of planReady(). */
     void write(const QuadrelDocument::Plan& plan);
+    /** Gives up the plan of planReady(), and the unit for other programs. */
+    void leavePlan();
     void readClock();
     void setClock(const QDateTime& time);
     void setNetwork(const QString& ip, const QString& mask, const QString& gateway);
@@ -112,12 +125,16 @@ signals:
     /** Title, address, file, or whether there are edits to save. */
     void stateChanged();
     void findingsChanged();
+    /** Another program has changed the file. */
+    void fileChanged();
     void heldChanged();
+    void clockChanged();
 
     void started(UnitWorkspace::Operation operation);
     /** `fraction` is 0 to 1, `remaining` in milliseconds or negative if nobody knows. */
     void progressed(const QString& step, double fraction, qint64 remaining);
-    void planReady(const QuadrelDocument::Plan& plan);
+    /** `isStale`: the unit is not as it was when it was read or written last. */
+    void planReady(const QuadrelDocument::Plan& plan, bool isStale);
     void finished(UnitWorkspace::Operation operation, const QuadrelWorkspace::WorkResult& result);
 
 private:
@@ -127,9 +144,11 @@ private:
     void startRequest(Operation operation, const UnitRequest& request);
     void report(const QuadrelWorkspace::WorkProgress& progress);
     void finish(const QuadrelWorkspace::WorkResult& result);
-    void takeRead(const QuadrelDocument::Contents& read);
+    void takeRead(const QuadrelDocument::Contents& found);
+    void takeClock(const QuadrelDocument::Contents& contents);
     void takeHeld(const QuadrelDocument::Contents& contents);
     void check();
+    void watchFile();
 
     QuadrelWorkspace::WorkOptions m_options;
     QString m_name;
@@ -138,14 +157,23 @@ private:
     QTimer m_checkTimer;
     QuadrelDocument::Findings m_findings;
     QString m_filePath;
+    QFileSystemWatcher m_watcher;
+    /** The file's bytes when it was opened or saved. */
+    QByteArray m_fileText;
     /** Restored contents are nowhere, however few edits there are. */
     bool m_isRestored = false;
 
     std::optional<QuadrelDocument::Contents> m_held;
+    QTemporaryDir m_logFolder;
+    QString m_clock;
+    QDateTime m_clockTaken;
     QString m_unitError;
     std::optional<Operation> m_operation;
     QElapsedTimer m_duration;
+    /** Made on the thread of the work, and looked at when that is over. */
+    std::shared_ptr<QuadrelDocument::Plan> m_plan;
     std::unique_ptr<QuadrelWorkspace::BackgroundWork> m_work;
 };
 
 Q_DECLARE_METATYPE(UnitWorkspace::Operation)
+Q_DECLARE_METATYPE(QuadrelDocument::Plan)
