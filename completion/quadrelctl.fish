@@ -3,8 +3,8 @@
 
 # fish completion for quadrelctl
 
-set -l commands discover info read show check convert diff write edit set get unset undo backups clock \
-    network reset upgrade remark help
+set -l commands discover info status read save show check convert diff write edit set get unset undo backups clock \
+    network reset upgrade remark site help
 
 # The file of "set FILE PATH=VALUE" and the like.
 function __quadrelctl_file
@@ -21,6 +21,9 @@ complete -c quadrelctl -n "not __fish_seen_subcommand_from $commands" -l version
 complete -c quadrelctl -n __fish_use_subcommand -a discover -d "Find the units on the network"
 complete -c quadrelctl -n __fish_use_subcommand -a info -d "Show what a unit says about itself"
 complete -c quadrelctl -n __fish_use_subcommand -a read -d "Read everything that a unit stores"
+complete -c quadrelctl -n __fish_use_subcommand -a status -d "Show who a unit is and whether it holds what a file says"
+complete -c quadrelctl -n __fish_use_subcommand -a save -d "Save what a unit holds"
+complete -c quadrelctl -n __fish_use_subcommand -a site -d "Work with the many units of a site"
 complete -c quadrelctl -n __fish_use_subcommand -a show -d "Show what a file holds"
 complete -c quadrelctl -n __fish_use_subcommand -a check -d "Look for mistakes in files"
 complete -c quadrelctl -n __fish_use_subcommand -a convert -d "Save a file in another form"
@@ -76,3 +79,13 @@ complete -c quadrelctl -n "__fish_seen_subcommand_from upgrade" -l addressed -r 
 complete -c quadrelctl -n "__fish_seen_subcommand_from upgrade" -l descriptor -r -d Descriptor
 complete -c quadrelctl -n "__fish_seen_subcommand_from discover" -l first -d "End with the first answer"
 complete -c quadrelctl -n "__fish_seen_subcommand_from discover" -l upgrade -x -d "Units of any model"
+
+set -l sites add remove list discover status backup diff check write upgrade clock set unset run
+complete -c quadrelctl -n "__fish_seen_subcommand_from site; and not __fish_seen_subcommand_from $sites" -f -a "$sites"
+for option in tag name exclude jobs limit canary batch max-failures
+    complete -c quadrelctl -n "__fish_seen_subcommand_from site" -l $option -x
+end
+complete -c quadrelctl -n "__fish_seen_subcommand_from site" -l inventory -r -d "The inventory"
+complete -c quadrelctl -n "__fish_seen_subcommand_from site" -l resume -d "Go on with a run that stopped"
+complete -c quadrelctl -n "__fish_seen_subcommand_from site" -l commit -d "Commit the documents"
+complete -c quadrelctl -n "__fish_seen_subcommand_from site" -l json -d "Print JSON"

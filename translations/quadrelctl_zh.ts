@@ -582,8 +582,8 @@
         <translation>“%1” 既不是文件，也不是设备的名称或地址</translation>
     </message>
     <message>
-        <source>%1  (model 0x%2, serial number %3, version %4)</source>
-        <translation>%1  （型号 0x%2，序列号 %3，版本 %4）</translation>
+        <source>%1  (model %2, serial number %3, version %4)</source>
+        <translation>%1  （型号 %2，序列号 %3，版本 %4）</translation>
     </message>
     <message>
         <source>not compared, since one side does not have them: %1</source>
@@ -856,6 +856,500 @@ Examples:</source>
     <message>
         <source>Communication/timeout in configWidget.ini is 0, and no unit can answer in that time</source>
         <translation>configWidget.ini 中的 Communication/timeout 为 0，设备不可能在此时间内应答</translation>
+    </message>
+    <message>
+        <source>Show who a unit is, its clock, and whether it holds what a file says</source>
+        <translation>显示设备的身份、时钟，以及内容是否与文件一致</translation>
+    </message>
+    <message>
+        <source>Save what a unit holds; a file that says the same stays as it is</source>
+        <translation>保存设备的内容；内容相同的文件保持原样</translation>
+    </message>
+    <message>
+        <source>The serial number that the unit must have; another unit is a failure</source>
+        <translation>设备必须具有的序列号；不是该设备即为失败</translation>
+    </message>
+    <message>
+        <source>The model that the unit must be of, as in 0x7209</source>
+        <translation>设备必须具有的型号，例如 0x7209</translation>
+    </message>
+    <message>
+        <source>%1: written</source>
+        <translation>%1：已写入</translation>
+    </message>
+    <message>
+        <source>%1: the same as before</source>
+        <translation>%1：与之前相同</translation>
+    </message>
+    <message>
+        <source>Write this to %1?</source>
+        <translation>将此写入 %1 吗？</translation>
+    </message>
+    <message>
+        <source>%1: the inventory names no document; name one, or leave the unit out with --exclude</source>
+        <translation>%1：清单中没有给出文档；请给出一个，或用 --exclude 排除该设备</translation>
+    </message>
+    <message>
+        <source>
+Nothing was sent to any unit.</source>
+        <translation>
+未向任何设备发送内容。</translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation>标签</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>文档</translation>
+    </message>
+    <message>
+        <source>The inventory of the site, site.yaml unless it is given</source>
+        <translation>场地的清单，不给出时为 site.yaml</translation>
+    </message>
+    <message>
+        <source>Only units with one of these tags</source>
+        <translation>只处理带有这些标签之一的设备</translation>
+    </message>
+    <message>
+        <source>Only units with such a name, as in &apos;hall-*&apos;</source>
+        <translation>只处理具有这种名称的设备，例如 &apos;hall-*&apos;</translation>
+    </message>
+    <message>
+        <source>Without units with such a name</source>
+        <translation>不处理具有这种名称的设备</translation>
+    </message>
+    <message>
+        <source>How many units at a time; 16 unless the inventory says it</source>
+        <translation>同时处理多少台设备；清单未给出时为 16</translation>
+    </message>
+    <message>
+        <source>How long a unit may take in all; 600 seconds if not given</source>
+        <translation>每台设备总共可用的时间；不给出时为 600 秒</translation>
+    </message>
+    <message>
+        <source>Add a unit to the inventory</source>
+        <translation>将设备加入清单</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s name</source>
+        <translation>设备的名称</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s address, as in tcp://192.168.1.21:3801</source>
+        <translation>设备的地址，例如 tcp://192.168.1.21:3801</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s serial number</source>
+        <translation>设备的序列号</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s model, as in 0x7209</source>
+        <translation>设备的型号，例如 0x7209</translation>
+    </message>
+    <message>
+        <source>Ask the unit for its serial number and model</source>
+        <translation>向设备询问其序列号和型号</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s tags</source>
+        <translation>设备的标签</translation>
+    </message>
+    <message>
+        <source>The document with the wanted contents</source>
+        <translation>包含所需内容的文档</translation>
+    </message>
+    <message>
+        <source>Remove units from the inventory</source>
+        <translation>从清单中移除设备</translation>
+    </message>
+    <message>
+        <source>Names of units, in which * and ? are any letters</source>
+        <translation>设备的名称，其中 * 和 ? 代表任意字符</translation>
+    </message>
+    <message>
+        <source>a name, or --tag</source>
+        <translation>名称或 --tag</translation>
+    </message>
+    <message>
+        <source>List the units of the inventory</source>
+        <translation>列出清单中的设备</translation>
+    </message>
+    <message>
+        <source>Show who answers, models, versions, clocks, and who differs from its document</source>
+        <translation>显示哪些设备有应答、型号、版本、时钟，以及哪些与其文档不同</translation>
+    </message>
+    <message>
+        <source>Look for mistakes in the documents, also against the inventory</source>
+        <translation>检查文档中的错误，并与清单核对</translation>
+    </message>
+    <message>
+        <source>Work with the many units of a site</source>
+        <translation>处理一个场地的众多设备</translation>
+    </message>
+    <message>
+        <source>stage %1 of %2</source>
+        <translation>第 %1 阶段，共 %2 阶段</translation>
+    </message>
+    <message>
+        <source>%1 of %2 units</source>
+        <translation>%1/%2 台设备</translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n failed</source>
+        <translation>
+            <numerusform>，%n 台失败</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>, %1 units/s, %2 s left</source>
+        <translation>，每秒 %1 台，剩余 %2 秒</translation>
+    </message>
+    <message>
+        <source>answers</source>
+        <translation>有应答</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>valid</source>
+        <translation>有效</translation>
+    </message>
+    <message>
+        <source>no document</source>
+        <translation>没有文档</translation>
+    </message>
+    <message>
+        <source>saved</source>
+        <translation>已保存</translation>
+    </message>
+    <message>
+        <source>unchanged</source>
+        <translation>未变</translation>
+    </message>
+    <message>
+        <source>same</source>
+        <translation>相同</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>不同</translation>
+    </message>
+    <message>
+        <source>planned</source>
+        <translation>待写入</translation>
+    </message>
+    <message>
+        <source>written</source>
+        <translation>已写入</translation>
+    </message>
+    <message>
+        <source>upgraded</source>
+        <translation>已升级</translation>
+    </message>
+    <message>
+        <source>verified</source>
+        <translation>已核实</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>not begun</source>
+        <translation>未开始</translation>
+    </message>
+    <message numerus="yes">
+        <source> and %n more</source>
+        <translation>
+            <numerusform> 等另外 %n 台</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Outcome</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>台数</translation>
+    </message>
+    <message>
+        <source>Names</source>
+        <translation>名称</translation>
+    </message>
+    <message numerus="yes">
+        <source>, %n change(s)</source>
+        <translation>
+            <numerusform>，%n 处更改</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>缺失</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s)</source>
+        <translation>
+            <numerusform>%n 处更改</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Clock</source>
+        <translation>时钟</translation>
+    </message>
+    <message>
+        <source>--log is for one unit; &quot;quadrelctl --log FILE read --unit UNIT&quot; logs it</source>
+        <translation>--log 只用于一台设备；请用 &quot;quadrelctl --log FILE read --unit UNIT&quot;</translation>
+    </message>
+    <message>
+        <source>interrupted: units at work go on to their end and no other is begun; a second interrupt ends them too</source>
+        <translation>已中断：正在处理的设备继续到完成，不再开始其他设备；再次中断将结束它们</translation>
+    </message>
+    <message>
+        <source>interrupted again: the units at work are being ended</source>
+        <translation>再次中断：正在结束处理中的设备</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>the same as in %1</source>
+        <translation>与 %1 相同</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) from %1</source>
+        <translation>
+            <numerusform>与 %1 有 %n 处更改</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: the folder can&apos;t be made</source>
+        <translation>%1：无法建立文件夹</translation>
+    </message>
+    <message>
+        <source>%1
+The documents are saved, and not committed.</source>
+        <translation>%1
+文档已保存，但未提交。</translation>
+    </message>
+    <message>
+        <source>Nothing has changed since the last commit.</source>
+        <translation>自上次提交以来没有变化。</translation>
+    </message>
+    <message>
+        <source>Committed: %1</source>
+        <translation>已提交：%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Set the clocks of %n unit(s)?</source>
+        <translation>
+            <numerusform>设置 %n 台设备的时钟吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>情况</translation>
+    </message>
+    <message>
+        <source>new</source>
+        <translation>新增</translation>
+    </message>
+    <message>
+        <source>moved</source>
+        <translation>已移动</translation>
+    </message>
+    <message>
+        <source>replaced</source>
+        <translation>已更换</translation>
+    </message>
+    <message>
+        <source>vanished</source>
+        <translation>已消失</translation>
+    </message>
+    <message>
+        <source>The inventory has all units that answered, and no other.</source>
+        <translation>清单与有应答的设备完全一致。</translation>
+    </message>
+    <message>
+        <source>Another unit is at the address of a replaced one: change its serial number in the inventory if that is right.</source>
+        <translation>已更换设备的地址上是另一台设备：如果正确，请在清单中更改其序列号。</translation>
+    </message>
+    <message>
+        <source>Search the network and compare what is there with the inventory; exit code 3 if they differ</source>
+        <translation>搜索网络并与清单比较；有差异时退出码为 3</translation>
+    </message>
+    <message>
+        <source>Write new units and moved addresses to the inventory, after showing them</source>
+        <translation>显示后将新设备和变动的地址写入清单</translation>
+    </message>
+    <message>
+        <source>Save what each unit holds; only documents that change are written</source>
+        <translation>保存每台设备的内容；只写入有变化的文档</translation>
+    </message>
+    <message>
+        <source>The folder of the documents, NAME.yaml for each unit</source>
+        <translation>存放文档的文件夹，每台设备一个 NAME.yaml</translation>
+    </message>
+    <message>
+        <source>Commit the documents that have changed with git</source>
+        <translation>用 git 提交有变化的文档</translation>
+    </message>
+    <message>
+        <source>Compare units with their documents; exit code 3 if some differ</source>
+        <translation>将设备与其文档比较；有不同时退出码为 3</translation>
+    </message>
+    <message>
+        <source>A folder with NAME.yaml for each unit; the wanted documents if it is not given</source>
+        <translation>每台设备有 NAME.yaml 的文件夹；不给出时为所需内容的文档</translation>
+    </message>
+    <message>
+        <source>Set the units&apos; clocks</source>
+        <translation>设置设备的时钟</translation>
+    </message>
+    <message>
+        <source>Paths in the documents</source>
+        <translation>文档中的路径</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a command for a unit</source>
+        <translation>&quot;%1&quot; 不是用于设备的命令</translation>
+    </message>
+    <message>
+        <source>the command gets each unit; leave --unit out</source>
+        <translation>命令会得到每台设备；请去掉 --unit</translation>
+    </message>
+    <message>
+        <source>Run another command for each unit</source>
+        <translation>对每台设备运行另一个命令</translation>
+    </message>
+    <message>
+        <source>&quot;--&quot; and a command without --unit, in which {name} and {document} are the unit&apos;s</source>
+        <translation>&quot;--&quot; 和不带 --unit 的命令，其中 {name} 和 {document} 为设备自己的</translation>
+    </message>
+    <message>
+        <source>So many units are tried first</source>
+        <translation>先试这么多台设备</translation>
+    </message>
+    <message>
+        <source>So many units follow at a time; all of them if not given</source>
+        <translation>之后每批这么多台设备；不给出时为全部</translation>
+    </message>
+    <message>
+        <source>Begin no further unit when more than so many failed; 0 if not given</source>
+        <translation>失败超过这么多台时不再开始其他设备；不给出时为 0</translation>
+    </message>
+    <message>
+        <source>Go on with a run that stopped; what is done is verified and not done again</source>
+        <translation>继续已停止的运行；已完成的只核实，不重做</translation>
+    </message>
+    <message>
+        <source>Write each unit&apos;s document to it, in stages</source>
+        <translation>分阶段将文档写入各台设备</translation>
+    </message>
+    <message>
+        <source>Replace the units&apos; firmware, in stages</source>
+        <translation>分阶段更换设备的固件</translation>
+    </message>
+    <message>
+        <source>Change single values in all documents</source>
+        <translation>更改所有文档中的单个值</translation>
+    </message>
+    <message>
+        <source>Remove single records or values in all documents</source>
+        <translation>移除所有文档中的单个记录或值</translation>
+    </message>
+    <message>
+        <source>%1: there is no such file, so no run to go on with; leave --resume out</source>
+        <translation>%1：没有这个文件，因此没有可继续的运行；请去掉 --resume</translation>
+    </message>
+    <message>
+        <source>%1: the run has the unit %2, and %3 does not; add it again, or begin anew without --resume</source>
+        <translation>%1：该运行中有设备 %2，而 %3 中没有；请重新加入，或不用 --resume 重新开始</translation>
+    </message>
+    <message>
+        <source>planning</source>
+        <translation>计划</translation>
+    </message>
+    <message>
+        <source>%1 is left from a run that stopped, with %2 of %3 units done; it is replaced now, and --resume would go on with it</source>
+        <translation>%1 是已停止的运行留下的，%3 台设备中已完成 %2 台；现在将被替换，用 --resume 可以继续该运行</translation>
+    </message>
+    <message>
+        <source>Change %1 of %2 units</source>
+        <translation>更改 %2 台设备中的 %1 台</translation>
+    </message>
+    <message>
+        <source>Write %1 changes to %2 of %3 units</source>
+        <translation>向 %3 台设备中的 %2 台写入 %1 处更改</translation>
+    </message>
+    <message>
+        <source>, %1 first</source>
+        <translation>，先写 %1 台</translation>
+    </message>
+    <message>
+        <source>, %1 at a time</source>
+        <translation>，每批 %1 台</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n unit(s) failed before anything was sent, and --max-failures allows %1: no unit was changed</source>
+        <translation>
+            <numerusform>发送任何内容之前已有 %n 台设备失败，而 --max-failures 允许 %1 台：未更改任何设备</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2
+The state of the run can&apos;t be kept; nothing was sent to any unit.</source>
+        <translation>%1：%2
+无法保存运行的状态；未向任何设备发送内容。</translation>
+    </message>
+    <message>
+        <source>Holds</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>the new</source>
+        <translation>新</translation>
+    </message>
+    <message>
+        <source>the old</source>
+        <translation>旧</translation>
+    </message>
+    <message>
+        <source>not known, perhaps some of both</source>
+        <translation>未知，可能部分新部分旧</translation>
+    </message>
+    <message>
+        <source>%1 says how far the run has come; &quot;quadrelctl site %2 --resume&quot; goes on with it, with the same options</source>
+        <translation>%1 记录了运行的进度；用 &quot;quadrelctl site %2 --resume&quot; 和相同的选项继续</translation>
+    </message>
+    <message>
+        <source>--resume goes on with the units of the run; leave --tag, --name and --exclude out</source>
+        <translation>--resume 继续处理该运行的设备；请去掉 --tag、--name 和 --exclude</translation>
+    </message>
+    <message numerus="yes">
+        <source>Run &quot;%1&quot; on %n unit(s)?</source>
+        <translation>
+            <numerusform>对 %n 台设备运行 &quot;%1&quot; 吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>
+No document was changed.</source>
+        <translation>
+未更改任何文档。</translation>
+    </message>
+    <message>
+        <source>the run has upgraded it to version %1, and it has %2 now; begin anew without --resume to upgrade it again</source>
+        <translation>该运行已将其升级到版本 %1，现在却是 %2；要再次升级请不用 --resume 重新开始</translation>
+    </message>
+    <message numerus="yes">
+        <source>the run has written its document, and the unit holds something else now, with %n change(s); begin anew without --resume to write it again</source>
+        <translation>
+            <numerusform>该运行已写入其文档，但设备现在的内容不同，有 %n 处更改；要再次写入请不用 --resume 重新开始</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -383,5 +383,51 @@
         <source>writing the remark</source>
         <translation>写入备注</translation>
     </message>
+    <message>
+        <source>%1: there is no such folder; &quot;git init %1&quot; makes it</source>
+        <translation>%1：没有这个文件夹；&quot;git init %1&quot; 可以建立</translation>
+    </message>
+    <message>
+        <source>%1: the folder is in no git repository; &quot;git init %1&quot; makes one</source>
+        <translation>%1：该文件夹不在 git 仓库中；&quot;git init %1&quot; 可以建立</translation>
+    </message>
+    <message>
+        <source>%1: git does not know who commits; &quot;git config --global user.name&quot; and &quot;user.email&quot; set it</source>
+        <translation>%1：git 不知道提交者是谁；请用 &quot;git config --global user.name&quot; 和 &quot;user.email&quot; 设置</translation>
+    </message>
+    <message>
+        <source>%1: the folder has changes that are not committed; commit them or take them back:
+%2</source>
+        <translation>%1：该文件夹有未提交的更改；请提交或撤销：
+%2</translation>
+    </message>
+    <message>
+        <source>git cannot be run (%1); install it</source>
+        <translation>无法运行 git（%1）；请安装</translation>
+    </message>
+    <message>
+        <source>git %1: not finished within %2 s</source>
+        <translation>git %1：未在 %2 秒内完成</translation>
+    </message>
+    <message>
+        <source>the document is of the unit %1; %2 has %3 in the inventory</source>
+        <translation>文档属于设备 %1；清单中 %2 的序列号为 %3</translation>
+    </message>
+    <message>
+        <source>the document is of model %1; %2 is of model %3 in the inventory</source>
+        <translation>文档属于型号 %1；清单中 %2 的型号为 %3</translation>
+    </message>
+    <message>
+        <source>the program ended with exit code %1</source>
+        <translation>程序以退出码 %1 结束</translation>
+    </message>
+    <message>
+        <source>what the program printed cannot be read</source>
+        <translation>无法读取程序的输出</translation>
+    </message>
+    <message>
+        <source>%1: the unit there is of model %2; %3 was expected</source>
+        <translation>%1：该处设备的型号为 %2；应为 %3</translation>
+    </message>
 </context>
 </TS>

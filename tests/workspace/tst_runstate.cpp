@@ -17,10 +17,10 @@ RunState sampleState()
     RunState state;
     state.command = QStringLiteral("site write --tag hall");
     state.begun = QDateTime(QDate(2026, 11, 21), QTime(9, 30), Qt::UTC);
-    state.units = {{QStringLiteral("hall-1"), UnitState::Waiting, {}},
-        {QStringLiteral("大厅"), UnitState::Waiting, {}},
-        {QStringLiteral("no"), UnitState::Waiting, {}},
-        {QStringLiteral("bar"), UnitState::Waiting, {}}};
+    state.units = {{QStringLiteral("hall-1"), UnitState::Waiting, {}, {}},
+        {QStringLiteral("大厅"), UnitState::Waiting, {}, {}},
+        {QStringLiteral("no"), UnitState::Waiting, {}, {}},
+        {QStringLiteral("bar"), UnitState::Waiting, {}, {}}};
     state.set(QStringLiteral("hall-1"), UnitState::Done);
     state.set(QStringLiteral("大厅"), UnitState::Failed, QStringLiteral("no\nanswer: \"x\""));
     state.set(QStringLiteral("no"), UnitState::AtWork);

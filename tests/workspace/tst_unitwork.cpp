@@ -153,6 +153,7 @@ private slots:
     void failsToReach();
     void refusesTheSecond_data();
     void refusesTheSecond();
+    void refusesAnotherUnit_data();
     void refusesAnotherUnit();
     void abortsBetweenTables();
     void aborts_data();
@@ -668,15 +669,32 @@ void TestUnitWork::refusesTheSecond()
     QVERIFY(second.apply(Plan(), QString()).failure);
 }
 
+void TestUnitWork::refusesAnotherUnit_data()
+{
+    QTest::addColumn<quint64>("expectedSerial");
+    QTest::addColumn<int>("expectedModel");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("serial number")
+        << quint64(7) << 0x7209
+        << QStringLiteral("the unit there has the serial number 310000001; 7 was expected");
+    QTest::newRow("model") << serialNumber << 0x1
+                           << QStringLiteral(
+                                  "the unit there is of model 0x7209; 0x0001 was expected");
+}
+
 void TestUnitWork::refusesAnotherUnit()
 {
+    QFETCH(quint64, expectedSerial);
+    QFETCH(int, expectedModel);
+    QFETCH(QString, reason);
     Site site;
-    site.options.serialNumber = 7;
+    site.options.serialNumber = expectedSerial;
+    site.options.modelId = expectedModel;
     UnitWork work(site.address(), site.options);
     const QString text =
-        site.filled(QStringLiteral("UNIT: the unit there has the serial number 310000001; 7 was "
-                                   "expected\n"
-                                   "find out which unit has which address; nothing was changed"));
+        site.filled(QStringLiteral("UNIT: %1\n"
+                                   "find out which unit has which address; nothing was changed")
+                        .arg(reason));
     QCOMPARE(work.readDevice().failure.text(), text);
     QCOMPARE(work.read().failure.text(), text);
     QCOMPARE(work.run(UnitRequest::reset(true)).failure.text(), text);

@@ -239,6 +239,47 @@ QJsonObject jsonOf(const RecordChange& change)
         {QStringLiteral("fields"), fields}};
 }
 
+std::optional<QString> textOfJson(const QJsonValue& value)
+{
+    return value.isString() ? std::make_optional(value.toString()) : std::nullopt;
+}
+
+Section sectionNamed(const QString& name)
+{
+    for (const Section section : {Section::Device, Section::SerialPorts, Section::IoLines,
+             Section::Events, Section::Triggers, Section::TimeTriggers, Section::Clock}) {
+        if (sectionName(section) == name)
+            return section;
+    }
+    return Section::None;
+}
+
+ChangeKind kindNamed(const QString& word)
+{
+    for (const ChangeKind kind : {ChangeKind::Added, ChangeKind::Removed, ChangeKind::Moved}) {
+        if (kindWord(kind) == word)
+            return kind;
+    }
+    return ChangeKind::Changed;
+}
+
+RecordChange changeOfJson(const QJsonObject& json)
+{
+    RecordChange change;
+    change.kind = kindNamed(json.value(QStringLiteral("change")).toString());
+    change.section = sectionNamed(json.value(QStringLiteral("section")).toString());
+    change.path = json.value(QStringLiteral("path")).toString();
+    change.isMoved = json.value(QStringLiteral("moved")).toBool();
+    change.before = json.value(QStringLiteral("before")).toInt(-1);
+    change.after = json.value(QStringLiteral("after")).toInt(-1);
+    const QJsonArray fields = json.value(QStringLiteral("fields")).toArray();
+    for (const QJsonValue& field : fields)
+        change.fields.append({field.toObject().value(QStringLiteral("field")).toString(),
+            textOfJson(field.toObject().value(QStringLiteral("before"))),
+            textOfJson(field.toObject().value(QStringLiteral("after")))});
+    return change;
+}
+
 } // namespace
 
 bool Difference::concerns(Section section) const
@@ -281,6 +322,18 @@ QJsonObject differenceJson(const Difference& difference)
         notCompared.append(sectionName(section));
     return {{QStringLiteral("same"), difference.isEmpty()}, {QStringLiteral("changes"), changes},
         {QStringLiteral("notCompared"), notCompared}};
+}
+
+Difference differenceOfJson(const QJsonObject& json)
+{
+    Difference difference;
+    const QJsonArray changes = json.value(QStringLiteral("changes")).toArray();
+    for (const QJsonValue& change : changes)
+        difference.changes.append(changeOfJson(change.toObject()));
+    const QJsonArray notCompared = json.value(QStringLiteral("notCompared")).toArray();
+    for (const QJsonValue& name : notCompared)
+        difference.notCompared.append(sectionNamed(name.toString()));
+    return difference;
 }
 
 } // namespace QuadrelDocument

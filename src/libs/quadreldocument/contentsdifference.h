@@ -70,5 +70,7 @@ Difference compareContents(const Contents& before, const Contents& after);
 QString differenceText(const Difference& difference);
 /** The same as data for programs. */
 QJsonObject differenceJson(const Difference& difference);
+/** The difference that differenceJson() made this of; what else is in it is left out. */
+Difference differenceOfJson(const QJsonObject& json);
 
 } // namespace QuadrelDocument

@@ -69,6 +69,11 @@ std::optional<char> escapeAt(const QString& text, int& position)
 
 } // namespace
 
+QString modelText(int modelId)
+{
+    return QStringLiteral("0x%1").arg(modelId, 4, 16, QLatin1Char('0'));
+}
+
 bool operator==(const Device& left, const Device& right)
 {
     const auto fields = [](const Device& device) {

@@ -38,6 +38,8 @@ struct Device {
 };
 /** Equal in every field. */
 bool operator==(const Device& left, const Device& right);
+/** As people write a model: "0x7209". */
+QString modelText(int modelId);
 
 /** The settings of a serial port; its place in the list is its number, the first is port 1. */
 struct SerialPort {

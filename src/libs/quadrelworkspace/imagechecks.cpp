@@ -7,6 +7,8 @@
 #include "workspace.h"
 #include "xmlfile.h"
 
+#include <unitcontents.h>
+
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRegularExpression>
@@ -18,16 +20,13 @@
 
 namespace QuadrelWorkspace {
 
+using QuadrelDocument::modelText;
+
 namespace {
 
 /** How much is looked at: an image has bytes that no text has long before its end. */
 constexpr int sampleSize = 64 * 1024;
 constexpr int versionParts = 4;
-
-QString modelText(unsigned short modelId)
-{
-    return QStringLiteral("0x%1").arg(modelId, 4, 16, QLatin1Char('0'));
-}
 
 /** Refuses what is not a file of a reasonable size, such as a pipe that nobody writes to. */
 bool isReadable(const QString& path, qint64 maximalSize, QString& error)
@@ -93,12 +92,6 @@ QVector<uint> versionNumbers(const QString& version)
     while (numbers.size() < versionParts)
         numbers.append(0);
     return numbers;
-}
-
-bool isSameVersion(const QString& one, const QString& other)
-{
-    const QVector<uint> numbers = versionNumbers(one);
-    return numbers.isEmpty() ? one == other : numbers == versionNumbers(other);
 }
 
 /** Whether a file is XML of one element that holds no other. */
@@ -180,6 +173,12 @@ QStringList descriptorDoubts(
                           .arg(descriptor.path, version));
     }
     return doubts;
+}
+
+bool isSameVersion(const QString& one, const QString& other)
+{
+    const QVector<uint> numbers = versionNumbers(one);
+    return numbers.isEmpty() ? one == other : numbers == versionNumbers(other);
 }
 
 QString versionFault(

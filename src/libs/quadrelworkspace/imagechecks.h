@@ -60,6 +60,9 @@ std::optional<UpgradeDescriptor> readDescriptor(const QString& path, QString& er
 QStringList descriptorDoubts(
     const UpgradeDescriptor& descriptor, unsigned short modelId, const QString& version);
 
+/** Whether two texts mean the same version, as "V1.2" and "1.2.0.0" do. */
+bool isSameVersion(const QString& one, const QString& other);
+
 /**
  * What is wrong with the version that a unit reports after an upgrade; empty if nothing. `before`
  * is what it reported before, `descriptor` may be missing. The texts:

@@ -26,6 +26,7 @@ const QString unitsKey = QStringLiteral("units");
 const QString nameKey = QStringLiteral("name");
 const QString stateKey = QStringLiteral("state");
 const QString reasonKey = QStringLiteral("reason");
+const QString versionKey = QStringLiteral("version");
 
 /** In the order of UnitState. */
 const QStringList stateWords{QStringLiteral("waiting"), QStringLiteral("at work"),
@@ -38,12 +39,14 @@ DocumentNode nodeOf(const UnitRunState& unit)
     node.add(stateKey, DocumentNode::bare(stateWord(unit.state)));
     if (!unit.reason.isEmpty())
         node.add(reasonKey, DocumentNode::text(unit.reason));
+    if (!unit.version.isEmpty())
+        node.add(versionKey, DocumentNode::text(unit.version));
     return node;
 }
 
 UnitRunState readUnit(ConfigReader& reader, const DocumentNode& node)
 {
-    reader.checkKeys(node, {nameKey, stateKey, reasonKey});
+    reader.checkKeys(node, {nameKey, stateKey, reasonKey, versionKey});
     UnitRunState unit;
     unit.name = reader.text(node, nameKey).value_or(QString());
     if (!isName(unit.name))
@@ -51,6 +54,7 @@ UnitRunState readUnit(ConfigReader& reader, const DocumentNode& node)
     const QString state = reader.word(node, stateKey, stateWords).value_or(stateWords.first());
     unit.state = static_cast<UnitState>(stateWords.indexOf(state));
     unit.reason = singleLine(reader.text(node, reasonKey).value_or(QString()));
+    unit.version = singleLine(reader.text(node, versionKey).value_or(QString()));
     return unit;
 }
 
@@ -71,6 +75,12 @@ RunState stateOf(ConfigReader& reader, const DocumentNode& file)
     return state;
 }
 
+template <typename Units> auto find(Units& units, const QString& name)
+{
+    return std::find_if(units.begin(), units.end(),
+        [&name](const UnitRunState& unit) { return unit.name == name; });
+}
+
 } // namespace
 
 QString stateWord(UnitState state)
@@ -80,12 +90,24 @@ QString stateWord(UnitState state)
 
 void RunState::set(const QString& name, UnitState state, const QString& reason)
 {
-    const auto unit = std::find_if(units.begin(), units.end(),
-        [&name](const UnitRunState& each) { return each.name == name; });
-    if (unit == units.end())
+    const auto place = find(units, name);
+    if (place == units.end())
         return;
-    unit->state = state;
-    unit->reason = singleLine(reason);
+    place->state = state;
+    place->reason = singleLine(reason);
+}
+
+void RunState::setVersion(const QString& name, const QString& version)
+{
+    const auto place = find(units, name);
+    if (place != units.end())
+        place->version = singleLine(version);
+}
+
+const UnitRunState* RunState::unit(const QString& name) const
+{
+    const auto place = find(units, name);
+    return place == units.end() ? nullptr : &*place;
 }
 
 QStringList RunState::namesIn(UnitState state) const

@@ -29,6 +29,8 @@ struct UnitRunState {
     UnitState state = UnitState::Waiting;
     /** Why it failed; one line. */
     QString reason;
+    /** The version that an upgrade has brought; empty for other runs. */
+    QString version;
 };
 
 /**
@@ -55,6 +57,9 @@ struct RunState {
 
     /** Changes a unit's state; no effect for a name that is not in the run. */
     void set(const QString& name, UnitState state, const QString& reason = QString());
+    void setVersion(const QString& name, const QString& version);
+    /** The unit of that name, or null. */
+    const UnitRunState* unit(const QString& name) const;
     QStringList namesIn(UnitState state) const;
     bool isOver() const;
 };

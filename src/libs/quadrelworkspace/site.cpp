@@ -7,6 +7,7 @@
 #include "workspace.h"
 
 #include <documenttree.h>
+#include <unitcontents.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -266,8 +267,8 @@ DocumentNode nodeOf(const SiteUnit& unit)
     if (unit.serialNumber != 0)
         node.add(QStringLiteral("serial"), DocumentNode::bare(QString::number(unit.serialNumber)));
     if (unit.modelId)
-        node.add(QStringLiteral("model"),
-            DocumentNode::bare(QStringLiteral("0x%1").arg(*unit.modelId, 4, 16, QLatin1Char('0'))));
+        node.add(
+            QStringLiteral("model"), DocumentNode::bare(QuadrelDocument::modelText(*unit.modelId)));
     if (!unit.tags.isEmpty()) {
         DocumentNode tags = DocumentNode::sequence();
         for (const QString& tag : unit.tags)

@@ -333,11 +333,17 @@ WorkFailure UnitWork::Private::takeAddress()
 WorkFailure UnitWork::Private::claim(const Device& device)
 {
     WorkFailure failure;
-    if (m_options.serialNumber != 0 && device.serialNumber != m_options.serialNumber) {
+    const QString address = m_session.address().toText();
+    if (m_options.serialNumber != 0 && device.serialNumber != m_options.serialNumber)
         failure.reason =
             Workspace::tr("%1: the unit there has the serial number %2; %3 was expected")
-                .arg(m_session.address().toText(), QString::number(device.serialNumber),
+                .arg(address, QString::number(device.serialNumber),
                     QString::number(m_options.serialNumber));
+    else if (m_options.modelId && device.modelId != *m_options.modelId)
+        failure.reason =
+            Workspace::tr("%1: the unit there is of model %2; %3 was expected")
+                .arg(address, modelText(device.modelId), modelText(*m_options.modelId));
+    if (failure) {
         failure.advice =
             Workspace::tr("find out which unit has which address; nothing was changed");
         return failure;

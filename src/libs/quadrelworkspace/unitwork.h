@@ -31,6 +31,8 @@ struct WorkOptions {
     UserFolders folders = UserFolders::ofUser();
     /** The serial number that the unit must have; 0 for any. */
     quint64 serialNumber = 0;
+    /** The model that the unit must be of. */
+    std::optional<int> modelId;
 };
 
 /** How far a work on a unit has come. */
@@ -108,8 +110,8 @@ struct WorkResult {
  *
  * The first call takes the lock of the unit's address, and the one that learns the serial number
  * that of the number. Both are held, and the connection is kept, as long as the object lives. A
- * unit that another program works on, or one with another serial number than WorkOptions wants, is
- * a failure before anything is changed.
+ * unit that another program works on, or one of another serial number or model than WorkOptions
+ * wants, is a failure before anything is changed.
  *
  * The object belongs to the thread that makes it, but for abort().
  */

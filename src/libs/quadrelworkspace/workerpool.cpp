@@ -119,6 +119,8 @@ WorkerResult WorkerPool::Worker::result() const
     result.errors = textOf(m_errors);
     if (m_output.size() <= maximalOutput)
         result.output = QJsonDocument::fromJson(m_output);
+    if (result.output.isNull())
+        result.text = textOf(m_output.left(maximalOutput));
     return result;
 }
 

@@ -41,6 +41,8 @@ struct WorkerResult {
     int exitCode = -1;
     /** What it wrote to stdout; null if that was no JSON, or more than 16 MB. */
     QJsonDocument output;
+    /** The same where it was no JSON. */
+    QString text;
     /** The last lines of stderr, at most 16 KB; may have any character in it. */
     QString errors;
     /** Why a worker that did not end by itself did so; one line. */

@@ -18,12 +18,18 @@ bool takesArgument(const CLI::App* app, const std::string& option)
     return found && found->get_items_expected_max() > 0;
 }
 
+std::vector<const CLI::App*> commandsOf(const CLI::App& app)
+{
+    return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+/** Of an option of the application or any command in it. */
 bool isFollowedByArgument(const CLI::App& app, const std::string& option)
 {
-    const auto commands = app.get_subcommands([](const CLI::App*) { return true; });
+    const std::vector<const CLI::App*> commands = commandsOf(app);
     return takesArgument(&app, option)
         || std::any_of(commands.begin(), commands.end(),
-            [&option](const CLI::App* command) { return takesArgument(command, option); });
+            [&option](const CLI::App* command) { return isFollowedByArgument(*command, option); });
 }
 
 bool isOption(const std::string& argument)
@@ -31,16 +37,24 @@ bool isOption(const std::string& argument)
     return argument.size() > 1 && argument.front() == '-';
 }
 
-std::vector<std::string>::iterator findCommand(
-    const CLI::App& app, std::vector<std::string>& arguments)
+using Words = std::vector<std::string>;
+
+Words::iterator findCommand(const CLI::App& app, Words::iterator it, Words::iterator end)
 {
-    auto it = arguments.begin();
-    while (it != arguments.end() && isOption(*it) && *it != "--") {
-        const bool skipsNext = isFollowedByArgument(app, *it) && it + 1 != arguments.end();
+    while (it != end && isOption(*it) && *it != "--") {
+        const bool skipsNext = isFollowedByArgument(app, *it) && it + 1 != end;
         it += skipsNext ? 2 : 1;
     }
     // What follows "--" is not a command.
-    return it != arguments.end() && *it == "--" ? arguments.end() : it;
+    return it != end && *it == "--" ? end : it;
+}
+
+const CLI::App* commandNamed(const CLI::App& app, const std::string& name)
+{
+    const std::vector<const CLI::App*> commands = commandsOf(app);
+    const auto found = std::find_if(commands.begin(), commands.end(),
+        [&name](const CLI::App* command) { return command->get_name() == name; });
+    return found == commands.end() ? nullptr : *found;
 }
 
 /** How many characters are to be changed, added or removed to make one text of another. */
@@ -64,28 +78,44 @@ int editDistance(const QString& one, const QString& other)
 
 std::vector<std::string> Arguments::commandFirst(const CLI::App& app, int argc, char** argv)
 {
-    std::vector<std::string> arguments(argv + 1, argv + argc);
-    auto command = findCommand(app, arguments);
-    if (command == arguments.end())
-        return arguments;
-    std::rotate(arguments.begin(), command, command + 1);
-    if (arguments.front() == helpCommand) {
-        arguments.erase(arguments.begin());
-        arguments.push_back(helpOption);
+    Words arguments(argv + 1, argv + argc);
+    const CLI::App* level = &app;
+    for (Words::difference_type place = 0; level && !commandsOf(*level).empty(); ++place) {
+        // Options of the program may be anywhere.
+        const auto command = findCommand(app, arguments.begin() + place, arguments.end());
+        if (command == arguments.end())
+            break;
+        std::rotate(arguments.begin() + place, command, command + 1);
+        if (place == 0 && arguments.front() == helpCommand) {
+            arguments.erase(arguments.begin());
+            arguments.push_back(helpOption);
+            --place;
+            continue;
+        }
+        level = commandNamed(*level, arguments.at(static_cast<std::size_t>(place)));
     }
     return arguments;
 }
 
-std::string Arguments::commandOf(const std::vector<std::string>& arguments)
+Arguments::Command Arguments::commandOf(
+    const CLI::App& app, const std::vector<std::string>& arguments)
 {
-    return arguments.empty() || isOption(arguments.front()) ? std::string() : arguments.front();
+    Command command{&app, std::string()};
+    for (const std::string& word : arguments) {
+        if (isOption(word) || commandsOf(*command.app).empty())
+            break;
+        const CLI::App* found = commandNamed(*command.app, word);
+        if (!found)
+            return {command.app, word};
+        command.app = found;
+    }
+    return command;
 }
 
 QStringList Arguments::commandNames(const CLI::App& app)
 {
     QStringList names;
-    const auto commands = app.get_subcommands([](const CLI::App*) { return true; });
-    for (const CLI::App* command : commands)
+    for (const CLI::App* command : commandsOf(app))
         names.append(QString::fromStdString(command->get_name()));
     return names;
 }

@@ -15,13 +15,20 @@
 namespace Arguments {
 
 /**
- * The arguments of the program with the command first: each option may come before or after it.
+ * The arguments of the program with the command first, and its own command next if it has some:
+ * each option may come before or after them.
  * "help" and "help COMMAND" become "--help" and "COMMAND --help".
  */
 std::vector<std::string> commandFirst(const CLI::App& app, int argc, char** argv);
 
-/** The command of the arguments that commandFirst() made; empty if there is none. */
-std::string commandOf(const std::vector<std::string>& arguments);
+/** The innermost command that was typed, and the word in the place of its command if that is none.
+ */
+struct Command {
+    const CLI::App* app;
+    std::string unknown;
+};
+/** Of the arguments that commandFirst() made. */
+Command commandOf(const CLI::App& app, const std::vector<std::string>& arguments);
 
 /** The names of an application's commands, or of a command's options. */
 QStringList commandNames(const CLI::App& app);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: the quadrelbll authors
 // SPDX-License-Identifier: MIT
 
+#include "clocktext.h"
 #include "commands.h"
 #include "consent.h"
 #include "console.h"
@@ -8,12 +9,8 @@
 #include "tool.h"
 #include "unitaccess.h"
 
-#include <clocktime.h>
-
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
-
-#include <cstdlib>
 
 namespace {
 
@@ -25,38 +22,13 @@ QDateTime typedTime(const QString& text)
     return QDateTime::fromString(text.simplified(), QStringLiteral("yyyy/MM/dd hh:mm:ss"));
 }
 
-QString describeDifference(qint64 seconds)
-{
-    if (seconds == 0)
-        return Tool::tr("the same as this machine's");
-    constexpr qint64 secondsPerDay = 86400;
-    const qint64 amount = std::abs(seconds);
-    const qint64 days = amount / secondsPerDay;
-    const QString time = QTime(0, 0)
-                             .addSecs(static_cast<int>(amount % secondsPerDay))
-                             .toString(QStringLiteral("hh:mm:ss"));
-    const QString length =
-        days == 0 ? time : Tool::tr("%n day(s) %1", nullptr, static_cast<int>(days)).arg(time);
-    return (
-        seconds > 0 ? Tool::tr("%1 ahead of this machine's") : Tool::tr("%1 behind this machine's"))
-        .arg(length);
-}
-
 void print(const QString& text, bool json)
 {
-    const QDateTime time = QuadrelWorkspace::clockTime(text);
-    const qint64 difference = QDateTime::currentDateTime().secsTo(time);
     if (json) {
-        QJsonObject object{{QStringLiteral("clock"), text}};
-        if (time.isValid())
-            object.insert(QStringLiteral("differenceSeconds"), difference);
-        printJson(object);
+        printJson(clockToJson(text));
         return;
     }
-    Console::print(
-        QStringLiteral("%1  (%2)\n")
-            .arg(text,
-                time.isValid() ? describeDifference(difference) : Tool::tr("not a real time")));
+    Console::print(clockLine(text) + QLatin1Char('\n'));
 }
 
 } // namespace

@@ -21,6 +21,21 @@ struct InfoOptions {
 };
 void runInfo(const InfoOptions& options);
 
+struct StatusOptions {
+    UnitAddress unit;
+    /** What the unit is compared with; empty for nothing. */
+    QString file;
+    bool json = false;
+};
+void runStatus(const StatusOptions& options);
+
+struct SaveOptions {
+    UnitAddress unit;
+    QString file;
+    bool json = false;
+};
+void runSave(const SaveOptions& options);
+
 struct ReadOptions {
     /** Without one, the only unit that a search finds. */
     std::optional<UnitAddress> unit;
@@ -143,6 +158,7 @@ struct UpgradeOptions {
     QString descriptorFile;
     bool force = false;
     bool dryRun = false;
+    bool json = false;
 };
 void runUpgrade(const UpgradeOptions& options);
 

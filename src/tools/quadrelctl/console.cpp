@@ -9,6 +9,8 @@
 #include "tool.h"
 #include "visibletext.h"
 
+#include <QtCore/QElapsedTimer>
+
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -19,9 +21,11 @@
 namespace {
 
 constexpr int usualColumns = 80;
+constexpr int stepInterval = 500;
 
 Console::Options current;
 bool progressShown = false;
+int linesShown = 0;
 bool readerMayVanish = false;
 
 void write(FILE* stream, const QString& text)
@@ -84,6 +88,22 @@ QString textOf(const Page& page)
     return text;
 }
 
+/** A program that reads them needs no more than a person. */
+void reportStep(const QString& text)
+{
+    static QElapsedTimer last;
+    if (last.isValid() && last.elapsed() < stepInterval)
+        return;
+    last.start();
+    write(stderr, QLatin1Char('\t') + visible(text) + QLatin1Char('\n'));
+}
+
+/** Back to the first of the lines that show progress. */
+QString toFirstLine()
+{
+    return linesShown > 0 ? QStringLiteral("\r\x1b[%1A").arg(linesShown) : QStringLiteral("\r");
+}
+
 /** A line that is wider than the terminal takes several of its rows. */
 bool exceedsScreen(const Page& page, winsize size)
 {
@@ -142,7 +162,9 @@ void Console::warn(const QString& text)
 
 void Console::progress(const QString& text)
 {
-    if (!current.quiet)
+    if (current.reportSteps)
+        reportStep(text);
+    else if (!current.quiet)
         note(text);
 }
 
@@ -170,6 +192,8 @@ int Console::columns()
 
 void Console::showProgress(const QString& text)
 {
+    if (current.reportSteps)
+        reportStep(text);
     if (!isTerminal() || current.quiet)
         return;
     // In the last column the cursor would go on to the next line.
@@ -179,11 +203,29 @@ void Console::showProgress(const QString& text)
     progressShown = true;
 }
 
+void Console::showProgress(const QStringList& lines)
+{
+    if (!isTerminal() || current.quiet)
+        return;
+    const int rows = std::max<int>(sizeOf(STDERR_FILENO).ws_row, 2) - 1;
+    // The last line is the total.
+    const QStringList shown =
+        lines.size() > rows ? lines.mid(0, rows - 1) + QStringList{lines.last()} : lines;
+    QString text = toFirstLine();
+    for (const QString& line : shown)
+        text += cutToWidth(visible(line), columns() - 1) + QStringLiteral("\x1b[K\n");
+    write(stderr, text + QStringLiteral("\x1b[J"));
+    linesShown = shown.size();
+}
+
 void Console::endProgress()
 {
     if (progressShown)
         write(stderr, QStringLiteral("\n"));
+    if (linesShown > 0)
+        write(stderr, toFirstLine() + QStringLiteral("\x1b[J"));
     progressShown = false;
+    linesShown = 0;
 }
 
 bool Console::canAsk()

@@ -6,6 +6,7 @@
 #include "page.h"
 
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 /**
  * What the program says. All of it is UTF-8, whatever the locale, and none of it does anything to a
@@ -17,6 +18,8 @@ struct Options {
     /** No progress and no remarks. */
     bool quiet = false;
     bool pager = true;
+    /** Steps go to stderr as lines that begin with a tab, a few each second. */
+    bool reportSteps = false;
 };
 void configure(const Options& options);
 
@@ -46,7 +49,9 @@ bool isTerminal();
 int columns();
 /** Rewrites the last line of a terminal, cut to its width; nothing elsewhere. */
 void showProgress(const QString& text);
-/** Leaves the line of showProgress(), if there is one. */
+/** The same with as many lines as the terminal has room for; endProgress() clears them. */
+void showProgress(const QStringList& lines);
+/** Leaves what showProgress() shows, if there is something. */
 void endProgress();
 
 /** Asks on the terminal; false unless the answer is yes. Throws CommandFailure at an interrupt. */

@@ -195,8 +195,7 @@ TableOptions TableOptions::ofTerminal()
 Page deviceTable(const Device& device, const TableOptions& options)
 {
     Table table;
-    table.addRow(
-        {Tool::tr("Model"), QStringLiteral("0x%1").arg(device.modelId, 4, 16, QLatin1Char('0'))});
+    table.addRow({Tool::tr("Model"), modelText(device.modelId)});
     table.addRow({Tool::tr("Serial number"), QString::number(device.serialNumber)});
     table.addRow({Tool::tr("Version"), device.version});
     table.addRow({Tool::tr("DHCP"), yesOrNo(device.dhcp)});

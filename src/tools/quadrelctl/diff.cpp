@@ -38,9 +38,8 @@ QString headLine(const QString& mark, const QString& side, const Contents& conte
     if (!contents.device)
         return line;
     const Device& device = *contents.device;
-    return Tool::tr("%1  (model 0x%2, serial number %3, version %4)")
-        .arg(line, QStringLiteral("%1").arg(device.modelId, 4, 16, QLatin1Char('0')),
-            QString::number(device.serialNumber), device.version);
+    return Tool::tr("%1  (model %2, serial number %3, version %4)")
+        .arg(line, modelText(device.modelId), QString::number(device.serialNumber), device.version);
 }
 
 QString notCompared(const Difference& difference)

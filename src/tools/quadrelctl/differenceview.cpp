@@ -21,9 +21,13 @@ Style styleOf(const QString& head)
 
 Page differencePage(const Difference& difference)
 {
+    return differencePage(differenceText(difference));
+}
+
+Page differencePage(const QString& text)
+{
     Page page;
-    const QStringList lines =
-        differenceText(difference).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     Style style = Style::Plain;
     for (const QString& line : lines) {
         if (!line.startsWith(QLatin1Char(' ')))

@@ -9,3 +9,5 @@
 
 /** A difference for people; no line without one. */
 Page differencePage(const QuadrelDocument::Difference& difference);
+/** Of the text that differenceText() makes. */
+Page differencePage(const QString& text);

@@ -18,13 +18,16 @@
 namespace {
 
 int wakeDescriptor = -1;
-std::atomic<bool> wasInterrupted{false};
+/** After so many the program ends at once. */
+constexpr int lastOfRun = 3;
+
+std::atomic<int> interrupts{0};
 std::atomic<QuadrelWorkspace::UnitWork*> watched{nullptr};
 
 void handleInterrupt(int)
 {
     const int keptErrno = errno;
-    wasInterrupted = true;
+    ++interrupts;
     const eventfd_t count = 1;
     [[maybe_unused]] const ssize_t written = write(wakeDescriptor, &count, sizeof(count));
     if (QuadrelWorkspace::UnitWork* const work = watched)
@@ -32,15 +35,25 @@ void handleInterrupt(int)
     errno = keptErrno;
 }
 
-void installHandler()
+void handleInterruptOfRun(int signal)
 {
-    wakeDescriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    handleInterrupt(signal);
+    if (interrupts < lastOfRun)
+        return;
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+void installHandler(void (*handler)(int), int flags)
+{
+    if (wakeDescriptor < 0)
+        wakeDescriptor = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     if (wakeDescriptor < 0)
         throw CommandFailure{
             Tool::tr("interrupts can't be watched: %1").arg(qt_error_string(errno))};
     struct sigaction action = {};
-    action.sa_handler = handleInterrupt;
-    action.sa_flags = static_cast<int>(SA_RESETHAND) | SA_RESTART;
+    action.sa_handler = handler;
+    action.sa_flags = flags | SA_RESTART;
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
 }
@@ -50,18 +63,31 @@ void installHandler()
 void Interrupts::watch(QuadrelWorkspace::UnitWork* work)
 {
     if (wakeDescriptor < 0)
-        installHandler();
+        installHandler(handleInterrupt, static_cast<int>(SA_RESETHAND));
     watched = work;
+}
+
+int Interrupts::watchRun()
+{
+    installHandler(handleInterruptOfRun, 0);
+    return wakeDescriptor;
+}
+
+int Interrupts::take()
+{
+    eventfd_t count = 0;
+    [[maybe_unused]] const ssize_t size = read(wakeDescriptor, &count, sizeof(count));
+    return interrupts;
 }
 
 bool Interrupts::arePending()
 {
-    return wasInterrupted;
+    return interrupts > 0;
 }
 
 void Interrupts::throwIfPending()
 {
-    if (wasInterrupted)
+    if (arePending())
         throw CommandFailure{Tool::tr("interrupted"), Interrupted};
 }
 

@@ -6,8 +6,10 @@
 #include "arguments.h"
 #include "commands.h"
 #include "console.h"
+#include "optionhelpers.h"
 #include "preferences.h"
 #include "sections.h"
+#include "site/siteoptions.h"
 #include "tool.h"
 #include "usagetext.h"
 
@@ -26,110 +28,6 @@ namespace {
 constexpr int longestTimeout = 3600000;
 constexpr int mostRetries = 100;
 
-QString toText(const std::string& argument)
-{
-    return QFile::decodeName(QByteArray::fromStdString(argument));
-}
-
-/** An option whose argument goes to `store` as text, once the option's checks have passed it. */
-template <typename Store>
-CLI::Option* addText(CLI::App* app, const char* name, const QString& help, Store store)
-{
-    return app->add_option_function<std::string>(
-        name, [store](const std::string& argument) { store(toText(argument)); },
-        help.toStdString());
-}
-
-CLI::Option* addText(CLI::App* app, const char* name, const QString& help, QString& target)
-{
-    return addText(app, name, help, [&target](const QString& text) { target = text; });
-}
-
-/** A list of words that goes to `target`. */
-CLI::Option* addTexts(CLI::App* app, const char* name, const QString& help, QStringList& target)
-{
-    return app->add_option_function<std::vector<std::string>>(
-        name,
-        [&target](const std::vector<std::string>& words) {
-            for (const std::string& word : words)
-                target.append(toText(word));
-        },
-        help.toStdString());
-}
-
-CLI::Option* addFlag(CLI::App* app, const char* name, const QString& help, bool& target)
-{
-    return app->add_flag(name, target, help.toStdString());
-}
-
-/** A usage error unless `test` accepts the argument. */
-template <typename Test> CLI::Validator accept(Test test, const QString& complaint)
-{
-    return CLI::Validator(
-        [test, complaint](std::string& argument) {
-            return test(toText(argument))
-                ? std::string()
-                : QString(complaint).replace(QStringLiteral("%1"), toText(argument)).toStdString();
-        },
-        std::string());
-}
-
-template <typename Store>
-void addNumber(CLI::App* app, const char* name, const QString& help, const char* unit,
-    quint64 least, quint64 most, Store store)
-{
-    const auto isInRange = [least, most](const QString& text) {
-        bool isNumber = false;
-        const quint64 number = text.toULongLong(&isNumber);
-        return isNumber && least <= number && number <= most;
-    };
-    QString complaint = Tool::tr("\"%1\" is not a number from %2 to %3");
-    complaint.replace(QStringLiteral("%2"), QString::number(least));
-    complaint.replace(QStringLiteral("%3"), QString::number(most));
-    addText(app, name, help, [store](const QString& text) { store(text.toULongLong()); })
-        ->type_name(unit)
-        ->check(accept(isInRange, complaint));
-}
-
-CLI::Option* addFile(CLI::App* app, const char* name, const QString& help, QString& target)
-{
-    const auto isName = [](const QString& text) { return !text.isEmpty(); };
-    return addText(app, name, help, target)
-        ->type_name("FILE")
-        ->check(accept(isName, Tool::tr("the name of the file is empty")));
-}
-
-template <typename Address> CLI::Option* addUnit(CLI::App* app, Address& unit)
-{
-    const auto isUnit = [](const QString& text) {
-        return Preferences::user().addressOf(text).has_value();
-    };
-    return addText(app, "--unit",
-        Tool::tr(
-            "The unit: its name in the settings, or its address as in tcp://192.168.1.10:3801"),
-        [&unit](const QString& text) { unit = *Preferences::user().addressOf(text); })
-        ->type_name("UNIT")
-        ->check(accept(isUnit,
-            Tool::tr("\"%1\" is not an address of a unit: tcp://HOST:PORT or udp://HOST:PORT")));
-}
-
-void addStreamedImage(CLI::App* app, QString& target)
-{
-    addFile(app, "--streamed", Tool::tr("The streamed image, whose first 90 bytes are the remark"),
-        target)
-        ->required();
-}
-
-void addJson(CLI::App* app, bool& json)
-{
-    addFlag(app, "--json", Tool::tr("Print JSON"), json);
-}
-
-void addDryRun(CLI::App* app, bool& dryRun)
-{
-    addFlag(app, "--dry-run", Tool::tr("Show what would be done, and change nothing"), dryRun);
-}
-
 void addOnly(CLI::App* app, const QString& help, QStringList& names)
 {
     std::vector<std::string> allowed;
@@ -143,57 +41,6 @@ void addOnly(CLI::App* app, const QString& help, QStringList& names)
         ->check(CLI::IsMember(allowed));
 }
 
-/** The help option in the user's language, which subcommands do not inherit. */
-void translateHelp(CLI::App& app)
-{
-    app.set_help_flag("-h,--help", Tool::tr("Print this help and exit").toStdString());
-    const std::string options = Tool::tr("Options").toStdString();
-    app.option_defaults()->group(options);
-    app.get_help_ptr()->group(options);
-}
-
-/** The words around usage and options in the user's language, for all subcommands too. */
-void translateLabels(CLI::App& app)
-{
-    const auto label = [&app](const char* key, const QString& text) {
-        app.get_formatter()->label(key, text.toStdString());
-    };
-    label("Usage", Tool::tr("Usage"));
-    label("OPTIONS", Tool::tr("OPTIONS"));
-    label("SUBCOMMAND", Tool::tr("COMMAND"));
-    label("Positionals", Tool::tr("Arguments"));
-    label("REQUIRED", Tool::tr("(required)"));
-}
-
-/** A subcommand with options of its own, which live as long as the command may run. */
-template <typename Options> struct Subcommand {
-    Subcommand(CLI::App& app, CommandLine& line, const char* name, const QString& help,
-        void (*run)(const Options&))
-        : app(app.add_subcommand(name, help.toStdString()))
-        , options(std::make_shared<Options>())
-    {
-        translateHelp(*this->app);
-        this->app->group(Tool::tr("Commands").toStdString());
-        this->app->fallthrough();
-        this->app->callback(
-            [&line, run, options = options] { line.command = [run, options] { run(*options); }; });
-    }
-
-    /** The end of the help; each example is what follows the program's name. */
-    void addExamples(std::initializer_list<const char*> examples) const
-    {
-        QString text =
-            Tool::tr("Options of every command: --timeout, --retries, --log, --quiet, "
-                     "--yes, --no-pager, --language; see quadrelctl --help\n\nExamples:");
-        for (const char* example : examples)
-            text += QStringLiteral("\n  quadrelctl ") + QString::fromUtf8(example);
-        app->footer(text.toStdString());
-    }
-
-    CLI::App* app;
-    std::shared_ptr<Options> options;
-};
-
 void addInfo(CLI::App& app, CommandLine& line)
 {
     const Subcommand<InfoOptions> info(
@@ -201,6 +48,29 @@ void addInfo(CLI::App& app, CommandLine& line)
     addUnit(info.app, info.options->unit)->required();
     addJson(info.app, info.options->json);
     info.addExamples({"info --unit 192.168.1.10", "info --unit hall --json"});
+}
+
+void addStatus(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<StatusOptions> status(app, line, "status",
+        Tool::tr("Show who a unit is, its clock, and whether it holds what a file says"),
+        runStatus);
+    addUnit(status.app, status.options->unit)->required();
+    addFile(status.app, "file", Tool::tr("A document or a project file"), status.options->file);
+    addJson(status.app, status.options->json);
+    status.addExamples({"status --unit hall", "status --unit hall hall.yaml --json"});
+}
+
+void addSave(CLI::App& app, CommandLine& line)
+{
+    const Subcommand<SaveOptions> save(app, line, "save",
+        Tool::tr("Save what a unit holds; a file that says the same stays as it is"), runSave);
+    addUnit(save.app, save.options->unit)->required();
+    addFile(
+        save.app, "file", Tool::tr("A name that ends in .yaml, .json or .xml"), save.options->file)
+        ->required();
+    addJson(save.app, save.options->json);
+    save.addExamples({"save --unit hall hall.yaml"});
 }
 
 void addRead(CLI::App& app, CommandLine& line)
@@ -231,13 +101,7 @@ void addClock(CLI::App& app, CommandLine& line)
     addUnit(clock.app, clock.options->unit)->required();
     addJson(clock.app, clock.options->json);
     addDryRun(clock.app, clock.options->dryRun);
-    addText(clock.app, "--set",
-        Tool::tr("\"now\", or a time like \"2026/11/14  06:05:49\", with two blanks"),
-        clock.options->time)
-        ->type_name("TIME")
-        ->check(accept(isClockText,
-            Tool::tr("\"%1\" is not a time of the years 2000 to 2099 in the form "
-                     "\"2026/11/14  06:05:49\", with two blanks")));
+    addClockTime(clock.app, clock.options->time);
     clock.addExamples({"clock --unit hall", "clock --unit hall --set now",
         "clock --unit hall --set \"2026/11/14  06:05:49\" --yes"});
 }
@@ -441,15 +305,9 @@ void addUpgrade(CLI::App& app, CommandLine& line)
         app, line, "upgrade", Tool::tr("Replace a unit's firmware"), runUpgrade);
     UpgradeOptions& options = *upgrade.options;
     addUnit(upgrade.app, options.unit)->required();
-    addStreamedImage(upgrade.app, options.streamedFile);
-    addFile(upgrade.app, "--addressed", Tool::tr("The addressed image"), options.addressedFile)
-        ->required();
-    addFile(upgrade.app, "--descriptor",
-        Tool::tr("The upgrade's descriptor; model and version are compared with the unit's"),
-        options.descriptorFile);
-    addFlag(upgrade.app, "--force",
-        Tool::tr("Accept files that look wrong, or the version that is installed"), options.force);
+    addImages(upgrade.app, options);
     addDryRun(upgrade.app, options.dryRun);
+    addJson(upgrade.app, options.json);
     upgrade.addExamples({"upgrade --unit hall --streamed s.bin --addressed a.bin "
                          "--descriptor update.xml"});
 }
@@ -505,8 +363,17 @@ void addGlobalOptions(CLI::App& app, GlobalOptions& options)
     addText(
         &app, "--log", Tool::tr("Log each frame to a file; - is standard error"), options.logFile)
         ->type_name("FILE");
+    addNumber(&app, "--expect-serial",
+        Tool::tr("The serial number that the unit must have; another unit is a failure"), "N", 1,
+        std::numeric_limits<quint64>::max(),
+        [&options](quint64 number) { options.expectedSerial = number; });
+    addNumber(&app, "--expect-model", Tool::tr("The model that the unit must be of, as in 0x7209"),
+        "N", 0, std::numeric_limits<quint16>::max(),
+        [&options](quint64 number) { options.expectedModel = static_cast<int>(number); });
     addFlag(&app, "--quiet", Tool::tr("Show only results, warnings and errors"), options.quiet);
     addFlag(&app, "--yes", Tool::tr("Do not ask"), options.yes);
+    // For the program that runs this one, not for people.
+    addFlag(&app, "--report-steps", QString(), options.reportSteps)->group("");
     addFlag(&app, "--no-pager", Tool::tr("Do not show long output in a pager"), options.noPager);
     // What it says has been taken into account already.
     app.add_option_function<std::string>(
@@ -520,7 +387,9 @@ void addCommands(CLI::App& app, CommandLine& line)
 {
     addDiscover(app, line);
     addInfo(app, line);
+    addStatus(app, line);
     addRead(app, line);
+    addSave(app, line);
     addShow(app, line);
     addCheck(app, line);
     addConvert(app, line);
@@ -535,6 +404,7 @@ void addCommands(CLI::App& app, CommandLine& line)
     addReset(app, line);
     addUpgrade(app, line);
     addRemark(app, line);
+    addSite(app, line);
     addComplete(app, line);
 }
 
@@ -546,11 +416,10 @@ QString unknown(const QString& complaint, const QString& name, const QStringList
 }
 
 /** The complaint about an argument that the command does not take. */
-QString unexpected(const CLI::App& app)
+QString unexpected(const CLI::App& app, const CLI::App& command)
 {
     const QString argument = toText(app.remaining(true).front());
-    const CLI::App* command = app.get_subcommands().front();
-    const QStringList names = Arguments::optionNames(*command) + Arguments::optionNames(app);
+    const QStringList names = Arguments::optionNames(command) + Arguments::optionNames(app);
     return unknown(Tool::tr("\"%1\" is not expected here"), argument, names);
 }
 
@@ -581,10 +450,10 @@ CommandLine CommandLine::parse(int argc, char** argv)
     addCommands(app, line);
 
     const std::vector<std::string> arguments = Arguments::commandFirst(app, argc, argv);
-    const std::string command = Arguments::commandOf(arguments);
-    if (!command.empty() && !Arguments::commandNames(app).contains(toText(command)))
-        return refuse(unknown(
-            Tool::tr("\"%1\" is not a command"), toText(command), Arguments::commandNames(app)));
+    const Arguments::Command command = Arguments::commandOf(app, arguments);
+    if (!command.unknown.empty())
+        return refuse(unknown(Tool::tr("\"%1\" is not a command"), toText(command.unknown),
+            Arguments::commandNames(*command.app)));
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Success& request) {
@@ -592,7 +461,7 @@ CommandLine CommandLine::parse(int argc, char** argv)
         app.exit(request, text, text);
         Console::print(QString::fromStdString(text.str()));
     } catch (const CLI::ExtrasError& error) {
-        return refuse(unexpected(app));
+        return refuse(unexpected(app, *command.app));
     } catch (const CLI::ParseError& error) {
         return refuse(usageText(QString::fromStdString(error.what())));
     }

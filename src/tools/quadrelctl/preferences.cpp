@@ -49,7 +49,7 @@ QString Preferences::load()
 void Preferences::apply(const GlobalOptions& options)
 {
     s_options = options;
-    Console::configure({options.quiet, !options.noPager});
+    Console::configure({options.quiet, !options.noPager, options.reportSteps});
 }
 
 int Preferences::timeout()

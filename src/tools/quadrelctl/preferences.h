@@ -21,6 +21,13 @@ struct GlobalOptions {
     /** Do not ask. */
     bool yes = false;
     bool noPager = false;
+    /** The serial number that a unit must have; 0 for any. */
+    quint64 expectedSerial = 0;
+    /** The model that a unit must be of. */
+    std::optional<int> expectedModel;
+    /** For the program that runs this one: each step on stderr, as a line that begins with a tab.
+     */
+    bool reportSteps = false;
 };
 
 /**
@@ -40,6 +47,7 @@ public:
     static int searchTimeout();
     static int upgradeTimeout();
     static bool mayAct() { return s_options.yes; }
+    static const GlobalOptions& options() { return s_options; }
     static const QuadrelWorkspace::UserSettings& user() { return s_user; }
 
 private:

@@ -11,7 +11,8 @@ class Tool {
     Q_DECLARE_TR_FUNCTIONS(quadrelctl)
 };
 
-enum ExitCode { Success = 0, Failed = 1, WrongUsage = 2, Interrupted = 130 };
+/** `Different`: of a site, nothing failed, but differences were found. */
+enum ExitCode { Success = 0, Failed = 1, WrongUsage = 2, Different = 3, Interrupted = 130 };
 
 /** Ends a command: the text goes to stderr, the code to the caller of the program. */
 struct CommandFailure {

@@ -17,6 +17,8 @@ WorkOptions workOptions()
 {
     WorkOptions options;
     options.link = Preferences::link();
+    options.serialNumber = Preferences::options().expectedSerial;
+    options.modelId = Preferences::options().expectedModel;
     return options;
 }
 
@@ -69,7 +71,9 @@ Contents UnitAccess::read()
 
 WorkResult UnitAccess::apply(const Plan& plan, const QString& change)
 {
-    return checked(m_work.apply(plan, change, showStep));
+    WorkResult result = m_work.apply(plan, change, showStep);
+    Console::endProgress();
+    return result;
 }
 
 WorkResult UnitAccess::run(const UnitRequest& request, const QString& state)

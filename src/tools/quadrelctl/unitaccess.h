@@ -20,7 +20,10 @@ public:
     QuadrelDocument::Device readDevice();
     /** Device and clock included. */
     QuadrelDocument::Contents read();
-    /** Writes a plan that was made from the last read; `change` is for the list of backups. */
+    /**
+     * Writes a plan that was made from the last read; `change` is for the list of backups. A
+     * failure is in the result, with what became of each table.
+     */
     QuadrelWorkspace::WorkResult apply(const QuadrelDocument::Plan& plan, const QString& change);
     /** `state` says what the unit holds after a failure; may be empty. */
     QuadrelWorkspace::WorkResult run(const UnitRequest& request, const QString& state = QString());

@@ -25,13 +25,36 @@ QJsonArray tablesToJson(const QVector<Table>& tables)
     return names;
 }
 
+/** What each table holds after a failure. */
+QJsonObject statesToJson(const QVector<TableOutcome>& tables)
+{
+    const auto wordOf = [](TableState state) {
+        switch (state) {
+        case TableState::Old:
+            return QStringLiteral("old");
+        case TableState::New:
+            return QStringLiteral("new");
+        case TableState::Unknown:
+            return QStringLiteral("unknown");
+        }
+        Q_UNREACHABLE();
+    };
+    QJsonObject states;
+    for (const TableOutcome& table : tables)
+        states.insert(tableName(table.table), wordOf(table.state));
+    return states;
+}
+
 void printOutcome(const Plan& plan, const WorkResult* result)
 {
-    QJsonObject object{{QStringLiteral("written"), result != nullptr && !plan.isEmpty()},
+    const bool isWritten = result != nullptr && !plan.isEmpty() && !result->failure;
+    QJsonObject object{{QStringLiteral("written"), isWritten},
         {QStringLiteral("tables"), tablesToJson(plan.tables)},
         {QStringLiteral("difference"), differenceJson(plan.difference)}};
     if (result && result->backup)
         object.insert(QStringLiteral("backup"), result->backup->path);
+    if (result && result->failure)
+        object.insert(QStringLiteral("states"), statesToJson(result->tables));
     printJson(object);
 }
 
@@ -63,7 +86,8 @@ void carryOut(UnitAccess& unit, const Contents& held, const UnitChange& change)
     const WorkResult result = unit.apply(plan, change.name);
     if (change.json)
         printOutcome(plan, &result);
-    else
+    throwFailure(result.failure);
+    if (!change.json)
         Console::remark(
             Tool::tr("Written and read back. \"quadrelctl undo --unit %1\" takes it back.")
                 .arg(unit.address().toText()));

@@ -5,6 +5,7 @@
 #include "consent.h"
 #include "console.h"
 #include "images.h"
+#include "json.h"
 #include "table.h"
 #include "tool.h"
 #include "unitaccess.h"
@@ -61,12 +62,17 @@ void runUpgrade(const UpgradeOptions& options)
         refuseDoubts(descriptorDoubts(*images.descriptor,
                          static_cast<unsigned short>(device.modelId), device.version),
             options.force);
-    showUpgrade(options, images, device);
+    if (!options.json)
+        showUpgrade(options, images, device);
     if (!Consent::given(Tool::tr("Replace the unit's firmware?"), options.dryRun))
         return;
     UpgradeProgress progress;
     const QuadrelDocument::Device upgraded =
         unit.upgrade(images, [&progress](const WorkProgress& step) { progress.show(step); });
-    Console::remark(Tool::tr("The unit is back with version %1; it was %2.")
-                        .arg(upgraded.version, device.version));
+    if (options.json)
+        printJson(QJsonObject{{QStringLiteral("before"), device.version},
+            {QStringLiteral("version"), upgraded.version}});
+    else
+        Console::remark(Tool::tr("The unit is back with version %1; it was %2.")
+                            .arg(upgraded.version, device.version));
 }
