@@ -49,11 +49,6 @@ QString offsetText(qint64 seconds)
         .arg(length);
 }
 
-QString modelText(int modelId)
-{
-    return QStringLiteral("0x%1").arg(modelId, 4, 16, QLatin1Char('0'));
-}
-
 void setRow(QLabel* value, const QString& title)
 {
     auto* form = qobject_cast<QFormLayout*>(value->parentWidget()->layout());
