@@ -74,10 +74,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>the run has written its document, and the unit holds something else now, with %n change(s); begin anew without --resume to write it again</source>
+        <source>the run has written its document, and the unit holds something else now, with %n change(s); start again without --resume to write it again</source>
         <translation>
-            <numerusform>the run has written its document, and the unit holds something else now, with %n change; begin anew without --resume to write it again</numerusform>
-            <numerusform>the run has written its document, and the unit holds something else now, with %n changes; begin anew without --resume to write it again</numerusform>
+            <numerusform>the run has written its document, and the unit holds something else now, with %n change; start again without --resume to write it again</numerusform>
+            <numerusform>the run has written its document, and the unit holds something else now, with %n changes; start again without --resume to write it again</numerusform>
         </translation>
     </message>
     <message numerus="yes">

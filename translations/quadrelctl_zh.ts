@@ -1266,7 +1266,7 @@ The documents are saved, and not committed.</source>
         <translation>%1：没有这个文件，因此没有可继续的运行；请去掉 --resume</translation>
     </message>
     <message>
-        <source>%1: the run has the unit %2, and %3 does not; add it again, or begin anew without --resume</source>
+        <source>%1: the run has the unit %2, and %3 does not; add it again, or start again without --resume</source>
         <translation>%1：该运行中有设备 %2，而 %3 中没有；请重新加入，或不用 --resume 重新开始</translation>
     </message>
     <message>
@@ -1342,11 +1342,11 @@ No document was changed.</source>
 未更改任何文档。</translation>
     </message>
     <message>
-        <source>the run has upgraded it to version %1, and it has %2 now; begin anew without --resume to upgrade it again</source>
+        <source>the run has upgraded it to version %1, and it has %2 now; start again without --resume to upgrade it again</source>
         <translation>该运行已将其升级到版本 %1，现在却是 %2；要再次升级请不用 --resume 重新开始</translation>
     </message>
     <message numerus="yes">
-        <source>the run has written its document, and the unit holds something else now, with %n change(s); begin anew without --resume to write it again</source>
+        <source>the run has written its document, and the unit holds something else now, with %n change(s); start again without --resume to write it again</source>
         <translation>
             <numerusform>该运行已写入其文档，但设备现在的内容不同，有 %n 处更改；要再次写入请不用 --resume 重新开始</numerusform>
         </translation>

@@ -360,7 +360,7 @@ void TestSiteChange::verifiesWhatIsDone()
     const ToolResult result = site.run("write|--resume|--yes|--quiet|--max-failures|5");
     QCOMPARE(result.errors,
         QStringLiteral("u-1: the run has written its document, and the unit holds something else "
-                       "now, with 1 change; begin anew without --resume to write it again\n"));
+                       "now, with 1 change; start again without --resume to write it again\n"));
     QCOMPARE(result.exitCode, 1);
     QCOMPARE(site.run("diff").exitCode, 3);
 }
@@ -386,7 +386,7 @@ void TestSiteChange::refusesToResume_data()
                       "  - name: \"u-7\"\n    state: done\n")
         << QStringLiteral("write|--resume|--yes")
         << QStringLiteral("DIR/site.write-run.yaml: the run has the unit u-7, and DIR/site.yaml "
-                          "does not; add it again, or begin anew without --resume\n")
+                          "does not; add it again, or start again without --resume\n")
         << 1;
 }
 
@@ -495,7 +495,7 @@ void TestSiteChange::upgradesNothingTwice()
                       "|--max-failures|9");
     QCOMPARE(result.errors,
         QStringLiteral("u-2: the run has upgraded it to version 1.0.0.7, and it has 1.0.0.0 now; "
-                       "begin anew without --resume to upgrade it again\n"));
+                       "start again without --resume to upgrade it again\n"));
     QCOMPARE(result.output,
         QStringLiteral("Outcome   Units  Names\nverified  1      u-1\nfailed    1      u-2\n"));
 }

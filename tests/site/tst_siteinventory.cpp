@@ -74,7 +74,8 @@ void TestSiteInventory::refusesToAdd_data()
         << QStringLiteral(
                "DIR/site.yaml: inventory:10:14: another unit has the address \"PORT\" too\n");
     QTest::newRow("no name") << QStringLiteral("add|a/b|192.168.1.9")
-                             << QStringLiteral("DIR/site.yaml: inventory:9:11: \"a/b\" is not a name");
+                             << QStringLiteral(
+                                    "DIR/site.yaml: inventory:9:11: \"a/b\" is not a name");
 }
 
 void TestSiteInventory::refusesToAdd()

@@ -108,8 +108,8 @@ void RolloutRun::choose()
         const SiteUnit* known = m_chosen.site.unit(unit.name);
         if (!known)
             throw CommandFailure{
-                Tool::tr("%1: the run has the unit %2, and %3 does not; add it again, or begin "
-                         "anew without --resume")
+                Tool::tr("%1: the run has the unit %2, and %3 does not; add it again, or start "
+                         "again without --resume")
                     .arg(m_path, unit.name, m_options.inventory)};
         m_chosen.units.append(*known);
     }

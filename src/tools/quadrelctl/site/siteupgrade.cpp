@@ -44,7 +44,7 @@ QString changeSince(const UnitReport& plan, const UnitRunState& done)
 {
     return isSameVersion(versionOf(plan), done.version)
         ? QString()
-        : Tool::tr("the run has upgraded it to version %1, and it has %2 now; begin anew without "
+        : Tool::tr("the run has upgraded it to version %1, and it has %2 now; start again without "
                    "--resume to upgrade it again")
               .arg(done.version, versionOf(plan));
 }

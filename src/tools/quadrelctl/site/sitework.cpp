@@ -25,7 +25,7 @@ namespace {
 
 constexpr int secondInMilliseconds = 1000;
 
-/** Ahead of each worker's command: what this program was told, or else the inventory says. */
+/** Goes before each worker's command: the options of this program, or else those of the inventory. */
 QStringList workerOptions(const Site& site)
 {
     const GlobalOptions& own = Preferences::options();

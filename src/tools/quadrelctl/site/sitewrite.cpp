@@ -26,7 +26,7 @@ QString changeSince(const UnitReport& plan, const UnitRunState&)
     return plan.changes == 0
         ? QString()
         : Tool::tr("the run has written its document, and the unit holds something else now, with "
-                   "%n change(s); begin anew without --resume to write it again",
+                   "%n change(s); start again without --resume to write it again",
             nullptr, plan.changes);
 }
 

@@ -18,6 +18,15 @@ CellEditor::CellEditor(QWidget* parent)
     });
 }
 
+CellEditor::~CellEditor()
+{
+    // The control that has the focus gives it up, and reports its input, when this is only a
+    // widget.
+    disconnect(qApp, nullptr, this, nullptr);
+    for (QObject* control : findChildren<QObject*>())
+        control->disconnect(this);
+}
+
 QString CellEditor::problem() const
 {
     return {};

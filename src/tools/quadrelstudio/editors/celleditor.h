@@ -25,6 +25,7 @@ public:
     };
 
     explicit CellEditor(QWidget* parent = nullptr);
+    ~CellEditor() override;
 
     virtual QVariant value() const = 0;
     /** Shows the value; edited() is not emitted. */

@@ -10,7 +10,7 @@
 /** The files that a FrameLog writes: PATH, and PATH.1 and on, which are older. */
 class LogFiles {
 public:
-    /** As many bytes are read in one go; of more, the last are. */
+    /** As many bytes are read at once; of more, the last are. */
     static constexpr qint64 mostBytes = 1024 * 1024;
 
     explicit LogFiles(const QString& path);
