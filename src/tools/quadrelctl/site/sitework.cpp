@@ -25,7 +25,7 @@ namespace {
 
 constexpr int secondInMilliseconds = 1000;
 
-/** Goes before each worker's command: the options of this program, or else those of the inventory. */
+/** Goes before a worker's command: this program's options, or else the inventory's. */
 QStringList workerOptions(const Site& site)
 {
     const GlobalOptions& own = Preferences::options();
