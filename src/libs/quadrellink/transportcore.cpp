@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-#include <sched.h>
-
 using namespace QuadrelFrame;
 
 namespace {
